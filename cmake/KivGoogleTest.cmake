@@ -1,0 +1,24 @@
+# GoogleTest, built from Debian's sources for whichever platform is being built: link to GTest::gtest_main,
+# or to GTest::gtest where a test program has a main of its own. Compiled from its two amalgamated sources;
+# its own project would ask for a C compiler as well.
+include_guard(GLOBAL)
+
+set(KIV_GOOGLETEST_DIR /usr/src/googletest/googletest CACHE PATH "Folder of GoogleTest's sources")
+if(NOT EXISTS ${KIV_GOOGLETEST_DIR}/src/gtest-all.cc)
+    message(FATAL_ERROR "Cannot find GoogleTest's sources in ${KIV_GOOGLETEST_DIR}. ./kiv setup installs them "
+        "(Debian package googletest); if they are elsewhere, configure with -DKIV_GOOGLETEST_DIR=…")
+endif()
+
+add_library(gtest STATIC EXCLUDE_FROM_ALL ${KIV_GOOGLETEST_DIR}/src/gtest-all.cc)
+target_include_directories(gtest SYSTEM PUBLIC ${KIV_GOOGLETEST_DIR}/include PRIVATE ${KIV_GOOGLETEST_DIR})
+if(WIN32)
+    # The compiler's C++ library is the one over Windows' own threads, so no pthread library has to lie beside the
+    # programs; it has no std::mutex, which GoogleTest's locking wants. Hence without locking: a test that starts
+    # threads makes its assertions on one thread at a time.
+    target_compile_definitions(gtest PUBLIC GTEST_HAS_PTHREAD=0 GTEST_IS_THREADSAFE=0)
+endif()
+add_library(GTest::gtest ALIAS gtest)
+
+add_library(gtest_main STATIC EXCLUDE_FROM_ALL ${KIV_GOOGLETEST_DIR}/src/gtest_main.cc)
+target_link_libraries(gtest_main PUBLIC gtest)
+add_library(GTest::gtest_main ALIAS gtest_main)

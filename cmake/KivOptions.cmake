@@ -1,0 +1,22 @@
+# What every target of the project is compiled with. Link to kiv_options; third-party targets do not.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+option(KIV_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer (native builds)" OFF)
+
+add_library(kiv_options INTERFACE)
+target_compile_options(kiv_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+# Includes read from the root of the tree, so that a line shows which layer it reaches into.
+target_include_directories(kiv_options INTERFACE ${CMAKE_SOURCE_DIR})
+
+if(WIN32)
+    # Windows 7 is the oldest system whose declarations are used.
+    target_compile_definitions(kiv_options INTERFACE
+        WIN32_LEAN_AND_MEAN NOMINMAX STRICT WINVER=0x0601 _WIN32_WINNT=0x0601)
+    target_link_options(kiv_options INTERFACE -static)
+elseif(KIV_SANITIZE)
+    set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_options(kiv_options INTERFACE ${sanitizers})
+    target_link_options(kiv_options INTERFACE ${sanitizers})
+endif()

@@ -1,0 +1,156 @@
+#include "runtime/com/Variant.h"
+
+namespace kiv
+{
+
+Variant::Variant(bool value) noexcept : Variant()
+{
+    V_VT(&value_) = VT_BOOL;
+    V_BOOL(&value_) = value ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
+Variant::Variant(short value) noexcept : Variant()
+{
+    V_VT(&value_) = VT_I2;
+    V_I2(&value_) = value;
+}
+
+Variant::Variant(long value) noexcept : Variant()
+{
+    V_VT(&value_) = VT_I4;
+    V_I4(&value_) = value;
+}
+
+Variant::Variant(double value) noexcept : Variant()
+{
+    V_VT(&value_) = VT_R8;
+    V_R8(&value_) = value;
+}
+
+Variant::Variant(std::wstring_view text) : Variant()
+{
+    V_BSTR(&value_) = Bstr(text).Detach();
+    V_VT(&value_) = VT_BSTR;
+}
+
+Variant::Variant(IDispatch* object) noexcept : Variant()
+{
+    V_VT(&value_) = VT_DISPATCH;
+    V_DISPATCH(&value_) = object;
+    if (object)
+        object->AddRef();
+}
+
+Variant::Variant(IUnknown* object) noexcept : Variant()
+{
+    V_VT(&value_) = VT_UNKNOWN;
+    V_UNKNOWN(&value_) = object;
+    if (object)
+        object->AddRef();
+}
+
+Variant::Variant(const VARIANT& value) : Variant()
+{
+    Check(VariantCopyInd(&value_, &value));
+}
+
+Variant Variant::Null() noexcept
+{
+    Variant null;
+    V_VT(&null.value_) = VT_NULL;
+    return null;
+}
+
+Variant Variant::ByReference(VARIANT_BOOL* value) noexcept
+{
+    Variant reference;
+    V_VT(&reference.value_) = VT_BYREF | VT_BOOL;
+    V_BOOLREF(&reference.value_) = value;
+    return reference;
+}
+
+Variant Variant::ByReference(short* value) noexcept
+{
+    Variant reference;
+    V_VT(&reference.value_) = VT_BYREF | VT_I2;
+    V_I2REF(&reference.value_) = value;
+    return reference;
+}
+
+void Variant::DetachTo(VARIANT* target)
+{
+    *target = value_;
+    VariantInit(&value_);
+}
+
+std::optional<Variant> Variant::As(VARTYPE type) const
+{
+    Variant converted;
+    // An object stays an object: its default member is not asked for a value behind the host's back.
+    if (Object() && type != VT_DISPATCH && type != VT_UNKNOWN)
+        return std::nullopt;
+    if (FAILED(VariantChangeType(&converted.value_, &value_, 0, type)))
+        return std::nullopt;
+    return converted;
+}
+
+Variant Variant::Converted(VARTYPE type) const
+{
+    Variant converted;
+    Check(VariantChangeType(&converted.value_, &value_, 0, type));
+    return converted;
+}
+
+bool Variant::Bool() const
+{
+    return V_BOOL(&Converted(VT_BOOL).value_) != VARIANT_FALSE;
+}
+
+short Variant::Short() const
+{
+    return V_I2(&Converted(VT_I2).value_);
+}
+
+long Variant::Long() const
+{
+    return V_I4(&Converted(VT_I4).value_);
+}
+
+std::wstring Variant::Text() const
+{
+    return std::wstring(Bstr::ViewOf(V_BSTR(&Converted(VT_BSTR).value_)));
+}
+
+IUnknown* Variant::Object() const
+{
+    return Type() == VT_DISPATCH || Type() == VT_UNKNOWN ? V_UNKNOWN(&value_) : nullptr;
+}
+
+bool Identical(const Variant& one, const Variant& other)
+{
+    if (one.Type() != other.Type())
+        return false;
+    const VARIANT& a = one.Get();
+    const VARIANT& b = other.Get();
+    switch (one.Type())
+    {
+    case VT_EMPTY:
+    case VT_NULL:
+        return true;
+    case VT_BSTR:
+        return Bstr::ViewOf(V_BSTR(&a)) == Bstr::ViewOf(V_BSTR(&b));
+    case VT_BOOL:
+        return (V_BOOL(&a) != VARIANT_FALSE) == (V_BOOL(&b) != VARIANT_FALSE);
+    case VT_I2:
+        return V_I2(&a) == V_I2(&b);
+    case VT_I4:
+        return V_I4(&a) == V_I4(&b);
+    case VT_UNKNOWN:
+    case VT_DISPATCH:
+        return one.Object() == other.Object();
+    default:
+        return VarCmp(const_cast<VARIANT*>(&a), const_cast<VARIANT*>(&b), LOCALE_INVARIANT, 0) == VARCMP_EQ;
+    }
+}
+
+} // namespace kiv
