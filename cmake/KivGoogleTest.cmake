@@ -12,10 +12,9 @@ endif()
 add_library(gtest STATIC EXCLUDE_FROM_ALL ${KIV_GOOGLETEST_DIR}/src/gtest-all.cc)
 target_include_directories(gtest SYSTEM PUBLIC ${KIV_GOOGLETEST_DIR}/include PRIVATE ${KIV_GOOGLETEST_DIR})
 if(WIN32)
-    # The compiler's C++ library is the one over Windows' own threads, so no pthread library has to lie beside the
-    # programs; it has no std::mutex, which GoogleTest's locking wants. Hence without locking: a test that starts
-    # threads makes its assertions on one thread at a time.
-    target_compile_definitions(gtest PUBLIC GTEST_HAS_PTHREAD=0 GTEST_IS_THREADSAFE=0)
+    # Windows' own threads, so that no pthread library has to lie beside the test programs.
+    target_compile_definitions(gtest PUBLIC GTEST_HAS_PTHREAD=0)
+    target_include_directories(gtest SYSTEM BEFORE PUBLIC ${CMAKE_SOURCE_DIR}/cmake/googletest)
 endif()
 add_library(GTest::gtest ALIAS gtest)
 
