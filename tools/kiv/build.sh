@@ -1,0 +1,52 @@
+# shellcheck shell=bash
+# Configures and builds the trees under build/, one for each preset.
+
+# Without these two the library cannot be shown; the rest of a tree is there to prove it.
+PRODUCT_TARGETS=(KivCtls FolioHost)
+
+cmd_build() {
+    local arch
+    take_arch "$@"
+    no_arguments build "${REST[@]}"
+    ensure build
+    lock_tree build
+    build_product "${ARCHES[@]}"
+    for arch in "${ARCHES[@]}"; do
+        say "Built: $(library "$arch") and $(host_program "$arch")"
+    done
+}
+
+library() { printf 'build/%s/KivCtls.ocx' "$1"; }
+host_program() { printf 'build/%s/FolioHost.exe' "$1"; }
+
+# build_product ARCH ...: the tools that the build itself runs, then the Windows trees.
+build_product() {
+    local arch
+    build_tree native kiv-tools
+    for arch in "$@"; do build_tree "$arch" "${PRODUCT_TARGETS[@]}"; done
+}
+
+# build_tree PRESET TARGET ...
+build_tree() {
+    local preset=$1 tree=build/$1
+    shift
+    if [[ ! -f $tree/build.ninja || CMakePresets.json -nt $tree/build.ninja ]]; then
+        step "Configuring $preset" "$tree/configure.log" cmake --preset "$preset" ||
+            build_failed "$tree/configure.log" "configuring $preset failed"
+    fi
+    step "Building $preset ($*)" "$tree/build.log" cmake --build "$tree" -j "$(nproc)" --target "$@" ||
+        build_failed "$tree/build.log" "building $preset failed"
+}
+
+# Shows what went wrong rather than all that was said: from the first failure on, or else the end.
+build_failed() {
+    local log=$1 excerpt
+    excerpt=$(grep -nE -m1 '^FAILED: |error:|CMake Error|undefined reference' "$log" | cut -d: -f1)
+    if [[ -n $excerpt ]]; then
+        tail -n "+$excerpt" "$log" | grep -v '^\[' | cut -c1-300 | head -n 40 >&2
+    else
+        tail -n 25 "$log" >&2
+    fi
+    die "$2" "The messages above start at the first error; all of them are in $log." \
+        "Mend that, or if the tree itself seems stale: ./kiv clean, then the same command again."
+}

@@ -1,0 +1,105 @@
+# shellcheck shell=bash
+# Runs the test programs and counts.
+
+GROUPS_OF_TESTS=(native com gui clients)
+# A program that takes longer than this hangs. In seconds.
+TEST_LIMIT=600
+
+cmd_test() {
+    take_arch "$@"
+    sort_out_tests "${REST[@]}"
+    local windows=() arch group
+    for group in "${CHOSEN_GROUPS[@]}"; do [[ $group == native ]] || windows+=("$group"); done
+
+    ensure build
+    ((${#windows[@]} == 0)) || ensure run
+    lock_tree test
+    if chosen native; then build_tree native all; else build_tree native kiv-tools; fi
+    if ((${#windows[@]})); then
+        for arch in "${ARCHES[@]}"; do build_tree "$arch" all; done
+    fi
+
+    TABLE='' PASSED=0 FAILED=0 SKIPPED=0
+    if chosen native; then run_tests native native build/native/tests/native/kiv-native-tests; fi
+    if ((${#windows[@]})); then
+        start_display
+        for arch in "${ARCHES[@]}"; do test_windows "$arch" "${windows[@]}"; done
+    fi
+    sum_up
+}
+
+# Groups and patterns stand in any order: CHOSEN_GROUPS and the GoogleTest filter FILTER come of them.
+sort_out_tests() {
+    local word patterns=()
+    CHOSEN_GROUPS=()
+    for word in "$@"; do
+        case $word in
+        native | com | gui | clients) CHOSEN_GROUPS+=("$word") ;;
+        -*) misused "test does not know $word" "./kiv help tells what it takes." ;;
+        *[.*?]*) patterns+=("$word") ;;
+        *) misused "there is no group '$word'" "The groups are: ${GROUPS_OF_TESTS[*]}. A single test is Suite.Name." ;;
+        esac
+    done
+    ((${#CHOSEN_GROUPS[@]})) || CHOSEN_GROUPS=("${GROUPS_OF_TESTS[@]}")
+    FILTER=$(IFS=:; printf '%s' "${patterns[*]:-*}")
+}
+
+chosen() { [[ " ${CHOSEN_GROUPS[*]} " == *" $1 "* ]]; }
+
+# test_windows ARCH GROUP ...
+test_windows() {
+    local arch=$1 group
+    shift
+    use_prefix "$arch"
+    KIVCTLS_OCX=$(windows_path "$ROOT/$(library "$arch")")
+    KIV_SOURCE=$(windows_path "$ROOT")
+    export KIVCTLS_OCX KIV_SOURCE
+    if ! register "$arch"; then
+        tail -n 10 "build/$arch/regsvr32.log"
+        note_result "regsvr32" "$arch" 0 1 0 "$TOOK"
+    fi
+    for group in "$@"; do
+        run_tests "$group" "$arch" "build/$arch/tests/$group/kiv-$group-tests.exe" wine
+    done
+}
+
+# run_tests GROUP ARCH PROGRAM [RUNNER]
+run_tests() {
+    local group=$1 arch=$2 program=$3 log status=0 outcome ending
+    log=build/test/$arch/$group.log
+    shift 3
+    step "Testing $group ($arch)" "$log" \
+        timeout --kill-after=10 "$TEST_LIMIT" "$@" "$program" --gtest_color=no "--gtest_filter=$FILTER" || status=$?
+    ending="ended early with status $status"
+    if ((status == 124 || status == 137)); then
+        ending="was stopped after $TEST_LIMIT seconds"
+        # What it started would disturb the next one.
+        stop_wine
+    fi
+    awk -v status="$status" -v ending="$ending" -v program="$program" -v file="$log" \
+        -f tools/kiv/results.awk "$log" >"$log.results"
+    tail -n +2 "$log.results"
+    read -r -a outcome <"$log.results"
+    note_result "$group" "$arch" "${outcome[@]}" "$TOOK"
+}
+
+# note_result GROUP ARCH PASSED FAILED SKIPPED SECONDS: a row of the table.
+note_result() {
+    local row colour=''
+    ((PASSED += $3, FAILED += $4, SKIPPED += $5)) || true
+    (($4 == 0)) || colour=$RED
+    printf -v row '  %s%-9s %-5s %8d %8d %8d %9s%s' "$colour" "$@" "$PLAIN"
+    TABLE+=$row$'\n'
+}
+
+sum_up() {
+    local counts="$PASSED passed, $FAILED failed"
+    ((SKIPPED == 0)) || counts+=", $SKIPPED skipped"
+    printf '\n  %s%-9s %-5s %8s %8s %8s %9s%s\n%s\n' "$BOLD" group arch passed failed skipped seconds "$PLAIN" "$TABLE"
+    if ((PASSED + FAILED + SKIPPED == 0)); then
+        note "no test ran: nothing matches '$FILTER'."
+        FAILED=1 counts="0 passed, 0 failed"
+    fi
+    say "$counts"
+    ((FAILED == 0))
+}

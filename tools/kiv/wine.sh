@@ -1,0 +1,73 @@
+# shellcheck shell=bash
+# Runs Windows programs: a display of kiv's own, and a Wine prefix for each build tree.
+
+# The prompts for .NET and browser packages, and menu entries in the user's desktop, are left out.
+export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
+
+# The caller's display is never used for tests: their input must reach their own windows only.
+XVFB=''
+start_display() {
+    [[ -z $XVFB ]] || return 0
+    local number
+    # It dies with kiv, even where kiv is killed without a chance to clean up.
+    exec {XVFB_OUTPUT}< <(exec setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1280x1024x24 \
+        -nolisten tcp -noreset 2>build/xvfb.log 9>&-)
+    XVFB=$!
+    at_end stop_display
+    if ! read -r -t 30 -u "$XVFB_OUTPUT" number; then
+        tail -n 5 build/xvfb.log >&2
+        die "Xvfb did not start." "Its messages are in build/xvfb.log."
+    fi
+    export DISPLAY=:$number
+    unset WAYLAND_DISPLAY
+}
+
+stop_display() {
+    kill "$XVFB" 2>/dev/null || true
+    wait "$XVFB" 2>/dev/null || true
+}
+
+# use_prefix ARCH: makes the prefix of this build tree when it is not there, and the current one from here on.
+use_prefix() {
+    export WINEPREFIX=$ROOT/build/$1/wine
+    if [[ $1 == x86 ]]; then export WINEARCH=win32; else export WINEARCH=win64; fi
+    if ((${#WINE_PREFIXES[@]} == 0)); then at_end stop_wine; fi
+    WINE_PREFIXES+=("$WINEPREFIX")
+    [[ ! -e $WINEPREFIX/made-by-kiv ]] || return 0
+    rm -rf "$WINEPREFIX"
+    step "Making the Wine prefix $1 (about 15 s)" "build/$1/wine.log" make_prefix || {
+        tail -n 10 "build/$1/wine.log" >&2
+        die "the Wine prefix build/$1/wine could not be made." "All of Wine's messages: build/$1/wine.log"
+    }
+}
+WINE_PREFIXES=()
+
+make_prefix() {
+    # A crash is to end a test, not to wait in a dialog for somebody to read it.
+    wineboot -i &&
+        wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
+        wineserver -w && detach_home && touch "$WINEPREFIX/made-by-kiv"
+}
+
+# Wine links the shell folders to those of the user; what runs here must not reach them.
+detach_home() {
+    local link
+    find "$WINEPREFIX/drive_c/users" -type l | while read -r link; do
+        rm "$link" && mkdir "$link" || return
+    done
+}
+
+stop_wine() {
+    local prefix
+    for prefix in "${WINE_PREFIXES[@]}"; do
+        WINEPREFIX=$prefix wineserver -k 2>/dev/null || true
+    done
+}
+
+windows_path() { wine winepath -w "$1" 2>/dev/null 9>&- | tr -d '\r'; }
+
+# register ARCH: as any Windows machine would do it, with the system's own program.
+register() {
+    step "Registering the library ($1)" "build/$1/regsvr32.log" \
+        wine regsvr32 /s "$(windows_path "$ROOT/$(library "$1")")"
+}
