@@ -1,0 +1,140 @@
+#pragma once
+
+#include "host/container/EventRecord.h"
+#include "host/container/FormItem.h"
+#include "host/container/PropertyBag.h"
+#include "host/container/SiteOptions.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kiv::host
+{
+
+class ClientSite;
+class EventSink;
+class Extender;
+
+// What a control reported through IErrorLog while it was loaded or saved.
+struct LoggedError
+{
+    std::wstring Property;
+    HRESULT Result = S_OK;
+    std::wstring Source;
+    std::wstring Description;
+};
+
+// How far a control has come on its site.
+enum class SiteState
+{
+    Closed,
+    Loaded,
+    InPlaceActive,
+    UIActive,
+};
+
+// One hosted control: creates nothing itself, but sites, loads, activates and tears down what Form::Add was
+// given. All of a control's calls arrive at the ClientSite behind it, so a control that keeps its site too
+// long, or calls it after Close, only gets errors.
+class ControlSite final : public FormItem
+{
+public:
+    // Called for each event, on the form's thread, while the control is raising it.
+    using EventHandler = std::function<void(const EventRecord& event, DISPPARAMS& raised)>;
+
+    ControlSite(Form& form, IUnknown* control, SiteOptions options);
+    ~ControlSite() override;
+
+    // The control's default interface and identity; null once closed. The callers of the typed Query get null
+    // when the control has no such interface.
+    IDispatch* Control() const { return dispatch_.Get(); }
+    IUnknown* Unknown() const { return control_.Get(); }
+    template<class Interface>
+    Microsoft::WRL::ComPtr<Interface> Query() const
+    {
+        Microsoft::WRL::ComPtr<Interface> found;
+        if (control_)
+            static_cast<void>(control_.As(&found));
+        return found;
+    }
+
+    // The control's members by name. Get and Put throw ComError with what the control returned.
+    Variant Get(std::wstring_view property) const;
+    void Put(std::wstring_view property, const Variant& value);
+    Variant Call(std::wstring_view method, const std::vector<Variant>& arguments = {});
+    bool HasMember(std::wstring_view name) const;
+
+    // The control's window while it is in-place active, else null.
+    HWND Window() const;
+    SiteState State() const { return state_; }
+    const SiteOptions& Options() const { return options_; }
+    // OLEMISC_… flags of the control.
+    DWORD MiscStatus() const { return miscStatus_; }
+
+    // Life. Each answers with the control's result; a call that finds nothing to do answers S_FALSE.
+    HRESULT Activate();   // in place, without focus
+    HRESULT UIActivate(); // with focus
+    HRESULT Deactivate(); // window gone, control still loaded
+    HRESULT Close();      // InPlaceDeactivate, Close, sinks off, SetClientSite(null), release
+    HRESULT Save(PropertyBag& bag, bool clearDirty = true);
+    HRESULT Save(IStream* stream, bool clearDirty = true);
+
+    // Changes the ambient mode of a living control and tells it so.
+    void SetUserMode(bool userMode);
+    void AmbientChanged(DISPID ambient);
+
+    // What has been heard from the control so far. Each list grows until it is cleared.
+    void OnEvent(EventHandler handler); // one handler; an empty one removes it
+    const std::vector<EventRecord>& Events() const;
+    void ClearEvents();
+    const std::vector<std::wstring>& Notifications() const { return notifications_; } // IPropertyNotifySink
+    void ClearNotifications() { notifications_.clear(); }
+    const std::vector<LoggedError>& ErrorLog() const { return errors_; }
+    const std::vector<std::string>& Calls() const { return calls_; } // "Interface::Method" on the site
+    void ClearCalls() { calls_.clear(); }
+    bool Dirty() const; // IPersist…::IsDirty
+
+    // The object that a form's code sees: Name, Left, Top, …, and the control's own members through Object.
+    IDispatch* ExtendedControl() const;
+    // Draws the control through IViewObject, active or not; bounds in the device context's logical units.
+    HRESULT Draw(HDC context, const RECT& bounds) const;
+
+    // FormItem
+    void Move(const RECT& bounds) override;
+    void SetVisible(bool visible) override;
+    bool Enabled() const override;
+    void SetEnabled(bool enabled) override;
+    bool TakesFocus() const override;
+    bool HasFocus() const override;
+    void Focus() override;
+    bool HasMnemonic(const MSG& message) const override;
+    void OnMnemonic(MSG& message) override;
+    bool EatsReturn() const;
+    bool EatsEscape() const;
+
+private:
+    friend class ClientSite;
+
+    void Attach();
+    HRESULT Load();
+    void Connect();
+    void ReadControlInfo();
+    HRESULT DoVerb(LONG verb, MSG* message = nullptr);
+
+    SiteOptions options_;
+    Microsoft::WRL::ComPtr<IUnknown> control_;
+    Microsoft::WRL::ComPtr<IDispatch> dispatch_;
+    Microsoft::WRL::ComPtr<ClientSite> site_;
+    Microsoft::WRL::ComPtr<EventSink> events_;
+    Microsoft::WRL::ComPtr<Extender> extender_;
+    DWORD miscStatus_ = 0;
+    SiteState state_ = SiteState::Closed;
+    std::vector<std::wstring> notifications_;
+    std::vector<LoggedError> errors_;
+    std::vector<std::string> calls_;
+};
+
+} // namespace kiv::host

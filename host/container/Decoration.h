@@ -1,0 +1,99 @@
+#pragma once
+
+#include "host/container/FormItem.h"
+
+#include <functional>
+#include <string>
+
+namespace kiv::host
+{
+
+// Bounds are pixels of the form's client area; "&" in a caption marks its mnemonic.
+struct LabelOptions
+{
+    std::wstring name;
+    std::wstring caption;
+    RECT bounds = {};
+    bool alignRight = false;
+    bool bold = false;
+    short tabIndex = -1; // -1: after all that the form holds already
+};
+
+struct FrameOptions
+{
+    std::wstring name;
+    std::wstring caption;
+    RECT bounds = {};
+    short tabIndex = -1;
+};
+
+struct ButtonOptions
+{
+    std::wstring name;
+    std::wstring caption;
+    RECT bounds = {};
+    bool isDefault = false; // Enter
+    bool isCancel = false;  // Esc
+    bool enabled = true;
+    short tabIndex = -1;
+    std::function<void()> onClick; // without one, a default or cancel button closes the form
+};
+
+// A text drawn on the form, centred vertically. Its mnemonic moves the focus to the next item in tab order.
+class Label final : public FormItem
+{
+public:
+    Label(Form& form, const LabelOptions& options);
+
+    const std::wstring& Caption() const { return options_.caption; }
+    bool HasMnemonic(const MSG& message) const override;
+    void OnMnemonic(MSG& message) override;
+    void Paint(HDC context) override;
+
+private:
+    LabelOptions options_;
+};
+
+// An etched group frame with its caption in the top line.
+class Frame final : public FormItem
+{
+public:
+    Frame(Form& form, const FrameOptions& options);
+
+    const std::wstring& Caption() const { return options_.caption; }
+    bool HasMnemonic(const MSG& message) const override;
+    void OnMnemonic(MSG& message) override;
+    void Paint(HDC context) override;
+
+private:
+    FrameOptions options_;
+};
+
+// A real push button.
+class Button final : public FormItem
+{
+public:
+    Button(Form& form, const ButtonOptions& options);
+    ~Button() override;
+
+    HWND Window() const { return window_; }
+    bool IsDefault() const { return options_.isDefault; }
+    bool IsCancel() const { return options_.isCancel; }
+    // What a click does.
+    void Press();
+
+    void Move(const RECT& bounds) override;
+    void SetVisible(bool visible) override;
+    void SetEnabled(bool enabled) override;
+    bool TakesFocus() const override;
+    bool HasFocus() const override;
+    void Focus() override;
+    bool HasMnemonic(const MSG& message) const override;
+    void OnMnemonic(MSG& message) override;
+
+private:
+    ButtonOptions options_;
+    HWND window_;
+};
+
+} // namespace kiv::host

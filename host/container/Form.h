@@ -1,0 +1,113 @@
+#pragma once
+
+#include "host/container/ControlSite.h"
+#include "host/container/Decoration.h"
+
+#include <functional>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace kiv::host
+{
+
+class FormFrame;
+class DesignSurface;
+
+// A top-level window that holds controls: the whole of a small container. Use it on one thread that has
+// entered a single-threaded apartment (OleInitialize). Errors of creation and loading are thrown as ComError.
+class Form
+{
+public:
+    // clientSize in pixels. The window is made at once, hidden.
+    Form(std::wstring_view title, SIZE clientSize);
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    ~Form(); // Destroy
+
+    // Creates (unless given), sites, loads and activates a control. The site lives until Remove or Destroy.
+    ControlSite& Add(REFCLSID classId, SiteOptions options = {});
+    ControlSite& Add(const wchar_t* progId, SiteOptions options = {});
+    ControlSite& Add(IUnknown* control, SiteOptions options = {});
+    void Remove(ControlSite& site);
+
+    // The form's own items.
+    Label& AddLabel(const LabelOptions& options);
+    Frame& AddFrame(const FrameOptions& options);
+    Button& AddButton(const ButtonOptions& options);
+
+    const std::vector<std::unique_ptr<FormItem>>& Items() const { return items_; }
+    FormItem* Find(std::wstring_view name) const; // case ignored; null when there is none
+    ControlSite* FindSite(std::wstring_view name) const;
+
+    HWND Window() const { return window_; }
+    // Of the form, in the system's dialog font; also the default ambient font.
+    HFONT Font() const;
+    IFontDisp* FontObject() const { return fontObject_.Get(); }
+
+    void Show();    // and brings it to the foreground with the focus on the first item
+    void Destroy(); // closes every control first
+    bool Closed() const { return window_ == nullptr; }
+    // Asked when the user closes the window (close box, a cancel button without a handler): false keeps it
+    // open.
+    std::function<bool()> OnClosing;
+
+    // Keyboard. The site whose control is UI-active, or null.
+    ControlSite* ActiveSite() const { return active_; }
+    FormItem* FocusedItem() const;
+    void FocusNext(bool backward);
+
+    // Message loop. PumpPending handles what is waiting; PumpUntil handles messages until the condition
+    // holds (true) or the time is over (false). Run returns when the window is gone.
+    void PumpPending();
+    bool PumpUntil(const std::function<bool()>& condition, DWORD timeoutMs = 5000);
+    void Run();
+    // What a message loop of the caller's own does for the form before TranslateMessage: true when handled.
+    bool Translate(MSG& message);
+
+    // Runs the work on the form's thread and waits for it; for other threads. False when the form is gone or
+    // does not answer in time.
+    bool Invoke(const std::function<void()>& work, DWORD timeoutMs = 5000) const;
+
+    // Design mode: controls are shown but do not answer; a click selects. Set before controls are added,
+    // whose options then should say userMode = false.
+    void SetDesignMode(SIZE gridPixels);
+    bool DesignMode() const { return design_ != nullptr; }
+    void Select(FormItem* item);
+    FormItem* Selected() const;
+
+private:
+    friend class FormFrame;
+    friend class ControlSite;
+    friend class ClientSite;
+    friend class DesignSurface;
+
+    static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+    void Paint();
+    void OnCommand(WPARAM wParam, LPARAM lParam);
+    void OnActivate(bool active);
+    bool NavigateBy(const MSG& message);
+    bool PressDefault();
+    bool PressCancel();
+    bool RunMnemonic(MSG& message);
+    void UpdateDefaultButton();
+    void SiteActivated(ControlSite* site);
+    std::vector<FormItem*> TabOrder() const;
+    short NextTabIndex() const;
+
+    HWND window_ = nullptr;
+    Microsoft::WRL::ComPtr<IFontDisp> fontObject_;
+    Microsoft::WRL::ComPtr<FormFrame> frame_;
+    Microsoft::WRL::ComPtr<IOleInPlaceActiveObject> activeObject_;
+    ControlSite* active_ = nullptr;
+    HWND lastFocus_ = nullptr;
+    std::vector<std::unique_ptr<FormItem>> items_;
+    std::unique_ptr<DesignSurface> design_;
+};
+
+// A control of a library that is not registered: asks the module's DllGetClassObject. The module stays
+// loaded.
+Microsoft::WRL::ComPtr<IUnknown> CreateFromModule(const wchar_t* path, REFCLSID classId);
+
+} // namespace kiv::host

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace kiv::host
+{
+
+class Form;
+
+// Something on a form: a hosted control, or a label, frame or button of the form's own. The form owns it.
+class FormItem
+{
+public:
+    FormItem(const FormItem&) = delete;
+    FormItem& operator=(const FormItem&) = delete;
+    virtual ~FormItem() = default;
+
+    Form& Owner() const { return form_; }
+    const std::wstring& Name() const { return name_; }
+
+    // Pixels of the form's client area.
+    const RECT& Bounds() const { return bounds_; }
+    virtual void Move(const RECT& bounds);
+
+    bool Visible() const { return visible_; }
+    virtual void SetVisible(bool visible);
+    virtual bool Enabled() const { return enabled_; }
+    virtual void SetEnabled(bool enabled);
+
+    short TabIndex() const { return tabIndex_; }
+    void SetTabIndex(short index) { tabIndex_ = index; }
+    bool TabStop() const { return tabStop_; }
+    void SetTabStop(bool stop) { tabStop_ = stop; }
+
+    // Whether keyboard navigation may stop here.
+    virtual bool TakesFocus() const { return false; }
+    virtual bool HasFocus() const { return false; }
+    virtual void Focus() {}
+
+    // Whether an Alt+key message is this item's; the form then calls OnMnemonic.
+    virtual bool HasMnemonic(const MSG&) const { return false; }
+    virtual void OnMnemonic(MSG&) {}
+
+    // Draws what has no window of its own.
+    virtual void Paint(HDC) {}
+
+protected:
+    FormItem(Form& form, std::wstring name, const RECT& bounds);
+
+    RECT bounds_;
+    bool visible_ = true;
+    bool enabled_ = true;
+
+private:
+    Form& form_;
+    std::wstring name_;
+    short tabIndex_ = 0;
+    bool tabStop_ = true;
+};
+
+} // namespace kiv::host

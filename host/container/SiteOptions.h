@@ -1,0 +1,55 @@
+#pragma once
+
+#include <windows.h>
+
+#include <ocidl.h>
+#include <wrl/client.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace kiv::host
+{
+
+class PropertyBag;
+
+// Where a control's persisted state comes from, each through the persistence interface that goes with it.
+// monostate: a new instance (InitNew), asked of the property bag, stream or storage interface, whichever the
+// control has, in this order.
+using LoadSource = std::variant<std::monostate, PropertyBag*, Microsoft::WRL::ComPtr<IStream>,
+                                Microsoft::WRL::ComPtr<IStorage>>;
+
+// Asked before every call that a control makes on its site, with "Interface::Method"
+// ("IOleControlSite::OnFocus"). An HRESULT is returned to the control at once; nothing lets the call run.
+using SiteCallHook = std::function<std::optional<HRESULT>(std::string_view call)>;
+
+// How a site treats its control. The defaults are those of an ordinary form at run time.
+struct SiteOptions
+{
+    std::wstring name; // of the control on the form
+    RECT bounds = {};  // pixels of the form's client area; empty: the control's own size, at left and top
+    LoadSource load;
+    short tabIndex = -1; // -1: after all that the form holds already
+    bool tabStop = true;
+    bool visible = true;
+    bool activate = true; // in place, at once, when the control wants to be active while it is visible
+    bool userMode = true; // false: the form is being designed
+
+    // Ambient properties. Without an ambient font the form's font is given.
+    bool giveAmbients = true; // false: the site has no ambient properties at all
+    Microsoft::WRL::ComPtr<IFontDisp> ambientFont;
+    std::optional<OLE_COLOR> ambientForeColor;
+    std::optional<OLE_COLOR> ambientBackColor;
+
+    // What kind of host the form is.
+    bool quickActivate = true;   // use IQuickActivate where the control has it
+    bool extendedControl = true; // GetExtendedControl answers with the extended object
+    std::vector<IID> refused;    // interfaces that the site does not answer
+    SiteCallHook onCall;
+};
+
+} // namespace kiv::host
