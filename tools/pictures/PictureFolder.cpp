@@ -55,8 +55,10 @@ void WriteFile(const fs::path& file, const Bytes& bytes)
     out.close();
     if (!out)
     {
+        // A device or pipe that was given as the output is not ours to remove.
         std::error_code ignored;
-        fs::remove(file, ignored);
+        if (fs::is_regular_file(file, ignored))
+            fs::remove(file, ignored);
         throw std::runtime_error(file.string() + ": the file cannot be written");
     }
 }

@@ -25,7 +25,7 @@ struct PictureFolder
 // Reads every .pix file of a folder. Throws std::runtime_error if the folder cannot be read or has none.
 PictureFolder ReadPictureFolder(const std::filesystem::path& folder);
 
-// Throws std::runtime_error and leaves no half-written file behind if the file cannot be written.
+// Throws std::runtime_error, and leaves no half-written file behind, if the file cannot be written.
 void WriteFile(const std::filesystem::path& file, const Bytes& bytes);
 
 } // namespace kiv::pictures
