@@ -67,16 +67,27 @@ lock_tree() {
     printf 'kiv %s (process %s)\n' "$*" $$ >build/.lock
 }
 
-# launch LOG COMMAND ...: starts it in a process group of its own, so that stopping kiv stops all of it.
+# launch COMMAND ...: starts it in a process group of its own, so that stopping kiv stops all of it.
 JOB=''
 launch() {
-    local log=$1
-    shift
-    mkdir -p "${log%/*}"
     set -m
-    "$@" >"$log" 2>&1 </dev/null 9>&- &
+    "$@" </dev/null 9>&- &
     JOB=$!
     set +m
+}
+
+# Waits for what was launched, and has its exit status.
+job_status() {
+    local status=0
+    wait "$JOB" || status=$?
+    JOB=''
+    return "$status"
+}
+
+# attend COMMAND ...: its output goes where kiv's own goes.
+attend() {
+    launch "$@"
+    job_status
 }
 
 stop_job() {
@@ -91,7 +102,8 @@ step() {
     local title=$1 log=$2 begin=$EPOCHREALTIME status=0
     shift 2
     printf '  %-42s' "$title"
-    launch "$log" "$@"
+    mkdir -p "${log%/*}"
+    launch "$@" >"$log" 2>&1
     if [[ -n $LIVE ]]; then
         while kill -0 "$JOB" 2>/dev/null; do
             printf '\r  %-42s %6s s' "$title" "$(seconds_since "$begin")"
@@ -99,8 +111,7 @@ step() {
         done
         printf '\r  %-42s' "$title"
     fi
-    wait "$JOB" || status=$?
-    JOB=''
+    job_status || status=$?
     TOOK=$(seconds_since "$begin")
     if ((status == 0)); then
         printf ' %6s s\n' "$TOOK"

@@ -71,3 +71,11 @@ register() {
     step "Registering the library ($1)" "build/$1/regsvr32.log" \
         wine regsvr32 /s "$(windows_path "$ROOT/$(library "$1")")"
 }
+
+# open_registered_prefix ARCH: where a host finds the library.
+open_registered_prefix() {
+    use_prefix "$1"
+    register "$1" && return
+    tail -n 10 "build/$1/regsvr32.log" >&2
+    die "regsvr32 could not register $(library "$1")." "build/$1/regsvr32.log has its messages, if it gave any."
+}

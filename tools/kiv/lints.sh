@@ -1,0 +1,107 @@
+# shellcheck shell=bash
+# The lints. Each find_... looks at the tree in the current folder and prints what it finds, one line each.
+
+# Which folders a file may include from; the first row that fits it counts. The order of the library's own rows
+# is the order of its layers. Hosts, tests and benchmarks stand outside: they see it only through COM, but may
+# use the automation building blocks.
+MODULE='framework/(I?SubClass|ModuleData)'
+LAYERS="\
+runtime/core/   runtime/core/
+runtime/com/    runtime/(core|com)/
+runtime/forms/  runtime/
+$MODULE         runtime/|$MODULE
+controls/       runtime/|$MODULE|controls/
+framework/      runtime/|framework/|controls/
+resources/      resources/
+tools/          runtime/core/|resources/|tools/
+tests/native/   runtime/core/|controls/|host/|resources/|tools/|tests/native/
+fuzz/           runtime/core/|controls/|host/|fuzz/
+host/           runtime/(core|com)/|host/
+tests/          runtime/(core|com)/|host/|tests/
+bench/          runtime/(core|com)/|host/|tests/support/|bench/"
+
+WINDOWS_HEADERS='windows|win(def|user|gdi|base|nls|nt|error|reg)|wtypes|guiddef|initguid|unknwn|objbase|objidl'
+WINDOWS_HEADERS+='|ole2|ole|oleauto|oleidl|olectl|oaidl|ocidl|comdef|comcat|commctrl|commdlg|shlwapi|shlobj|richedit'
+WINDOWS_HEADERS+='|tchar|sql|sqlext|wrl/[a-z/]*|KivControls'
+
+all_files() { find . \( -path ./build -o -path ./.git \) -prune -o -type f -printf '%P\n' | LC_ALL=C sort; }
+
+# Not those that a program reads as bytes.
+text_files() { all_files | xargs -r -d '\n' grep -Il ''; }
+
+cpp_sources() { all_files | grep -E '\.(cpp|h)$'; }
+
+code_files() { all_files | grep -E '\.(cpp|h|idl|rc|cmake|sh|awk)$|(^|/)(CMakeLists\.txt|kiv|run)$'; }
+
+# lint FIND: fails if it finds anything; a program that complains of something else counts as well.
+lint() {
+    local found
+    found=$("$1" 2>&1) || true
+    [[ -z $found ]] || { printf '%s\n' "$found" && return 1; }
+}
+
+# The first place in each file tells enough.
+find_misformatted() {
+    cpp_sources | xargs -r -d '\n' -P "$(nproc)" -n 20 clang-format-14 --dry-run 2>&1 |
+        sed -nE 's/^([^:]+:[0-9]+):[0-9]+: (warning|error): code should be clang-formatted.*/\1: not laid out as .clang-format says/p' |
+        awk -F: '!seen[$1]++'
+}
+
+find_wrong_includes() {
+    local places file line header
+    # shellcheck disable=SC2016 # the dollars are awk's
+    places='
+        NR == FNR { from[++rows] = $1; may[rows] = $2; next }
+        {
+            split($0, part, ":")
+            header = $0
+            sub(/^[^"]*"/, "", header)
+            sub(/".*/, "", header)
+            for (row = 1; row <= rows && part[1] !~ "^" from[row]; row++);
+            if (row > rows)
+                print part[1] ":" part[2] ": the layers in tools/kiv/lints.sh have no row for this folder"
+            else if (header !~ "^(" may[row] ")")
+                print part[1] ":" part[2] ": must not include " header " (" from[row] " sees only " may[row] ")"
+        }'
+    includes | awk "$places" <(printf '%s\n' "$LAYERS") -
+    includes | sed -E 's/^([^:]*):([0-9]+):[^"]*"([^"]*)".*/\1 \2 \3/' | while read -r file line header; do
+        [[ -e $header ]] || printf '%s:%s: there is no %s (includes are written from the root)\n' "$file" "$line" "$header"
+    done
+}
+
+includes() { cpp_sources | xargs -r -d '\n' grep -nHE '^[[:space:]]*#[[:space:]]*include[[:space:]]*"'; }
+
+find_windows_headers() {
+    portable_files | xargs -r -d '\n' grep -nHiE "#[[:space:]]*include[[:space:]]*[<\"]($WINDOWS_HEADERS)\.h[>\"]" |
+        sed -E 's/^([^:]*:[0-9]+):.*[<"](.*)[>"].*/\1: portable code must not include \2/'
+}
+
+# All of these build natively as well.
+portable_files() {
+    cpp_sources | grep -E '^(runtime/core|tools|fuzz|tests/native)/'
+}
+
+find_long_files() {
+    code_files | xargs -r -d '\n' awk 'FNR == 601 { print FILENAME ":601: over 600 lines; split it by topic" }'
+}
+
+find_blanks() {
+    local file
+    code_files | xargs -r -d '\n' grep -nHE $'[ \t\r]$' | sed -E 's/^([^:]*:[0-9]+):.*/\1: blanks at the end of the line/'
+    cpp_sources | xargs -r -d '\n' grep -nH $'\t' | sed -E 's/^([^:]*:[0-9]+):.*/\1: a tab/'
+    text_files | while read -r file; do
+        [[ -z $(tail -c 1 "$file") ]] || printf '%s:%s: no newline at the end\n' "$file" "$(($(wc -l <"$file") + 1))"
+    done
+}
+
+# What is only true on one machine, or not finished.
+find_words() {
+    text_files | xargs -r -d '\n' grep -nHE '(^|[^[:alnum:]_.}])/(home|root|Users)/[[:alnum:]]|\b(TO[D]O|FIX[M]E)\b' |
+        sed -E 's/^([^:]*:[0-9]+):.*(TO[D]O|FIX[M]E).*/\1: a note to oneself: \2/; t
+                s/^([^:]*:[0-9]+):.*(\/(home|root|Users)\/[^ "]*).*/\1: a path of one machine: \2/'
+}
+
+find_shell_mistakes() {
+    shellcheck -x -a -f gcc kiv
+    shellcheck -x -f gcc .ci/run tools/kiv/test_*.sh
+}

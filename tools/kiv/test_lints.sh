@@ -1,0 +1,88 @@
+#!/usr/bin/env bash
+# Shows each lint a small tree with a mistake, which it must report at its place, and one without, which it must not.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+source tools/kiv/lints.sh
+
+samples=$(mktemp -d)
+trap 'rm -rf "$samples"' EXIT
+cp .clang-format "$samples"
+failures=0
+
+# expect LINT FILE CONTENT COMPLAINT: the complaint is how the one line that the lint prints begins, or empty.
+expect() {
+    local lint=$1 file=$2 content=$3 complaint=$4 printed status=0
+    mkdir -p "$samples/${file%/*}"
+    printf '%b' "$content" >"$samples/$file"
+    printed=$(cd "$samples" && lint "$lint") || status=$?
+    rm "$samples/$file"
+    if [[ -z $complaint ]]; then
+        [[ -z $printed && $status == 0 ]] && return
+    else
+        [[ $printed == "$complaint"* && $printed != *$'\n'* && $status != 0 ]] && return
+    fi
+    printf 'tools/kiv/test_lints.sh:%s: %s on %s printed "%s" (status %s), expected "%s"\n' \
+        "${BASH_LINENO[0]}" "$lint" "$file" "$printed" "$status" "$complaint"
+    failures=$((failures + 1))
+}
+
+expect find_misformatted tools/a/A.cpp 'int F()\n{\n    return 1;\n}\n' ''
+expect find_misformatted tools/a/A.cpp 'int F()\n{\n  return 1;\n}\n' 'tools/a/A.cpp:2: not laid out'
+
+# Every layer may see itself and those before it, and nothing after it.
+mkdir -p "$samples"/{runtime/{core,com,forms},framework,controls/x,host,tests/{com,native},bench,fuzz}
+for header in runtime/core/H runtime/com/H runtime/forms/H framework/SubClass controls/x/H framework/Library host/H; do
+    : >"$samples/$header.h"
+done
+may_include() { expect find_wrong_includes "$1" "#include \"$2\"\n" ''; }
+must_not_include() { expect find_wrong_includes "$1" "\n#include \"$2\"\n" "$1:2: must not include $2"; }
+may_include runtime/core/A.cpp runtime/core/H.h
+must_not_include runtime/core/A.cpp runtime/com/H.h
+may_include runtime/com/A.cpp runtime/core/H.h
+must_not_include runtime/com/A.cpp runtime/forms/H.h
+may_include runtime/forms/A.cpp runtime/com/H.h
+must_not_include runtime/forms/A.cpp framework/SubClass.h
+may_include framework/SubClass.cpp runtime/forms/H.h
+must_not_include framework/SubClass.cpp controls/x/H.h
+must_not_include framework/SubClass.cpp framework/Library.h
+may_include controls/x/A.cpp framework/SubClass.h
+must_not_include controls/x/A.cpp framework/Library.h
+may_include framework/Library.cpp controls/x/H.h
+must_not_include framework/Library.cpp host/H.h
+may_include host/A.cpp runtime/com/H.h
+must_not_include host/A.cpp runtime/forms/H.h
+may_include tests/com/A.cpp host/H.h
+must_not_include tests/com/A.cpp controls/x/H.h
+must_not_include bench/A.cpp framework/SubClass.h
+may_include tests/native/A.cpp controls/x/H.h
+must_not_include fuzz/A.cpp runtime/com/H.h
+expect find_wrong_includes controls/x/A.cpp '#include "controls/x/Gone.h"\n' \
+    'controls/x/A.cpp:1: there is no controls/x/Gone.h'
+expect find_wrong_includes elsewhere/A.cpp '#include "runtime/core/H.h"\n' 'elsewhere/A.cpp:1: the layers'
+
+expect find_windows_headers runtime/core/A.h '#include <string>\n' ''
+expect find_windows_headers runtime/core/A.h '\n#include <windows.h>\n' 'runtime/core/A.h:2: portable code must not include windows.h'
+expect find_windows_headers tools/a/A.cpp '#include <OleAuto.h>\n' 'tools/a/A.cpp:1: portable code'
+expect find_windows_headers runtime/com/A.h '#include <windows.h>\n' ''
+
+expect find_long_files tools/a/A.cpp "$(printf 'x\\n%.0s' {1..600})" ''
+expect find_long_files tools/a/A.cpp "$(printf 'x\\n%.0s' {1..601})" 'tools/a/A.cpp:601: over 600 lines'
+
+expect find_blanks tools/a/A.cpp 'int a;\n' ''
+expect find_blanks tools/a/A.cpp 'int a;\nint b; \n' 'tools/a/A.cpp:2: blanks at the end'
+expect find_blanks tools/a/A.cpp 'int a;\r\n' 'tools/a/A.cpp:1: blanks at the end'
+expect find_blanks tools/a/A.cpp '\tint a;\n' 'tools/a/A.cpp:1: a tab'
+expect find_blanks docs/a.md 'one\ntwo' 'docs/a.md:2: no newline at the end'
+
+expect find_words docs/a.md 'A method to do it, in some/root.\n' ''
+expect find_words docs/a.md '\nTO''DO: finish\n' 'docs/a.md:2: a note to oneself: TO''DO'
+expect find_words docs/a.md 'see /''home/ann/notes\n' 'docs/a.md:1: a path of one machine: /''home/ann/notes'
+
+mkdir -p "$samples/.ci" "$samples/tools/kiv"
+printf '#!/bin/bash\n' | tee "$samples/.ci/run" >"$samples/tools/kiv/test_none.sh"
+# shellcheck disable=SC2016 # the dollar is the sample's
+expect find_shell_mistakes ./kiv '#!/bin/bash\necho "$HOME"\n' ''
+# shellcheck disable=SC2016
+expect find_shell_mistakes ./kiv '#!/bin/bash\necho $HOME\n' 'kiv:2:6: note: Double quote'
+
+((failures == 0))
