@@ -2,7 +2,7 @@
 # Feeds random input to the portable code. The seeds of a target lie in fuzz/corpus/<target>.
 
 cmd_fuzz() {
-    local seconds=30 argument known targets=() target
+    local seconds=30 argument known targets=() target failed=()
     mapfile -t known < <(find fuzz/corpus -mindepth 1 -maxdepth 1 -type d -printf '%f\n' | LC_ALL=C sort)
     for argument in "$@"; do
         if [[ $argument =~ ^[1-9][0-9]*$ ]]; then
@@ -20,8 +20,11 @@ cmd_fuzz() {
     build_tree fuzz "${targets[@]}"
     mkdir -p build/fuzz/artifacts
     for target in "${targets[@]}"; do
-        fuzz_target "$target" "$seconds"
+        fuzz_target "$target" "$seconds" || failed+=("$target")
     done
+    ((${#failed[@]} == 0)) || die "an input broke: ${failed[*]}" \
+        "Try it alone: build/fuzz/fuzz/<target> <the file named above>" \
+        "Once mended, it belongs into fuzz/corpus/<target>/, so that it stays mended."
 }
 
 # New inputs that reach further gather under build/, beside the seeds of the tree.
@@ -34,9 +37,8 @@ fuzz_target() {
         sed -nE 's/^Done ([0-9]+) runs.*/    \1 inputs, nothing found/p' "$log"
         return
     fi
-    grep -nE -m1 '^==[0-9]+==|runtime error:|Uncaught|^SUMMARY' "$log" | cut -d: -f1 |
-        { read -r first && tail -n "+$first" "$log" | head -n 40 >&2; } || tail -n 25 "$log" >&2
-    die "$target fails on an input: $(sed -nE 's/.*Test unit written to //p' "$log")" \
-        "Try it alone: build/fuzz/fuzz/$target THAT-FILE" \
-        "Once mended, it belongs into fuzz/corpus/$target/, so that it stays mended."
+    # From the first report on; the fuzzer names the input that it kept at the end.
+    awk '/^==[0-9]+==|runtime error:/ { told = 1 } told && ++lines <= 40' "$log" | cut -c1-200 >&2
+    sed -nE 's/.*Test unit written to (.*)/    The input is in \1/p' "$log" >&2
+    return 1
 }

@@ -107,7 +107,7 @@ step() {
     if [[ -n $LIVE ]]; then
         while kill -0 "$JOB" 2>/dev/null; do
             printf '\r  %-42s %6s s' "$title" "$(seconds_since "$begin")"
-            sleep 0.2
+            sleep 0.1
         done
         printf '\r  %-42s' "$title"
     fi
@@ -139,6 +139,6 @@ clean_up() {
     exit "$status"
 }
 trap clean_up EXIT
-trap 'exit 130' INT
+trap 'say; exit 130' INT
 trap 'exit 143' TERM
 trap 'exit 129' HUP
