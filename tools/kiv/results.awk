@@ -25,7 +25,7 @@ function keep(line) {
 
 function settle() {
     running = said = ""
-    kept = 0
+    kept = listing = 0
 }
 
 { sub(/\r$/, "") }
@@ -50,10 +50,10 @@ running != "" && /\[(       OK|  FAILED |  SKIPPED) \] .* \([0-9]+ ms\)$/ {
 
 /^\[==========\] [0-9]+ tests? from [0-9]+ test suites? ran\./ { finished = 1 }
 
-# Of a crash, Wine's debugger lists every module there is; the backtrace above that is what helps.
-/^Module\tAddress|^(PE|ELF)\t/ { next }
+# Of a crash, Wine's debugger goes on to list every module and thread; the backtrace above that is what helps.
+/^Modules:$/ { listing = 1 }
 
-{ keep($0) }
+!listing { keep($0) }
 
 END {
     if (!finished) {

@@ -29,7 +29,7 @@ expect 0 ended "${run}A.B\nA.cpp:3: Skipped\nlater\n${skipped}A.B (0 ms)\n$end" 
 expect 1 ended "${run}A.B\nA.cpp:3: Failure\n${failed}A.B (0 ms)\n$end$failed 1 test, listed below:\n${failed}A.B\n" \
     $'0 1 0\n\n  FAILED A.B\n    A.cpp:3: Failure'
 expect 1 ended "${run}A.B/0\n${failed}A.B/0, where GetParam() = 5 (0 ms)\n$end" $'0 1 0\n\n  FAILED A.B/0*'
-expect 5 'ended early with status 5' "${run}A.B\n${ok}A.B (0 ms)\n${run}A.C\npage fault\n" \
+expect 5 'ended early with status 5' "${run}A.B\n${ok}A.B (0 ms)\n${run}A.C\npage fault\nModules:\nPE 1\n" \
     $'1 1 0\n\n  FAILED A.C\n    page fault\n    tests.exe ended early with status 5 in this test*'
 expect 126 'ended early with status 126' 'cannot run\n' $'0 1 0\n\n  FAILED tests.exe\n    cannot run\n*'
 expect 124 'was stopped after 9 seconds' "${run}A.C\n" $'0 1 0\n\n  FAILED A.C\n*was stopped after 9 seconds in this*'
