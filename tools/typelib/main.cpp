@@ -1,0 +1,62 @@
+// Turns the compiled type library into the published one: see Publish.h.
+#include "tools/typelib/Publish.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+namespace
+{
+using namespace kiv::typelib;
+
+std::string readFile(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::string content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    if (!file)
+        throw TypeLibraryError("cannot read it");
+    return content;
+}
+
+void writeFile(const std::string& path, const Bytes& content)
+{
+    std::ofstream file(path, std::ios::binary);
+    std::copy(content.begin(), content.end(), std::ostreambuf_iterator<char>(file));
+    file.close();
+    if (!file)
+    {
+        std::filesystem::remove(path); // half a file would pass for a finished one
+        throw TypeLibraryError("cannot write it");
+    }
+}
+} // namespace
+
+int main(int argumentCount, char** arguments)
+{
+    if (argumentCount != 4)
+    {
+        std::cerr << "usage: kiv-names <compiled.tlb> <names file> <published.tlb>\n";
+        return 2;
+    }
+    const std::string compiledPath = arguments[1];
+    const std::string namesPath = arguments[2];
+    const std::string publishedPath = arguments[3];
+    std::string current = namesPath;
+    try
+    {
+        const PublishedNames names = parsePublishedNames(readFile(namesPath));
+        current = compiledPath;
+        const std::string compiled = readFile(compiledPath);
+        TypeLibrary library = TypeLibrary::read(Bytes(compiled.begin(), compiled.end()));
+        publish(library, names);
+        current = publishedPath;
+        writeFile(publishedPath, library.write());
+        return 0;
+    }
+    catch (const std::exception& error)
+    {
+        std::cerr << "kiv-names: " << current << ": " << error.what() << '\n';
+        return 1;
+    }
+}
