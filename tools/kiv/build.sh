@@ -43,7 +43,8 @@ build_failed() {
     local log=$1 excerpt
     excerpt=$(grep -nE -m1 '^FAILED: |error:|CMake Error|undefined reference' "$log" | cut -d: -f1)
     if [[ -n $excerpt ]]; then
-        tail -n "+$excerpt" "$log" | grep -v '^\[' | cut -c1-300 | head -n 40 >&2
+        # Without the command lines that ninja repeats, and the steps that went on beside it.
+        tail -n "+$excerpt" "$log" | sed '/^FAILED: /{n;d};/^\[/d' | cut -c1-300 | head -n 40 >&2
     else
         tail -n 25 "$log" >&2
     fi

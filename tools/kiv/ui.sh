@@ -27,7 +27,7 @@ misused() {
 no_arguments() {
     local command=$1
     shift
-    (($# == 0)) || misused "$command takes no arguments, and got: $*"
+    (($# == 0)) || misused "$command does not know: $*" "./kiv help tells what it takes."
 }
 
 # Takes --arch out of the arguments: ARCHES holds what was asked for, REST everything else.

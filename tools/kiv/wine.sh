@@ -4,11 +4,10 @@
 # The prompts for .NET and browser packages, and menu entries in the user's desktop, are left out.
 export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
 
-# The caller's display is never used for tests: their input must reach their own windows only.
-XVFB=''
+# What runs unwatched gets a display of its own, since its input must reach its own windows only, and one locale.
 start_display() {
-    [[ -z $XVFB ]] || return 0
     local number
+    export LC_ALL=C.UTF-8
     # It dies with kiv, even where kiv is killed without a chance to clean up.
     exec {XVFB_OUTPUT}< <(exec setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1280x1024x24 \
         -nolisten tcp -noreset 2>build/xvfb.log 9>&-)
@@ -19,7 +18,6 @@ start_display() {
         die "Xvfb did not start." "Its messages are in build/xvfb.log."
     fi
     export DISPLAY=:$number
-    unset WAYLAND_DISPLAY
 }
 
 stop_display() {
