@@ -5,8 +5,9 @@
 #include "host/container/PropertyBag.h"
 #include "host/container/SiteOptions.h"
 
+#include <oleidl.h>
+
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,10 +76,11 @@ public:
     DWORD MiscStatus() const { return miscStatus_; }
 
     // Life. Each answers with the control's result; a call that finds nothing to do answers S_FALSE.
-    HRESULT Activate();   // in place, without focus
-    HRESULT UIActivate(); // with focus
-    HRESULT Deactivate(); // window gone, control still loaded
-    HRESULT Close();      // InPlaceDeactivate, Close, sinks off, SetClientSite(null), release
+    HRESULT Activate();     // in place, without focus
+    HRESULT UIActivate();   // with focus
+    HRESULT UIDeactivate(); // focus given up, window stays
+    HRESULT Deactivate();   // window gone, control still loaded
+    HRESULT Close();        // InPlaceDeactivate, Close, sinks off, SetClientSite(null), release
     HRESULT Save(PropertyBag& bag, bool clearDirty = true);
     HRESULT Save(IStream* stream, bool clearDirty = true);
 
@@ -117,12 +119,22 @@ public:
 
 private:
     friend class ClientSite;
+    friend class Form;
 
+    // Life, in order; Attach is all of it up to the first activation and throws what the control fails with.
     void Attach();
+    HRESULT QuickActivate();
+    void SetClientSite(IOleClientSite* site);
     HRESULT Load();
+    HRESULT InitNew();
     void Connect();
+    void ConnectNotifications();
+    Microsoft::WRL::ComPtr<IConnectionPoint> NotificationPoint() const;
+    void AgreeOnSize();
+
+    HRESULT DoVerb(LONG verb);
     void ReadControlInfo();
-    HRESULT DoVerb(LONG verb, MSG* message = nullptr);
+    std::wstring NameOfMember(DISPID member) const;
 
     SiteOptions options_;
     Microsoft::WRL::ComPtr<IUnknown> control_;
@@ -131,6 +143,8 @@ private:
     Microsoft::WRL::ComPtr<EventSink> events_;
     Microsoft::WRL::ComPtr<Extender> extender_;
     DWORD miscStatus_ = 0;
+    DWORD notifyCookie_ = 0;
+    CONTROLINFO controlInfo_ = {};
     SiteState state_ = SiteState::Closed;
     std::vector<std::wstring> notifications_;
     std::vector<LoggedError> errors_;

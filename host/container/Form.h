@@ -1,7 +1,9 @@
 #pragma once
 
+#include "host/container/Button.h"
 #include "host/container/ControlSite.h"
-#include "host/container/Decoration.h"
+#include "host/container/Frame.h"
+#include "host/container/Label.h"
 
 #include <functional>
 #include <memory>
@@ -11,8 +13,8 @@
 namespace kiv::host
 {
 
-class FormFrame;
 class DesignSurface;
+class FormFrame;
 
 // A top-level window that holds controls: the whole of a small container. Use it on one thread that has
 // entered a single-threaded apartment (OleInitialize). Errors of creation and loading are thrown as ComError.
@@ -56,6 +58,9 @@ public:
     ControlSite* ActiveSite() const { return active_; }
     FormItem* FocusedItem() const;
     void FocusNext(bool backward);
+    void FocusAfter(const FormItem& item); // the next one in tab order that can have it
+    // The form's own keys: Tab, Enter, Esc, mnemonics. True when the message was one and is dealt with.
+    bool Navigate(MSG& message);
 
     // Message loop. PumpPending handles what is waiting; PumpUntil handles messages until the condition
     // holds (true) or the time is over (false). Run returns when the window is gone.
@@ -65,9 +70,11 @@ public:
     // What a message loop of the caller's own does for the form before TranslateMessage: true when handled.
     bool Translate(MSG& message);
 
-    // Runs the work on the form's thread and waits for it; for other threads. False when the form is gone or
-    // does not answer in time.
-    bool Invoke(const std::function<void()>& work, DWORD timeoutMs = 5000) const;
+    // For other threads. Invoke runs the work on the form's thread, between two messages, and waits for it;
+    // what the work throws arrives at the caller. Work that may open a modal window is posted instead. False
+    // when the form is gone.
+    bool Invoke(const std::function<void()>& work) const;
+    bool Post(std::function<void()> work) const;
 
     // Design mode: controls are shown but do not answer; a click selects. Set before controls are added,
     // whose options then should say userMode = false.
@@ -77,22 +84,28 @@ public:
     FormItem* Selected() const;
 
 private:
-    friend class FormFrame;
-    friend class ControlSite;
     friend class ClientSite;
-    friend class DesignSurface;
+    friend class ControlSite;
+    friend class FormFrame;
+    friend class FormItem;
 
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+    void CreateFormWindow(std::wstring_view title, SIZE clientSize);
     void Paint();
-    void OnCommand(WPARAM wParam, LPARAM lParam);
+    void OnCommand(WORD notification, HWND button);
     void OnActivate(bool active);
-    bool NavigateBy(const MSG& message);
-    bool PressDefault();
-    bool PressCancel();
+    void RestoreFocus();
+    Button* FindButton(HWND window) const;
+
+    ControlSite& Host(IUnknown* control, SiteOptions options);
+    void SiteActivated(ControlSite* site); // null: the focus is on an item of the form's own
+    void SiteDeactivated(ControlSite& site);
+
+    bool Enter();
+    bool Escape();
     bool RunMnemonic(MSG& message);
     void UpdateDefaultButton();
-    void SiteActivated(ControlSite* site);
     std::vector<FormItem*> TabOrder() const;
     short NextTabIndex() const;
 

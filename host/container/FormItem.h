@@ -34,7 +34,7 @@ public:
     bool TabStop() const { return tabStop_; }
     void SetTabStop(bool stop) { tabStop_ = stop; }
 
-    // Whether keyboard navigation may stop here.
+    // Whether it can have the focus now; Tab stops where TabStop is set as well.
     virtual bool TakesFocus() const { return false; }
     virtual bool HasFocus() const { return false; }
     virtual void Focus() {}
@@ -47,7 +47,8 @@ public:
     virtual void Paint(HDC) {}
 
 protected:
-    FormItem(Form& form, std::wstring name, const RECT& bounds);
+    // tabIndex -1: after all that the form holds already.
+    FormItem(Form& form, std::wstring name, const RECT& bounds, short tabIndex);
 
     RECT bounds_;
     bool visible_ = true;
@@ -56,7 +57,7 @@ protected:
 private:
     Form& form_;
     std::wstring name_;
-    short tabIndex_ = 0;
+    short tabIndex_;
     bool tabStop_ = true;
 };
 

@@ -9,24 +9,6 @@ namespace kiv::host
 {
 
 // Bounds are pixels of the form's client area; "&" in a caption marks its mnemonic.
-struct LabelOptions
-{
-    std::wstring name;
-    std::wstring caption;
-    RECT bounds = {};
-    bool alignRight = false;
-    bool bold = false;
-    short tabIndex = -1; // -1: after all that the form holds already
-};
-
-struct FrameOptions
-{
-    std::wstring name;
-    std::wstring caption;
-    RECT bounds = {};
-    short tabIndex = -1;
-};
-
 struct ButtonOptions
 {
     std::wstring name;
@@ -37,36 +19,6 @@ struct ButtonOptions
     bool enabled = true;
     short tabIndex = -1;
     std::function<void()> onClick; // without one, a default or cancel button closes the form
-};
-
-// A text drawn on the form, centred vertically. Its mnemonic moves the focus to the next item in tab order.
-class Label final : public FormItem
-{
-public:
-    Label(Form& form, const LabelOptions& options);
-
-    const std::wstring& Caption() const { return options_.caption; }
-    bool HasMnemonic(const MSG& message) const override;
-    void OnMnemonic(MSG& message) override;
-    void Paint(HDC context) override;
-
-private:
-    LabelOptions options_;
-};
-
-// An etched group frame with its caption in the top line.
-class Frame final : public FormItem
-{
-public:
-    Frame(Form& form, const FrameOptions& options);
-
-    const std::wstring& Caption() const { return options_.caption; }
-    bool HasMnemonic(const MSG& message) const override;
-    void OnMnemonic(MSG& message) override;
-    void Paint(HDC context) override;
-
-private:
-    FrameOptions options_;
 };
 
 // A real push button.

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "runtime/com/Variant.h"
+
+#include <string_view>
+#include <vector>
+
+namespace kiv::host
+{
+
+// Late-bound calls. Each throws ComError with the error that the object raised: the code in its EXCEPINFO
+// where it filled one, so a run-time error 380 arrives as RunTimeError(380).
+Variant GetProperty(IDispatch* object, DISPID member);
+Variant GetProperty(IDispatch* object, std::wstring_view name);
+// An object is put by reference first, then by value.
+void PutProperty(IDispatch* object, DISPID member, const Variant& value);
+void PutProperty(IDispatch* object, std::wstring_view name, const Variant& value);
+// Arguments in the order in which a caller writes them.
+Variant CallMethod(IDispatch* object, std::wstring_view name, const std::vector<Variant>& arguments);
+
+// The member's identifier; throws DISP_E_UNKNOWNNAME.
+DISPID MemberId(IDispatch* object, std::wstring_view name);
+bool HasMember(IDispatch* object, std::wstring_view name);
+
+// Case ignored, as automation names are compared.
+bool SameName(std::wstring_view one, std::wstring_view other);
+
+} // namespace kiv::host

@@ -1,0 +1,224 @@
+#include "host/container/ControlSite.h"
+
+#include "host/container/Automation.h"
+#include "host/container/ClientSite.h"
+#include "host/container/EventSink.h"
+#include "host/container/Extender.h"
+#include "host/container/Form.h"
+#include "host/container/ScreenUnits.h"
+#include "runtime/com/MakeCom.h"
+
+#include <olectl.h>
+
+namespace kiv::host
+{
+
+using Microsoft::WRL::ComPtr;
+
+ControlSite::ControlSite(Form& form, IUnknown* control, SiteOptions options) :
+    FormItem(form, options.name, options.bounds, options.tabIndex),
+    options_(std::move(options)),
+    control_(control),
+    site_(MakeCom<ClientSite>(*this)),
+    events_(MakeCom<EventSink>(FindEventInterface(control))),
+    extender_(MakeCom<Extender>(*this))
+{
+    static_cast<void>(control_.As(&dispatch_));
+    visible_ = options_.visible;
+    SetTabStop(options_.tabStop);
+}
+
+ControlSite::~ControlSite()
+{
+    Close();
+}
+
+Variant ControlSite::Get(std::wstring_view property) const
+{
+    return GetProperty(dispatch_.Get(), property);
+}
+
+void ControlSite::Put(std::wstring_view property, const Variant& value)
+{
+    PutProperty(dispatch_.Get(), property, value);
+}
+
+Variant ControlSite::Call(std::wstring_view method, const std::vector<Variant>& arguments)
+{
+    return CallMethod(dispatch_.Get(), method, arguments);
+}
+
+bool ControlSite::HasMember(std::wstring_view name) const
+{
+    return kiv::host::HasMember(dispatch_.Get(), name);
+}
+
+HWND ControlSite::Window() const
+{
+    HWND window = nullptr;
+    if (state_ >= SiteState::InPlaceActive)
+        if (const auto inPlace = Query<IOleInPlaceObject>())
+            inPlace->GetWindow(&window);
+    return window;
+}
+
+void ControlSite::SetUserMode(bool userMode)
+{
+    options_.userMode = userMode;
+    AmbientChanged(DISPID_AMBIENT_USERMODE);
+    AmbientChanged(DISPID_AMBIENT_UIDEAD);
+}
+
+void ControlSite::AmbientChanged(DISPID ambient)
+{
+    if (const auto control = Query<IOleControl>())
+        control->OnAmbientPropertyChange(ambient);
+}
+
+void ControlSite::OnEvent(EventHandler handler)
+{
+    events_->SetHandler(std::move(handler));
+}
+
+const std::vector<EventRecord>& ControlSite::Events() const
+{
+    return events_->Records();
+}
+
+void ControlSite::ClearEvents()
+{
+    events_->ClearRecords();
+}
+
+bool ControlSite::Dirty() const
+{
+    if (const auto stream = Query<IPersistStreamInit>())
+        return stream->IsDirty() == S_OK;
+    if (const auto storage = Query<IPersistStorage>())
+        return storage->IsDirty() == S_OK;
+    return false;
+}
+
+IDispatch* ControlSite::ExtendedControl() const
+{
+    return extender_.Get();
+}
+
+std::wstring ControlSite::NameOfMember(DISPID member) const
+{
+    ComPtr<ITypeInfo> description;
+    Bstr name;
+    UINT found = 0;
+    if (dispatch_ && SUCCEEDED(dispatch_->GetTypeInfo(0, LOCALE_USER_DEFAULT, &description)) && description &&
+        SUCCEEDED(description->GetNames(member, name.Receive(), 1, &found)) && found == 1)
+        return name.String();
+    return L"#" + std::to_wstring(member);
+}
+
+HRESULT ControlSite::Draw(HDC context, const RECT& bounds) const
+{
+    const auto view = Query<IViewObject>();
+    if (!view)
+        return E_NOINTERFACE;
+    const RECTL target = {bounds.left, bounds.top, bounds.right, bounds.bottom};
+    return view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, context, &target, nullptr, nullptr, 0);
+}
+
+void ControlSite::Move(const RECT& bounds)
+{
+    FormItem::Move(bounds);
+    if (const auto object = Query<IOleObject>())
+    {
+        SIZEL extent = PixelsToHimetric(SizeOf(bounds));
+        object->SetExtent(DVASPECT_CONTENT, &extent);
+    }
+    if (state_ < SiteState::InPlaceActive)
+        return;
+    if (const auto inPlace = Query<IOleInPlaceObject>())
+    {
+        RECT clip = {};
+        GetClientRect(Owner().Window(), &clip);
+        inPlace->SetObjectRects(&bounds_, &clip);
+    }
+}
+
+void ControlSite::SetVisible(bool visible)
+{
+    FormItem::SetVisible(visible);
+    DoVerb(visible ? OLEIVERB_SHOW : OLEIVERB_HIDE);
+}
+
+bool ControlSite::Enabled() const
+{
+    try
+    {
+        return !dispatch_ || GetProperty(dispatch_.Get(), DISPID_ENABLED).Bool();
+    }
+    catch (const ComError&)
+    {
+        return true; // a control without the property always answers
+    }
+}
+
+void ControlSite::SetEnabled(bool enabled)
+{
+    PutProperty(dispatch_.Get(), DISPID_ENABLED, Variant(enabled));
+}
+
+bool ControlSite::TakesFocus() const
+{
+    constexpr DWORD neverFocused = OLEMISC_NOUIACTIVATE | OLEMISC_ACTSLIKELABEL | OLEMISC_INVISIBLEATRUNTIME;
+    return state_ >= SiteState::InPlaceActive && Visible() && !(miscStatus_ & neverFocused) && Enabled();
+}
+
+bool ControlSite::HasFocus() const
+{
+    const HWND window = Window();
+    const HWND focus = GetFocus();
+    return window && focus && (focus == window || IsChild(window, focus));
+}
+
+void ControlSite::Focus()
+{
+    // An event raised on the way may take this site off the form.
+    const HWND window = Window();
+    UIActivate();
+    const HWND focus = GetFocus();
+    if (IsWindow(window) && focus != window && !IsChild(window, focus))
+        SetFocus(window);
+}
+
+bool ControlSite::HasMnemonic(const MSG& message) const
+{
+    if (!controlInfo_.hAccel || controlInfo_.cAccel == 0 || !TakesFocus())
+        return false;
+    MSG copy = message;
+    return IsAccelerator(controlInfo_.hAccel, controlInfo_.cAccel, &copy, nullptr) != FALSE;
+}
+
+void ControlSite::OnMnemonic(MSG& message)
+{
+    if (const auto control = Query<IOleControl>())
+        control->OnMnemonic(&message);
+}
+
+void ControlSite::ReadControlInfo()
+{
+    controlInfo_ = {};
+    controlInfo_.cb = sizeof(controlInfo_);
+    const auto control = Query<IOleControl>();
+    if (!control || FAILED(control->GetControlInfo(&controlInfo_)))
+        controlInfo_ = {};
+}
+
+bool ControlSite::EatsReturn() const
+{
+    return (controlInfo_.dwFlags & CTRLINFO_EATS_RETURN) != 0;
+}
+
+bool ControlSite::EatsEscape() const
+{
+    return (controlInfo_.dwFlags & CTRLINFO_EATS_ESCAPE) != 0;
+}
+
+} // namespace kiv::host

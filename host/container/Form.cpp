@@ -1,0 +1,218 @@
+#include "host/container/Form.h"
+
+#include "host/container/Automation.h"
+#include "host/container/DesignSurface.h"
+#include "host/container/FormFrame.h"
+#include "runtime/com/MakeCom.h"
+
+#include <olectl.h>
+
+#include <algorithm>
+
+namespace kiv::host
+{
+
+using Microsoft::WRL::ComPtr;
+
+namespace
+{
+
+// The font that the system draws dialogs with, as a font object for controls.
+ComPtr<IFontDisp> SystemDialogFont()
+{
+    LOGFONTW look = {};
+    GetObjectW(GetStockObject(DEFAULT_GUI_FONT), sizeof(look), &look);
+    const HDC screen = GetDC(nullptr);
+    const int inch = GetDeviceCaps(screen, LOGPIXELSY);
+    ReleaseDC(nullptr, screen);
+
+    FONTDESC description = {};
+    description.cbSizeofstruct = sizeof(description);
+    description.lpstrName = look.lfFaceName;
+    description.cySize.int64 = std::abs(look.lfHeight) * 72LL * 10000 / inch;
+    description.sWeight = static_cast<SHORT>(look.lfWeight);
+    description.sCharset = look.lfCharSet;
+    ComPtr<IFontDisp> font;
+    Check(OleCreateFontIndirect(&description, IID_PPV_ARGS(&font)));
+    return font;
+}
+
+} // namespace
+
+Form::Form(std::wstring_view title, SIZE clientSize) :
+    fontObject_(SystemDialogFont()), frame_(MakeCom<FormFrame>(*this))
+{
+    CreateFormWindow(title, clientSize);
+}
+
+Form::~Form()
+{
+    Destroy();
+}
+
+ControlSite& Form::Add(REFCLSID classId, SiteOptions options)
+{
+    ComPtr<IUnknown> control;
+    Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&control)));
+    return Host(control.Get(), std::move(options));
+}
+
+ControlSite& Form::Add(const wchar_t* progId, SiteOptions options)
+{
+    CLSID classId = {};
+    Check(CLSIDFromProgID(progId, &classId));
+    return Add(classId, std::move(options));
+}
+
+ControlSite& Form::Add(IUnknown* control, SiteOptions options)
+{
+    if (!control)
+        throw ComError(E_POINTER);
+    return Host(control, std::move(options));
+}
+
+ControlSite& Form::Host(IUnknown* control, SiteOptions options)
+{
+    auto made = std::make_unique<ControlSite>(*this, control, std::move(options));
+    ControlSite& site = *made;
+    site.Attach();
+    items_.push_back(std::move(made));
+    if (site.Options().activate && site.Visible() && (site.MiscStatus() & OLEMISC_ACTIVATEWHENVISIBLE))
+        Check(site.Activate());
+    if (design_)
+        design_->KeepOnTop();
+    return site;
+}
+
+void Form::Remove(ControlSite& site)
+{
+    const auto found =
+        std::find_if(items_.begin(), items_.end(), [&](const auto& item) { return item.get() == &site; });
+    if (found == items_.end())
+        return;
+    // Off the list first: what the control does while it closes must not find it there.
+    const std::unique_ptr<FormItem> removed = std::move(*found);
+    items_.erase(found);
+    if (Selected() == &site)
+        Select(nullptr);
+}
+
+Label& Form::AddLabel(const LabelOptions& options)
+{
+    auto label = std::make_unique<Label>(*this, options);
+    Label& added = *label;
+    items_.push_back(std::move(label));
+    return added;
+}
+
+Frame& Form::AddFrame(const FrameOptions& options)
+{
+    auto frame = std::make_unique<Frame>(*this, options);
+    Frame& added = *frame;
+    items_.push_back(std::move(frame));
+    return added;
+}
+
+Button& Form::AddButton(const ButtonOptions& options)
+{
+    auto button = std::make_unique<Button>(*this, options);
+    Button& added = *button;
+    items_.push_back(std::move(button));
+    if (design_)
+        design_->KeepOnTop();
+    return added;
+}
+
+FormItem* Form::Find(std::wstring_view name) const
+{
+    for (const auto& item : items_)
+        if (SameName(item->Name(), name))
+            return item.get();
+    return nullptr;
+}
+
+ControlSite* Form::FindSite(std::wstring_view name) const
+{
+    return dynamic_cast<ControlSite*>(Find(name));
+}
+
+HFONT Form::Font() const
+{
+    ComPtr<IFont> font;
+    HFONT handle = nullptr;
+    if (SUCCEEDED(fontObject_.As(&font)))
+        font->get_hFont(&handle);
+    return handle;
+}
+
+void Form::SetDesignMode(SIZE gridPixels)
+{
+    design_ = std::make_unique<DesignSurface>(*this, gridPixels);
+}
+
+void Form::Select(FormItem* item)
+{
+    if (design_)
+        design_->Select(item);
+}
+
+FormItem* Form::Selected() const
+{
+    return design_ ? design_->Selected() : nullptr;
+}
+
+void Form::Destroy()
+{
+    if (!window_)
+        return;
+    while (!items_.empty())
+    {
+        const std::unique_ptr<FormItem> removed = std::move(items_.back());
+        items_.pop_back();
+    }
+    design_.reset();
+    frame_->Detach();
+    activeObject_.Reset();
+    const HWND window = std::exchange(window_, nullptr);
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    DestroyWindow(window);
+}
+
+void Form::SiteActivated(ControlSite* site)
+{
+    if (active_ == site)
+        return;
+    ControlSite* const before = std::exchange(active_, site);
+    // The new control announces itself to the frame after this.
+    activeObject_.Reset();
+    if (before)
+        before->UIDeactivate();
+    UpdateDefaultButton();
+}
+
+void Form::SiteDeactivated(ControlSite& site)
+{
+    if (active_ != &site)
+        return;
+    active_ = nullptr;
+    activeObject_.Reset();
+}
+
+ComPtr<IUnknown> CreateFromModule(const wchar_t* path, REFCLSID classId)
+{
+    const HMODULE module = LoadLibraryExW(path, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    if (!module)
+        ThrowLastError();
+    using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+    const auto getClassObject = reinterpret_cast<GetClassObject>(
+        reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
+    if (!getClassObject)
+        ThrowLastError();
+    ComPtr<IClassFactory> factory;
+    ComPtr<IUnknown> control;
+    Check(getClassObject(classId, IID_PPV_ARGS(&factory)));
+    Check(factory->CreateInstance(nullptr, IID_PPV_ARGS(&control)));
+    return control;
+}
+
+} // namespace kiv::host

@@ -1,0 +1,50 @@
+#include "host/container/Frame.h"
+
+#include "host/container/Form.h"
+#include "host/container/Mnemonic.h"
+
+namespace kiv::host
+{
+
+namespace
+{
+
+// Pixels between the frame's left edge and its caption, and around the caption.
+constexpr int captionIndent = 9;
+constexpr int captionGap = 2;
+
+} // namespace
+
+Frame::Frame(Form& form, const FrameOptions& options) :
+    FormItem(form, options.name, options.bounds, options.tabIndex), options_(options)
+{
+}
+
+bool Frame::HasMnemonic(const MSG& message) const
+{
+    return HasMnemonicOf(options_.caption, message);
+}
+
+void Frame::OnMnemonic(MSG&)
+{
+    Owner().FocusAfter(*this);
+}
+
+void Frame::Paint(HDC context)
+{
+    RECT caption = {bounds_.left + captionIndent, bounds_.top, bounds_.right - captionIndent, bounds_.bottom};
+    DrawTextW(context, options_.caption.c_str(), -1, &caption, DT_SINGLELINE | DT_CALCRECT);
+
+    // The line runs through the middle of the caption and stops short of it on both sides.
+    RECT border = bounds_;
+    border.top += (caption.bottom - caption.top) / 2;
+    const int saved = SaveDC(context);
+    if (!options_.caption.empty())
+        ExcludeClipRect(context, caption.left - captionGap, caption.top, caption.right + captionGap,
+                        caption.bottom);
+    DrawEdge(context, &border, EDGE_ETCHED, BF_RECT);
+    RestoreDC(context, saved);
+    DrawTextW(context, options_.caption.c_str(), -1, &caption, DT_SINGLELINE);
+}
+
+} // namespace kiv::host

@@ -1,0 +1,45 @@
+#include "host/container/Label.h"
+
+#include "host/container/Form.h"
+#include "host/container/Mnemonic.h"
+
+namespace kiv::host
+{
+
+Label::Label(Form& form, const LabelOptions& options) :
+    FormItem(form, options.name, options.bounds, options.tabIndex), options_(options)
+{
+}
+
+bool Label::HasMnemonic(const MSG& message) const
+{
+    return HasMnemonicOf(options_.caption, message);
+}
+
+void Label::OnMnemonic(MSG&)
+{
+    Owner().FocusAfter(*this);
+}
+
+void Label::Paint(HDC context)
+{
+    LOGFONTW bold = {};
+    HFONT boldFont = nullptr;
+    if (options_.bold)
+    {
+        GetObjectW(Owner().Font(), sizeof(bold), &bold);
+        bold.lfWeight = FW_BOLD;
+        boldFont = CreateFontIndirectW(&bold);
+    }
+    const HGDIOBJ before = boldFont ? SelectObject(context, boldFont) : nullptr;
+    RECT bounds = bounds_;
+    DrawTextW(context, options_.caption.c_str(), -1, &bounds,
+              (options_.alignRight ? DT_RIGHT : DT_LEFT) | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP);
+    if (boldFont)
+    {
+        SelectObject(context, before);
+        DeleteObject(boldFont);
+    }
+}
+
+} // namespace kiv::host

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "host/container/FormItem.h"
+
+#include <string>
+
+namespace kiv::host
+{
+
+// Bounds are pixels of the form's client area; "&" in a caption marks its mnemonic.
+struct LabelOptions
+{
+    std::wstring name;
+    std::wstring caption;
+    RECT bounds = {};
+    bool alignRight = false;
+    bool bold = false;
+    short tabIndex = -1; // -1: after all that the form holds already
+};
+
+// A text drawn on the form, centred vertically. Its mnemonic moves the focus to the next item in tab order.
+class Label final : public FormItem
+{
+public:
+    Label(Form& form, const LabelOptions& options);
+
+    const std::wstring& Caption() const { return options_.caption; }
+    bool HasMnemonic(const MSG& message) const override;
+    void OnMnemonic(MSG& message) override;
+    void Paint(HDC context) override;
+
+private:
+    LabelOptions options_;
+};
+
+} // namespace kiv::host

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <windows.h>
+
+namespace kiv::host
+{
+
+// Lengths on this screen, whose axes may differ in pixels per inch. Rounded to the nearest.
+SIZE PixelsToHimetric(SIZE pixels);
+SIZE HimetricToPixels(SIZE himetric);
+// The rectangle of a position and size in twips.
+RECT PixelsFromTwips(long left, long top, long width, long height);
+int TwipsPerPixelX();
+int TwipsPerPixelY();
+
+inline SIZE SizeOf(const RECT& bounds)
+{
+    return {bounds.right - bounds.left, bounds.bottom - bounds.top};
+}
+
+} // namespace kiv::host
