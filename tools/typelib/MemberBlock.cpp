@@ -28,7 +28,7 @@ MemberBlock readMemberBlock(ByteView block, std::size_t memberCount)
     for (std::size_t i = 0; i < memberCount; ++i)
     {
         const std::size_t size = read16(records, position);
-        if (size < 4 || read32(offsets, tableEntry * i) != position)
+        if (read32(offsets, tableEntry * i) != position)
             throw TypeLibraryError("the member records of a type do not follow each other");
         const ByteView record = slice(records, position, size);
         members.push_back({Bytes(record.begin(), record.end()), read32(ids, tableEntry * i),

@@ -13,12 +13,10 @@ constexpr std::uint32_t version = 0x00010002;
 
 // The file's header; offsets in bytes.
 constexpr std::size_t versionField = 0x04;
-constexpr std::size_t flagsField = 0x14;
 constexpr std::size_t typeCountField = 0x20;
 constexpr std::size_t nameCountField = 0x30;
 constexpr std::size_t nameCharactersField = 0x34;
 constexpr std::size_t headerSize = 0x54;
-constexpr std::uint32_t hasHelpStringDll = 0x100; // then the header is four bytes longer
 
 // A directory entry: offset and length of the segment, and two fields that always hold the same.
 constexpr std::size_t directoryEntrySize = 16;
@@ -38,12 +36,11 @@ std::size_t preambleSize(ByteView file)
     if (read32(file, versionField) != version)
         throw TypeLibraryError("a type library of an unknown version");
     const std::size_t typeCount = read32(file, typeCountField);
-    const std::size_t helpStringDll = (read32(file, flagsField) & hasHelpStringDll) != 0 ? 4 : 0;
-    const std::size_t size = headerSize + helpStringDll + 4 * typeCount;
+    const std::size_t size = headerSize + 4 * typeCount;
     slice(file, 0, size);
     for (std::size_t i = 0; i < typeCount; ++i)
     {
-        if (read32(file, size - 4 * (typeCount - i)) != typeHeaderSize * i)
+        if (read32(file, headerSize + 4 * i) != typeHeaderSize * i)
             throw TypeLibraryError("the headers of the types do not follow each other");
     }
     return size;
@@ -82,11 +79,7 @@ std::size_t TypeLibrary::readSegments(ByteView file)
         starts.emplace_back(offset, i);
     }
 
-    // Of two that begin at one place, at most the second may hold anything.
-    std::sort(starts.begin(), starts.end(), [this](const auto& left, const auto& right) {
-        return std::pair(left.first, segments_[left.second].data.size()) <
-               std::pair(right.first, segments_[right.second].data.size());
-    });
+    std::sort(starts.begin(), starts.end());
     std::size_t position = preamble_.size() + directory.size();
     for (const auto& [offset, index] : starts)
     {
