@@ -19,16 +19,16 @@ std::string readFile(const std::string& path)
     return content;
 }
 
+// Under another name until it is whole: the build takes whatever bears the right name for finished.
 void writeFile(const std::string& path, const Bytes& content)
 {
-    std::ofstream file(path, std::ios::binary);
+    const std::string unfinished = path + ".part";
+    std::ofstream file(unfinished, std::ios::binary);
     std::copy(content.begin(), content.end(), std::ostreambuf_iterator<char>(file));
     file.close();
     if (!file)
-    {
-        std::filesystem::remove(path); // half a file would pass for a finished one
         throw TypeLibraryError("cannot write it");
-    }
+    std::filesystem::rename(unfinished, path);
 }
 } // namespace
 
