@@ -1,5 +1,6 @@
 // GoogleTest's own place for adaptations; it finds this file instead of its empty one.
-// The mingw C++ library over Windows' own threads has no std::mutex, which GoogleTest wants for one class only.
+// The mingw C++ library over Windows' own threads has no std::mutex, which GoogleTest wants for one class
+// only.
 #pragma once
 
 #include <windows.h>
