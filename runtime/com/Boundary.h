@@ -13,7 +13,8 @@ HRESULT CurrentExceptionResult() noexcept;
 
 // The edge of the library: runs a body that may throw and answers with an HRESULT. The body returns nothing
 // (S_OK) or an HRESULT of its own.
-template<class Body> HRESULT Boundary(Body&& body) noexcept
+template<class Body>
+HRESULT Boundary(Body&& body) noexcept
 {
     try
     {

@@ -27,7 +27,8 @@ ThreadDatum& ThreadDatumOf(const void* key, ThreadDatumMaker make);
 
 // The calling thread's own T, made when it is first asked for. All of a module's per-thread data hangs on one
 // TLS slot that the library frees itself: destructors of thread_local objects may run when it is gone.
-template<class T> T& PerThread()
+template<class T>
+T& PerThread()
 {
     struct Datum : detail::ThreadDatum
     {

@@ -51,7 +51,12 @@ Variant::Variant(IUnknown* object) noexcept : Variant()
 
 Variant::Variant(const VARIANT& value) : Variant()
 {
-    Check(VariantCopyInd(&value_, &value));
+    Check(VariantCopyInd(&value_, const_cast<VARIANT*>(&value)));
+}
+
+Variant::Variant(const Variant& other) : Variant()
+{
+    Check(VariantCopy(&value_, other.Borrow()));
 }
 
 Variant Variant::Null() noexcept
@@ -61,19 +66,11 @@ Variant Variant::Null() noexcept
     return null;
 }
 
-Variant Variant::ByReference(VARIANT_BOOL* value) noexcept
+Variant Variant::ByReference(VARTYPE type, void* storage) noexcept
 {
     Variant reference;
-    V_VT(&reference.value_) = VT_BYREF | VT_BOOL;
-    V_BOOLREF(&reference.value_) = value;
-    return reference;
-}
-
-Variant Variant::ByReference(short* value) noexcept
-{
-    Variant reference;
-    V_VT(&reference.value_) = VT_BYREF | VT_I2;
-    V_I2REF(&reference.value_) = value;
+    V_VT(&reference.value_) = static_cast<VARTYPE>(VT_BYREF | type);
+    V_BYREF(&reference.value_) = storage;
     return reference;
 }
 
@@ -89,7 +86,7 @@ std::optional<Variant> Variant::As(VARTYPE type) const
     // An object stays an object: its default member is not asked for a value behind the host's back.
     if (Object() && type != VT_DISPATCH && type != VT_UNKNOWN)
         return std::nullopt;
-    if (FAILED(VariantChangeType(&converted.value_, &value_, 0, type)))
+    if (FAILED(VariantChangeType(&converted.value_, Borrow(), 0, type)))
         return std::nullopt;
     return converted;
 }
@@ -97,28 +94,32 @@ std::optional<Variant> Variant::As(VARTYPE type) const
 Variant Variant::Converted(VARTYPE type) const
 {
     Variant converted;
-    Check(VariantChangeType(&converted.value_, &value_, 0, type));
+    Check(VariantChangeType(&converted.value_, Borrow(), 0, type));
     return converted;
 }
 
 bool Variant::Bool() const
 {
-    return V_BOOL(&Converted(VT_BOOL).value_) != VARIANT_FALSE;
+    const Variant converted = Converted(VT_BOOL);
+    return V_BOOL(&converted.value_) != VARIANT_FALSE;
 }
 
 short Variant::Short() const
 {
-    return V_I2(&Converted(VT_I2).value_);
+    const Variant converted = Converted(VT_I2);
+    return V_I2(&converted.value_);
 }
 
 long Variant::Long() const
 {
-    return V_I4(&Converted(VT_I4).value_);
+    const Variant converted = Converted(VT_I4);
+    return V_I4(&converted.value_);
 }
 
 std::wstring Variant::Text() const
 {
-    return std::wstring(Bstr::ViewOf(V_BSTR(&Converted(VT_BSTR).value_)));
+    const Variant converted = Converted(VT_BSTR);
+    return std::wstring(Bstr::ViewOf(V_BSTR(&converted.value_)));
 }
 
 IUnknown* Variant::Object() const
@@ -149,7 +150,7 @@ bool Identical(const Variant& one, const Variant& other)
     case VT_DISPATCH:
         return one.Object() == other.Object();
     default:
-        return VarCmp(const_cast<VARIANT*>(&a), const_cast<VARIANT*>(&b), LOCALE_INVARIANT, 0) == VARCMP_EQ;
+        return VarCmp(one.Borrow(), other.Borrow(), LOCALE_INVARIANT, 0) == VARCMP_EQ;
     }
 }
 

@@ -25,7 +25,7 @@ public:
     explicit Variant(IUnknown* object) noexcept;
     // A copy of the value; a by-reference value is copied by what it refers to.
     explicit Variant(const VARIANT& value);
-    Variant(const Variant& other) : Variant(other.value_) {}
+    Variant(const Variant& other);
     Variant(Variant&& other) noexcept : Variant() { std::swap(value_, other.value_); }
     Variant& operator=(Variant other) noexcept
     {
@@ -35,11 +35,12 @@ public:
     ~Variant() { VariantClear(&value_); }
 
     static Variant Null() noexcept;
-    // By-reference arguments of an event; the caller keeps the storage alive.
-    static Variant ByReference(VARIANT_BOOL* value) noexcept;
-    static Variant ByReference(short* value) noexcept;
+    // A by-reference argument; type is that of what is referred to, and the caller keeps the storage alive.
+    static Variant ByReference(VARTYPE type, void* storage) noexcept;
 
     const VARIANT& Get() const { return value_; }
+    // For calls that read a value but are not declared so.
+    VARIANT* Borrow() const { return const_cast<VARIANT*>(&value_); }
     VARTYPE Type() const { return V_VT(&value_); }
     bool IsNull() const { return Type() == VT_NULL; }
 

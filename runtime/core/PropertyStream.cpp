@@ -37,7 +37,11 @@ public:
             bytes_.push_back(static_cast<std::uint8_t>(number >> (8 * i)));
     }
 
-    template<class Range> void Bytes(const Range& range) { bytes_.insert(bytes_.end(), range.begin(), range.end()); }
+    template<class Range>
+    void Bytes(const Range& range)
+    {
+        bytes_.insert(bytes_.end(), range.begin(), range.end());
+    }
 
     std::vector<std::uint8_t> Take() { return std::move(bytes_); }
 

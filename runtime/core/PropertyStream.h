@@ -39,9 +39,9 @@ struct DamagedStream : std::runtime_error
 constexpr std::size_t PropertyStreamHeaderSize = 16;
 
 // Layout, little-endian: "KIVS", version (32 bits), size of the body, CRC-32 of the body; the body holds
-// width and height (HIMETRIC), the count of properties, and for each the name's length (16 bits) and bytes, the
-// type (16 bits), the value's size (32 bits) and bytes.
-// Throws std::length_error when a name or the whole does not fit its length field.
+// width and height (HIMETRIC), the count of properties, and for each the name's length (16 bits) and bytes,
+// the type (16 bits), the value's size (32 bits) and bytes. Throws std::length_error when a name or the whole
+// does not fit its length field.
 std::vector<std::uint8_t> EncodePropertyStream(const PropertyStream& stream);
 
 // Size of the body as the header says; throws DamagedStream when it is no header of a known version.

@@ -1,0 +1,417 @@
+#include "controls/choice/YesNo.h"
+
+#include "resources/ResourceIds.h"
+#include "runtime/forms/Screen.h"
+
+using Microsoft::WRL::ComPtr;
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr DISPID ClickEvent = 1;
+constexpr DISPID ChangeEvent = 2;
+
+constexpr wchar_t YesCaption[] = L"Yes";
+constexpr wchar_t NoCaption[] = L"No";
+constexpr UINT CaptionFormat = DT_RIGHT | DT_VCENTER | DT_SINGLELINE;
+
+constexpr long DefaultBackColor = static_cast<long>(0x8000000F); // button face
+constexpr long DefaultForeColor = static_cast<long>(0x80000012); // button text
+constexpr wchar_t DefaultYesText[] = L"Y";
+constexpr wchar_t DefaultNoText[] = L"N";
+
+// Equality as hosts know it from their own language: text against text, letter for letter. Null, and what is
+// no text at all, equals nothing.
+bool EqualAsText(const Variant& one, const Variant& other)
+{
+    const std::optional<Variant> first = one.As(VT_BSTR);
+    const std::optional<Variant> second = other.As(VT_BSTR);
+    return first && second && Identical(*first, *second);
+}
+
+} // namespace
+
+const ControlClass YesNo::Class = {
+    CLSID_YesNo,          __uuidof(_YesNo),  __uuidof(__YesNo), L"YesNo",
+    L"KivControls.YesNo", KIV_TOOLBOX_YESNO, {1800, 300},
+};
+
+YesNo::YesNo(IUnknown* outer) : DualControl(Class, outer) {}
+
+void* YesNo::FindInterface(REFIID iid) noexcept
+{
+    if (iid == __uuidof(ISubClass))
+        return static_cast<ISubClass*>(&subClass_);
+    return DualControl::FindInterface(iid);
+}
+
+// --- The control's life ---
+
+void YesNo::UserControl_Initialize()
+{
+    if (!Module().SharedPictures.YNCLEAR)
+        Main();
+    Font(CreateDefaultFont());
+    RegisterOwner(TheSurface().hWnd(), &subClass_);
+    HookWindow(TheSurface().hWnd(), PrevWndProc);
+    FocusOption = 1;
+}
+
+void YesNo::UserControl_InitProperties()
+{
+    Font(Ambient().Font());
+    YesText = DefaultYesText;
+    NoText = Variant(DefaultNoText);
+    Value_ = 0;
+}
+
+void YesNo::UserControl_ReadProperties(PropertyBag& PropBag)
+{
+    TheSurface().BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
+    TheSurface().ForeColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", DefaultForeColor)));
+    // Without EnableWindow, unlike the property.
+    TheSurface().Enabled(PropBag.ReadProperty(L"Enabled", true));
+    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
+    YesText = PropBag.ReadProperty(L"YesText", DefaultYesText);
+    NoText = PropBag.ReadTextVariant(L"NoText", Variant(DefaultNoText));
+    Value_ = PropBag.ReadProperty(L"Value", 0L);
+}
+
+void YesNo::UserControl_Resize()
+{
+    CalcLayout();
+}
+
+void YesNo::UserControl_Paint()
+{
+    const Graphics graphics = TheSurface().AcquireGraphics();
+    const HDC dc = graphics.Dc();
+    const MemoryDc memory(graphics.CompatibleWith());
+    if (!memory)
+        return;
+
+    const SharedPictures& pictures = Module().SharedPictures;
+    const int yesLeft = 0;
+    const int noLeft = layout_.NoLeft;
+    DrawOption(dc, memory.Get(), pictures.YNMASK, yesLeft, SRCAND);
+    DrawOption(dc, memory.Get(), pictures.YNMASK, noLeft, SRCAND);
+    DrawOption(dc, memory.Get(), Value_ == Yes ? pictures.YNSET : pictures.YNCLEAR, yesLeft, SRCPAINT);
+    DrawOption(dc, memory.Get(), Value_ == No ? pictures.YNSET : pictures.YNCLEAR, noLeft, SRCPAINT);
+
+    const SIZE size = TheSurface().PixelSize();
+    RECT yesCaption = {0, 0, layout_.YesRight - 2, size.cy};
+    RECT noCaption = {layout_.NoLeft, 0, size.cx - 2, size.cy};
+    DrawCaption(dc, YesCaption, yesCaption, CaptionFormat, TheSurface().Enabled());
+    DrawCaption(dc, NoCaption, noCaption, CaptionFormat, TheSurface().Enabled());
+
+    if (GetFocus() == TheSurface().hWnd())
+        DrawFocusState(Neither);
+}
+
+void YesNo::UserControl_MouseDown(short, short, double X, double)
+{
+    if (const long option = OptionAt(layout_, X, Screen::TwipsPerPixelX()))
+        DrawFocusState(static_cast<AnswerEnums>(option));
+}
+
+void YesNo::UserControl_MouseUp(short, short, double X, double Y)
+{
+    const bool focused = GetFocus() == TheSurface().hWnd();
+    const bool inside = X >= 0 && X <= TheSurface().ScaleWidth() && Y >= 0 && Y <= TheSurface().ScaleHeight();
+    if (!focused || !inside)
+        return;
+    if (const long option = OptionAt(layout_, X, Screen::TwipsPerPixelX()))
+        CommitValue(Toggled(Value_, option));
+}
+
+void YesNo::UserControl_KeyDown(short& KeyCode, short)
+{
+    if (KeyCode == VK_LEFT)
+        DrawFocusState(Yes);
+    else if (KeyCode == VK_RIGHT)
+        DrawFocusState(No);
+}
+
+void YesNo::UserControl_KeyPress(short& KeyAscii)
+{
+    if (const long option = OptionOfCharacter(KeyAscii))
+    {
+        DrawFocusState(static_cast<AnswerEnums>(option));
+        if (Value_ != option)
+            CommitValue(option);
+    }
+    else if (KeyAscii == ' ')
+    {
+        CommitValue(Toggled(Value_, FocusOption));
+    }
+}
+
+void YesNo::UserControl_WriteProperties(PropertyBag& PropBag)
+{
+    const Surface& surface = TheSurface();
+    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(surface.BackColor())),
+                          Variant(DefaultBackColor));
+    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(surface.ForeColor())),
+                          Variant(DefaultForeColor));
+    PropBag.WriteProperty(L"Enabled", Variant(surface.Enabled()), Variant(true));
+    PropBag.WriteProperty(L"YesText", Variant(YesText), Variant(DefaultYesText));
+    PropBag.WriteProperty(L"NoText", NoText, Variant(DefaultNoText));
+    PropBag.WriteProperty(L"Value", Variant(Value_), Variant(0L));
+    SaveFontProperty(PropBag, surface.Font(), Ambient().Font());
+}
+
+void YesNo::UserControl_Terminate()
+{
+    UnhookWindow(TheSurface().hWnd(), PrevWndProc);
+}
+
+void YesNo::FontChanged()
+{
+    CalcLayout();
+    Refresh();
+}
+
+// Errors are trapped by the service: they must not unwind through the window procedure.
+LRESULT YesNo::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
+{
+    // Toggling draws the rectangle on the way in and erases it on the way out.
+    if (msg == WM_SETFOCUS || msg == WM_KILLFOCUS)
+        Boundary([&] { DrawFocusState(Neither); });
+    return CallPrevious(PrevWndProc, hwnd, msg, wParam, lParam);
+}
+
+// --- Properties ---
+
+HRESULT YesNo::get_BackColor(OLE_COLOR* result) noexcept
+{
+    return Get(result, [&] { return TheSurface().BackColor(); });
+}
+
+HRESULT YesNo::put_BackColor(OLE_COLOR newColor) noexcept
+{
+    return Member([&] {
+        TheSurface().BackColor(newColor);
+        PropertyChanged(L"BackColor");
+        Refresh();
+    });
+}
+
+HRESULT YesNo::get_ForeColor(OLE_COLOR* result) noexcept
+{
+    return Get(result, [&] { return TheSurface().ForeColor(); });
+}
+
+HRESULT YesNo::put_ForeColor(OLE_COLOR newColor) noexcept
+{
+    return Member([&] {
+        TheSurface().ForeColor(newColor);
+        PropertyChanged(L"ForeColor");
+        Refresh();
+    });
+}
+
+HRESULT YesNo::get_Enabled(VARIANT_BOOL* result) noexcept
+{
+    return Get(result, [&] { return TheSurface().Enabled() ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+HRESULT YesNo::put_Enabled(VARIANT_BOOL newState) noexcept
+{
+    return Member([&] {
+        const bool enabled = newState != VARIANT_FALSE;
+        EnableWindow(TheSurface().hWnd(), enabled);
+        TheSurface().Enabled(enabled);
+        PropertyChanged(L"Enabled");
+        Refresh();
+    });
+}
+
+HRESULT YesNo::get_Font(IFontDisp** result) noexcept
+{
+    return Get(result, [&] { return FontObject(TheSurface().Font()).Detach(); });
+}
+
+HRESULT YesNo::putref_Font(IFontDisp* newFont) noexcept
+{
+    // Without a font the container's is as good as any.
+    return Member([&] { Font(newFont ? FontObject(newFont) : Ambient().Font()); });
+}
+
+void YesNo::Font(FontObject newFont)
+{
+    TheSurface().Font(std::move(newFont), [this] { FontChanged(); });
+    PropertyChanged(L"Font");
+    CalcLayout();
+    Refresh();
+}
+
+HRESULT YesNo::get_hwnd(LONG* result) noexcept
+{
+    return Get(result, [&] { return HandleToLong(TheSurface().hWnd()); });
+}
+
+HRESULT YesNo::get_YesText(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(YesText).Detach(); });
+}
+
+HRESULT YesNo::put_YesText(BSTR newText) noexcept
+{
+    return Member([&] {
+        YesText = Bstr::ViewOf(newText);
+        PropertyChanged(L"YesText");
+    });
+}
+
+HRESULT YesNo::get_NoText(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(NoText.Text()).Detach(); });
+}
+
+HRESULT YesNo::put_NoText(BSTR newText) noexcept
+{
+    return Member([&] {
+        NoText = Variant(Bstr::ViewOf(newText));
+        PropertyChanged(L"NoText");
+    });
+}
+
+HRESULT YesNo::get_Text(VARIANT* result) noexcept
+{
+    return result ? Member([&] { Text().DetachTo(result); }) : E_POINTER;
+}
+
+Variant YesNo::Text() const
+{
+    if (Value_ == Yes)
+        return Variant(YesText);
+    if (Value_ == No)
+        return Variant(NoText.Text());
+    return Variant::Null();
+}
+
+HRESULT YesNo::put_Text(VARIANT newText) noexcept
+{
+    return Member([&] { Text(Variant(newText)); });
+}
+
+void YesNo::Text(const Variant& newText)
+{
+    if (EqualAsText(newText, NoText))
+        Value(No);
+    else if (EqualAsText(newText, Variant(YesText)))
+        Value(Yes);
+    else if (Value_ != Neither)
+        Value(Neither);
+}
+
+HRESULT YesNo::get_Value(AnswerEnums* result) noexcept
+{
+    return Get(result, [&] { return static_cast<AnswerEnums>(Value_); });
+}
+
+HRESULT YesNo::put_Value(AnswerEnums newAnswer) noexcept
+{
+    return Member([&] { Value(newAnswer); });
+}
+
+// Any number is taken: one that is no answer shows both options unselected.
+void YesNo::Value(long newAnswer)
+{
+    if (newAnswer == Value_)
+        return;
+    Value_ = newAnswer;
+    PropertyChanged(L"Value");
+    PropertyChanged(L"Text");
+    Refresh();
+    RaiseChange();
+}
+
+// --- Methods and events ---
+
+HRESULT YesNo::DrawFocusState(AnswerEnums* TargetFocus) noexcept
+{
+    return Member([&] { DrawFocusState(TargetFocus ? *TargetFocus : Neither); });
+}
+
+HRESULT YesNo::ShowAboutBox() noexcept
+{
+    return Member([&] {
+        AppMsgBox(L"Yes/No custom control that will let you unselect an option after you have selected it.",
+                  MB_OK);
+    });
+}
+
+// Whether the host lets the change happen.
+bool YesNo::RaiseClick()
+{
+    VARIANT_BOOL Cancel = VARIANT_FALSE;
+    const Variant arguments[] = {Variant::ByReference(VT_BOOL, &Cancel)};
+    RaiseEvent(ClickEvent, arguments);
+    return Cancel == VARIANT_FALSE;
+}
+
+void YesNo::RaiseChange()
+{
+    RaiseEvent(ChangeEvent);
+}
+
+// --- Layout, painting and the answer ---
+
+void YesNo::CalcLayout()
+{
+    const Surface& surface = TheSurface();
+    layout_ = CalcYesNoLayout(surface.ScaleWidth(), surface.TextWidth(YesCaption),
+                              surface.TextWidth(NoCaption), Screen::TwipsPerPixelX());
+}
+
+// A picture that could not be loaded is left out.
+void YesNo::DrawOption(HDC dc, HDC memory, const Picture& picture, int x, DWORD rasterOperation) const
+{
+    const HBITMAP bitmap = BitmapOf(picture);
+    if (!bitmap)
+        return;
+    const int top = OptionImageTop(TheSurface().ScaleHeight(), Screen::TwipsPerPixelY());
+    const Selection selected(memory, bitmap);
+    BitBlt(dc, x, top, OptionImageSize, OptionImageSize, memory, 0, 0, rasterOperation);
+}
+
+// There is no record of whether the rectangle shows: drawing inverts, so each call without a target toggles
+// it. A host that moves it while the control has no focus leaves one at each option; that is deliberate.
+void YesNo::DrawFocusState(AnswerEnums TargetFocus)
+{
+    if (!Ambient().UserMode())
+        return;
+    if (TargetFocus != Neither)
+    {
+        if (TargetFocus == FocusOption)
+            return;
+        DrawFocusState(Neither);
+        FocusOption = static_cast<short>(TargetFocus);
+    }
+    const SIZE size = TheSurface().PixelSize();
+    const RECT rectangle = FocusOption == Yes ? RECT{0, 0, layout_.YesRight, size.cy}
+                                              : RECT{layout_.NoLeft, 0, size.cx, size.cy};
+    DrawFocusRect(TheSurface().AcquireGraphics().Dc(), &rectangle);
+}
+
+void YesNo::CommitValue(long newValue)
+{
+    const long oldValue = Value_;
+    Value_ = newValue;
+    if (!RaiseClick())
+    {
+        Value_ = oldValue;
+        Refresh();
+        return;
+    }
+    if (oldValue == newValue)
+        return;
+    Value_ = oldValue;
+    Value(newValue);
+}
+
+} // namespace kiv

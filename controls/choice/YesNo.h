@@ -1,0 +1,88 @@
+#pragma once
+
+#include "controls/choice/YesNoRules.h"
+#include "framework/ModuleData.h"
+#include "framework/SubClass.h"
+#include "framework/SubClassOwner.h"
+#include "runtime/forms/DualControl.h"
+
+#include <KivControls.h>
+
+namespace kiv
+{
+
+// A yes/no answer that can be unselected again: choosing the selected option returns it to Neither. Draws
+// itself, the options' focus rectangle included, and asks the host before every change that the user makes.
+class YesNo final : public DualControl<_YesNo>
+{
+public:
+    static const ControlClass Class;
+
+    explicit YesNo(IUnknown* outer);
+
+    // _YesNo
+    HRESULT STDMETHODCALLTYPE get_BackColor(OLE_COLOR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_BackColor(OLE_COLOR newColor) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_ForeColor(OLE_COLOR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_ForeColor(OLE_COLOR newColor) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_Enabled(VARIANT_BOOL newState) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_Font(IFontDisp** result) noexcept override;
+    HRESULT STDMETHODCALLTYPE putref_Font(IFontDisp* newFont) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_YesText(BSTR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_YesText(BSTR newText) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_NoText(BSTR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_NoText(BSTR newText) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_Text(VARIANT* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_Text(VARIANT newText) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_Value(AnswerEnums* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_Value(AnswerEnums newAnswer) noexcept override;
+    HRESULT STDMETHODCALLTYPE DrawFocusState(AnswerEnums* TargetFocus) noexcept override;
+    HRESULT STDMETHODCALLTYPE ShowAboutBox() noexcept override;
+
+    LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+
+protected:
+    void* FindInterface(REFIID iid) noexcept override;
+
+private:
+    // The control's life, in its order.
+    void UserControl_Initialize() override;
+    void UserControl_InitProperties() override;
+    void UserControl_ReadProperties(PropertyBag& PropBag) override;
+    void UserControl_Resize() override;
+    void UserControl_Paint() override;
+    void UserControl_MouseDown(short Button, short Shift, double X, double Y) override;
+    void UserControl_MouseUp(short Button, short Shift, double X, double Y) override;
+    void UserControl_KeyDown(short& KeyCode, short Shift) override;
+    void UserControl_KeyPress(short& KeyAscii) override;
+    void UserControl_WriteProperties(PropertyBag& PropBag) override;
+    void UserControl_Terminate() override;
+    void FontChanged();
+
+    // Properties.
+    void Font(FontObject newFont);
+    Variant Text() const;
+    void Text(const Variant& newText);
+    void Value(long newAnswer);
+
+    // Events.
+    bool RaiseClick();
+    void RaiseChange();
+
+    void CalcLayout();
+    void DrawOption(HDC dc, HDC memory, const Picture& picture, int x, DWORD rasterOperation) const;
+    void DrawFocusState(AnswerEnums TargetFocus);
+    void CommitValue(long newValue);
+
+    SubClassOwner<YesNo> subClass_{*this};
+    long Value_ = 0;
+    std::wstring YesText;
+    Variant NoText; // whatever kind of value the container's bag held; compared and handed out as text
+    short FocusOption = 1;
+    YesNoLayout layout_;
+    WndProcSlot PrevWndProc = 0;
+};
+
+} // namespace kiv

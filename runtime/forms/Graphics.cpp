@@ -1,0 +1,67 @@
+#include "runtime/forms/Graphics.h"
+
+#include "runtime/com/PerThread.h"
+
+namespace kiv
+{
+
+namespace
+{
+
+// Measuring needs a device context but no window; one of the thread's own spares taking one each time.
+struct Ruler
+{
+    MemoryDc Dc{nullptr};
+};
+
+} // namespace
+
+std::string Ansi(std::wstring_view text)
+{
+    const int length = static_cast<int>(text.size());
+    const int size = WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string ansi(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_ACP, 0, text.data(), length, ansi.data(), size, nullptr, nullptr);
+    return ansi;
+}
+
+Graphics::Graphics(HWND window, HDC dc, HFONT font, COLORREF textColor, COLORREF backColor) :
+    window_(window), dc_(dc), saved_(SaveDC(dc))
+{
+    if (font)
+        SelectObject(dc_, font);
+    SetTextColor(dc_, textColor);
+    SetBkColor(dc_, backColor);
+    SetBkMode(dc_, TRANSPARENT);
+}
+
+Graphics::~Graphics()
+{
+    if (saved_ != 0)
+        RestoreDC(dc_, saved_);
+    if (window_)
+        ReleaseDC(window_, dc_);
+}
+
+HDC Graphics::CompatibleWith() const
+{
+    return IsMetafile(dc_) ? nullptr : dc_;
+}
+
+bool IsMetafile(HDC dc)
+{
+    const DWORD type = GetObjectType(dc);
+    return type == OBJ_METADC || type == OBJ_ENHMETADC;
+}
+
+int TextWidthInPixels(std::wstring_view text, HFONT font)
+{
+    const HDC dc = PerThread<Ruler>().Dc.Get();
+    const Selection selected(dc, font);
+    const std::string ansi = Ansi(text);
+    SIZE extent = {};
+    GetTextExtentPoint32A(dc, ansi.c_str(), static_cast<int>(ansi.size()), &extent);
+    return extent.cx;
+}
+
+} // namespace kiv

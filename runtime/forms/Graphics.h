@@ -1,0 +1,42 @@
+#pragma once
+
+#include "runtime/forms/Gdi.h"
+
+#include <string>
+#include <string_view>
+
+namespace kiv
+{
+
+// The ANSI code page's form of a text, which is what the controls' windows draw and hold.
+std::string Ansi(std::wstring_view text);
+
+// A surface's device context in use, with the surface's font and colours in force. A window's is given back
+// and a painter's put back as it was when this ends.
+class Graphics
+{
+public:
+    // window: whose device context to take and give back; null when dc is the painter's own.
+    Graphics(HWND window, HDC dc, HFONT font, COLORREF textColor, COLORREF backColor);
+    Graphics(const Graphics&) = delete;
+    Graphics& operator=(const Graphics&) = delete;
+    ~Graphics();
+
+    HDC Dc() const { return dc_; }
+    // What a memory device context for this one is made compatible with; the screen (null) for a metafile,
+    // which has no bits of its own.
+    HDC CompatibleWith() const;
+
+private:
+    HWND window_;
+    HDC dc_;
+    int saved_;
+};
+
+// Whether a device context records instead of drawing.
+bool IsMetafile(HDC dc);
+
+// Width of a text in pixels, as the screen draws it with a font.
+int TextWidthInPixels(std::wstring_view text, HFONT font);
+
+} // namespace kiv

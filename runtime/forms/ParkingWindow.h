@@ -1,0 +1,12 @@
+#pragma once
+
+#include <windows.h>
+
+namespace kiv
+{
+
+// The calling thread's hidden window under which controls' windows wait while no container shows them.
+// Throws ComError when it cannot be made.
+HWND ParkingWindow();
+
+} // namespace kiv

@@ -1,0 +1,230 @@
+#include "runtime/forms/Surface.h"
+
+#include "runtime/com/Boundary.h"
+#include "runtime/com/Module.h"
+#include "runtime/core/Scoped.h"
+#include "runtime/forms/ParkingWindow.h"
+#include "runtime/forms/Screen.h"
+
+#include <olectl.h>
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr char ClassName[] = "KivControls.UserControl";
+
+// The window class, there while the module is.
+class WindowClass
+{
+public:
+    explicit WindowClass(WNDPROC procedure)
+    {
+        WNDCLASSEXA description = {};
+        description.cbSize = sizeof description;
+        description.lpfnWndProc = procedure;
+        // The surface's pointer lives here: the user-data slot belongs to the subclassing service.
+        description.cbWndExtra = sizeof(Surface*);
+        description.hInstance = ModuleInstance();
+        description.hCursor = LoadCursorA(nullptr, reinterpret_cast<const char*>(IDC_ARROW));
+        description.lpszClassName = ClassName;
+        if (RegisterClassExA(&description) == 0)
+            ThrowLastError();
+    }
+    WindowClass(const WindowClass&) = delete;
+    WindowClass& operator=(const WindowClass&) = delete;
+    ~WindowClass() { UnregisterClassA(ClassName, ModuleInstance()); }
+};
+
+constexpr OLE_COLOR SystemColor(int index)
+{
+    return 0x80000000U | static_cast<OLE_COLOR>(index);
+}
+
+COLORREF Resolved(OLE_COLOR color)
+{
+    COLORREF resolved = 0;
+    // A number that names no colour draws as black.
+    return SUCCEEDED(OleTranslateColor(color, nullptr, &resolved)) ? resolved : RGB(0, 0, 0);
+}
+
+} // namespace
+
+Surface::Surface(SurfaceEvents& events) : events_(events)
+{
+    Reset();
+    static const WindowClass windowClass(&Surface::WndProc);
+    if (!CreateWindowExA(0, ClassName, "", WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, 0, 0, 0,
+                         ParkingWindow(), nullptr, ModuleInstance(), this))
+        ThrowLastError();
+}
+
+Surface::~Surface()
+{
+    if (const HWND window = std::exchange(window_, nullptr))
+    {
+        // From here on its messages find no surface.
+        SetWindowLongPtrA(window, 0, 0);
+        DestroyWindow(window);
+    }
+}
+
+void Surface::Reset()
+{
+    backColor_ = SystemColor(COLOR_BTNFACE);
+    foreColor_ = SystemColor(COLOR_BTNTEXT);
+    enabled_ = true;
+}
+
+void Surface::MoveUnder(HWND parent)
+{
+    SetParent(window_, parent);
+}
+
+void Surface::Place(const RECT& position, const RECT& clip)
+{
+    const SIZE size = {position.right - position.left, position.bottom - position.top};
+    RECT visible = {};
+    const bool clipped = !IsRectEmpty(&clip) &&
+                         (!IntersectRect(&visible, &position, &clip) || !EqualRect(&visible, &position));
+    if (clipped)
+    {
+        OffsetRect(&visible, -position.left, -position.top);
+        // The window takes the region over.
+        SetWindowRgn(window_, CreateRectRgnIndirect(&visible), TRUE);
+    }
+    else if (clipped_)
+    {
+        SetWindowRgn(window_, nullptr, TRUE);
+    }
+    clipped_ = clipped;
+    SetWindowPos(window_, nullptr, position.left, position.top, size.cx, size.cy,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Surface::Show(bool shown)
+{
+    ShowWindow(window_, shown ? SW_SHOWNA : SW_HIDE);
+}
+
+void Surface::Park()
+{
+    if (!window_)
+        return;
+    Show(false);
+    SetParent(window_, ParkingWindow());
+}
+
+bool Surface::ContainsFocus() const
+{
+    const HWND focus = GetFocus();
+    return window_ && focus && (focus == window_ || IsChild(window_, focus));
+}
+
+double Surface::ScaleWidth() const
+{
+    return PixelSize().cx * Screen::TwipsPerPixelX();
+}
+
+double Surface::ScaleHeight() const
+{
+    return PixelSize().cy * Screen::TwipsPerPixelY();
+}
+
+double Surface::TextWidth(std::wstring_view text) const
+{
+    return TextWidthInPixels(text, font_.Handle()) * Screen::TwipsPerPixelX();
+}
+
+SIZE Surface::PixelSize() const
+{
+    RECT inner = {};
+    GetClientRect(window_, &inner);
+    return {inner.right, inner.bottom};
+}
+
+void Surface::Resize(SIZE pixels)
+{
+    SetWindowPos(window_, nullptr, 0, 0, pixels.cx, pixels.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+Graphics Surface::AcquireGraphics() const
+{
+    const bool painting = paintDc_ != nullptr;
+    return Graphics(painting ? nullptr : window_, painting ? paintDc_ : GetDC(window_), font_.Handle(),
+                    Resolved(foreColor_), Resolved(backColor_));
+}
+
+void Surface::Paint(HDC dc)
+{
+    const Scoped<HDC> painting(paintDc_, dc);
+    const Graphics graphics = AcquireGraphics();
+    const SIZE size = PixelSize();
+    const RECT whole = {0, 0, size.cx, size.cy};
+    // A brush of its own: a metafile does not record the colour of the stock one.
+    const GdiObject<HBRUSH> background(CreateSolidBrush(Resolved(backColor_)));
+    FillRect(dc, &whole, background.Get());
+    events_.SurfacePaint();
+}
+
+void Surface::Refresh()
+{
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+}
+
+void Surface::PaintWindow()
+{
+    PAINTSTRUCT paint = {};
+    const HDC dc = BeginPaint(window_, &paint);
+    if (dc)
+        Paint(dc);
+    EndPaint(window_, &paint);
+}
+
+LRESULT Surface::Handle(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message)
+    {
+    case WM_ERASEBKGND:
+        return TRUE; // painting fills the background
+    case WM_PAINT:
+        PaintWindow();
+        return 0;
+    case WM_PRINTCLIENT:
+        Paint(reinterpret_cast<HDC>(wParam));
+        return 0;
+    case WM_GETFONT:
+        return reinterpret_cast<LRESULT>(font_.Handle());
+    default:
+        return events_.SurfaceMessage(window_, message, wParam, lParam);
+    }
+}
+
+// Nothing may unwind through a window procedure: an error ends the message, with nothing done.
+LRESULT CALLBACK Surface::WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
+{
+    if (message == WM_NCCREATE)
+    {
+        auto* created = static_cast<Surface*>(reinterpret_cast<CREATESTRUCTA*>(lParam)->lpCreateParams);
+        created->window_ = window;
+        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(created));
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+    auto* surface = reinterpret_cast<Surface*>(GetWindowLongPtrA(window, 0));
+    if (!surface)
+        return DefWindowProcA(window, message, wParam, lParam);
+    if (message == WM_NCDESTROY)
+    {
+        surface->window_ = nullptr;
+        SetWindowLongPtrA(window, 0, 0);
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+    const Microsoft::WRL::ComPtr<IUnknown> held(surface->events_.SurfaceOwner());
+    LRESULT result = 0;
+    Boundary([&] { result = surface->Handle(message, wParam, lParam); });
+    return result;
+}
+
+} // namespace kiv

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "runtime/forms/FontReference.h"
+#include "runtime/forms/Graphics.h"
+
+#include <windows.h>
+
+namespace kiv
+{
+
+// What a surface tells its control.
+class SurfaceEvents
+{
+public:
+    // A message of the surface's window that the surface does not handle itself. Returns what the window
+    // procedure returns.
+    virtual LRESULT SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) = 0;
+    // Draw the content; the surface is filled with BackColor, its font and ForeColor are in force.
+    virtual void SurfacePaint() = 0;
+    // Holds the control while a message is handled: a host may release it in an event.
+    virtual IUnknown* SurfaceOwner() noexcept = 0;
+
+protected:
+    ~SurfaceEvents() = default;
+};
+
+// A control's own window and what is drawn on it. The window exists from the beginning, under the parking
+// window, and moves under a container's window while the control is active there.
+class Surface
+{
+public:
+    // Throws ComError when the window cannot be made.
+    explicit Surface(SurfaceEvents& events);
+    Surface(const Surface&) = delete;
+    Surface& operator=(const Surface&) = delete;
+    ~Surface();
+
+    // Null once somebody else has destroyed the window (a container its own one, with ours in it).
+    HWND hWnd() const { return window_; }
+
+    // The colours and the enabled state of a new surface.
+    void Reset();
+
+    // Under a container's window, still hidden.
+    void MoveUnder(HWND parent);
+    // To a place in the container's window, of which only what lies in clip shows (an empty clip clips
+    // nothing). Both in pixels of that window.
+    void Place(const RECT& position, const RECT& clip);
+    void Show(bool shown);
+    // Back under the parking window, hidden.
+    void Park();
+    bool ContainsFocus() const;
+
+    OLE_COLOR BackColor() const { return backColor_; }
+    void BackColor(OLE_COLOR color) { backColor_ = color; }
+    OLE_COLOR ForeColor() const { return foreColor_; }
+    void ForeColor(OLE_COLOR color) { foreColor_ = color; }
+    // A disabled surface raises no mouse or key events and takes no focus when it is clicked.
+    bool Enabled() const { return enabled_; }
+    void Enabled(bool enabled) { enabled_ = enabled; }
+    const FontObject& Font() const { return font_.Get(); }
+    void Font(FontObject font, FontReference::Listener onChange)
+    {
+        font_.Set(std::move(font), std::move(onChange));
+    }
+
+    // Inner size and text sizes, in twips.
+    double ScaleWidth() const;
+    double ScaleHeight() const;
+    double TextWidth(std::wstring_view text) const;
+
+    // Inner size, in pixels.
+    SIZE PixelSize() const;
+    void Resize(SIZE pixels);
+
+    // The device context to draw on: the painter's while the surface is being painted, else the window's.
+    Graphics AcquireGraphics() const;
+    // Paints the whole surface, its origin at (0, 0) of the device context.
+    void Paint(HDC dc);
+    // Repaints the window at once.
+    void Refresh();
+
+private:
+    static LRESULT CALLBACK WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+    void PaintWindow();
+
+    SurfaceEvents& events_;
+    HWND window_ = nullptr;
+    HDC paintDc_ = nullptr;
+    bool clipped_ = false;
+    OLE_COLOR backColor_ = 0;
+    OLE_COLOR foreColor_ = 0;
+    bool enabled_ = true;
+    FontReference font_;
+};
+
+} // namespace kiv

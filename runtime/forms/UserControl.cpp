@@ -1,0 +1,55 @@
+#include "runtime/forms/UserControl.h"
+
+#include "runtime/com/InterfaceList.h"
+#include "runtime/core/Units.h"
+
+namespace kiv
+{
+
+UserControl::UserControl(const ControlClass& controlClass, IUnknown* outer) :
+    Aggregatable(outer),
+    class_(controlClass),
+    events_(Outer(), this, controlClass.Events),
+    notifications_(Outer(), this, IID_IPropertyNotifySink),
+    surface_(*this)
+{
+    constexpr auto fromTwips = [](LONG twips) { return MulDiv(twips, HimetricPerInch, TwipsPerInch); };
+    SetSize({fromTwips(class_.DefaultSize.cx), fromTwips(class_.DefaultSize.cy)});
+}
+
+UserControl::~UserControl() = default;
+
+void UserControl::Initialize()
+{
+    UserControl_Initialize();
+    initializeRan_ = true;
+}
+
+void UserControl::FinalRelease() noexcept
+{
+    if (initializeRan_)
+        Boundary([&] { UserControl_Terminate(); });
+    Boundary([&] { InPlaceDeactivate(); });
+    held_.clear();
+    events_.Clear();
+    notifications_.Clear();
+}
+
+void* UserControl::FindInterface(REFIID iid) noexcept
+{
+    return detail::FindInterface<IOleObject, IOleControl, Chain<IOleInPlaceObject, IOleWindow>,
+                                 IOleInPlaceActiveObject, Chain<IViewObject2, IViewObject>,
+                                 IPersistPropertyBag, Chain<IPersistStreamInit, IPersist>, IPersistStorage,
+                                 Chain<IProvideClassInfo2, IProvideClassInfo>, IConnectionPointContainer,
+                                 IQuickActivate, ISupportErrorInfo>(this, iid);
+}
+
+void UserControl::UserControl_MouseDown(short, short, double, double) {}
+
+void UserControl::UserControl_MouseUp(short, short, double, double) {}
+
+void UserControl::UserControl_KeyDown(short&, short) {}
+
+void UserControl::UserControl_KeyPress(short&) {}
+
+} // namespace kiv

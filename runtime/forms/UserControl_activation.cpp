@@ -1,0 +1,228 @@
+#include "runtime/forms/UserControl.h"
+
+#include "runtime/forms/KeyState.h"
+
+using Microsoft::WRL::ComPtr;
+
+namespace kiv
+{
+
+HRESULT UserControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) noexcept
+{
+    const ComPtr<IUnknown> held(Outer());
+    return Boundary([&]() -> HRESULT {
+        switch (verb)
+        {
+        case OLEIVERB_PRIMARY:
+        case OLEIVERB_SHOW:
+        case OLEIVERB_UIACTIVATE:
+            ActivateInPlace();
+            ActivateUi();
+            return S_OK;
+        case OLEIVERB_INPLACEACTIVATE:
+            ActivateInPlace();
+            return S_OK;
+        case OLEIVERB_HIDE:
+            Check(UIDeactivate());
+            surface_.Show(false);
+            return S_OK;
+        case OLEIVERB_DISCARDUNDOSTATE:
+            return S_OK;
+        default:
+            // A verb without a meaning here; the rule is to do the primary one and say so.
+            if (verb < 0)
+                return E_NOTIMPL;
+            ActivateInPlace();
+            ActivateUi();
+            return OLEOBJ_S_INVALIDVERB;
+        }
+    });
+}
+
+void UserControl::ActivateInPlace()
+{
+    EnsureInitialized();
+    if (activity_ != Activity::Inactive)
+    {
+        surface_.Show(true);
+        return;
+    }
+    if (!clientSite_ || !surface_.hWnd())
+        throw ComError(E_UNEXPECTED);
+    ComPtr<IOleInPlaceSite> site;
+    Check(clientSite_.As(&site));
+    if (site->CanInPlaceActivate() != S_OK)
+        throw ComError(E_FAIL);
+    Check(site->OnInPlaceActivate());
+    activity_ = Activity::InPlace;
+    inPlaceSite_ = site;
+    try
+    {
+        HWND parent = nullptr;
+        RECT position = {};
+        RECT clip = {};
+        OLEINPLACEFRAMEINFO frameInfo = {};
+        frameInfo.cb = sizeof frameInfo;
+        Check(site->GetWindow(&parent));
+        Check(site->GetWindowContext(&frame_, &document_, &position, &clip, &frameInfo));
+        if (!IsWindow(parent))
+            throw ComError(OLE_E_INVALIDHWND);
+        surface_.MoveUnder(parent);
+        surface_.Place(position, clip);
+        surface_.Show(true);
+        Follow(position);
+        if (clientSite_)
+            ComPtr<IOleClientSite>(clientSite_)->ShowObject();
+    }
+    catch (...)
+    {
+        InPlaceDeactivate();
+        throw;
+    }
+}
+
+void UserControl::ActivateUi()
+{
+    if (activity_ != Activity::InPlace)
+        return;
+    const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
+    Check(site->OnUIActivate());
+    // The container may have answered by deactivating.
+    if (activity_ != Activity::InPlace)
+        return;
+    activity_ = Activity::Ui;
+    if (!surface_.ContainsFocus())
+        SetFocus(surface_.hWnd());
+    const auto announce = [this](ComPtr<IOleInPlaceUIWindow> window) {
+        if (window && activity_ == Activity::Ui)
+        {
+            window->SetActiveObject(this, class_.Name);
+            window->SetBorderSpace(nullptr);
+        }
+    };
+    announce(frame_);
+    announce(document_);
+}
+
+// For a click: the container hears that the control is active, and the keys go to it.
+void UserControl::TakeFocus()
+{
+    if (activity_ == Activity::InPlace)
+        ActivateUi();
+    if (!surface_.ContainsFocus())
+        SetFocus(surface_.hWnd());
+}
+
+HRESULT UserControl::UIDeactivate() noexcept
+{
+    const ComPtr<IUnknown> held(Outer());
+    return Boundary([&] {
+        if (activity_ != Activity::Ui)
+            return;
+        activity_ = Activity::InPlace;
+        const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
+        const ComPtr<IOleInPlaceUIWindow> document = document_;
+        if (frame_)
+            ComPtr<IOleInPlaceFrame>(frame_)->SetActiveObject(nullptr, nullptr);
+        if (document)
+            document->SetActiveObject(nullptr, nullptr);
+        site->OnUIDeactivate(FALSE);
+    });
+}
+
+HRESULT UserControl::InPlaceDeactivate() noexcept
+{
+    const ComPtr<IUnknown> held(Outer());
+    return Boundary([&] {
+        if (activity_ == Activity::Inactive)
+            return;
+        UIDeactivate();
+        // The container may have answered by deactivating already.
+        if (activity_ == Activity::Inactive)
+            return;
+        activity_ = Activity::Inactive;
+        surface_.Park();
+        frame_.Reset();
+        document_.Reset();
+        const ComPtr<IOleInPlaceSite> site = std::move(inPlaceSite_);
+        site->OnInPlaceDeactivate();
+    });
+}
+
+HRESULT UserControl::GetWindow(HWND* window) noexcept
+{
+    if (!window)
+        return E_POINTER;
+    *window = activity_ == Activity::Inactive ? nullptr : surface_.hWnd();
+    return *window ? S_OK : E_FAIL;
+}
+
+HRESULT UserControl::ContextSensitiveHelp(BOOL) noexcept
+{
+    return E_NOTIMPL;
+}
+
+HRESULT UserControl::SetObjectRects(LPCRECT position, LPCRECT clip) noexcept
+{
+    if (!position || !clip)
+        return E_POINTER;
+    if (activity_ == Activity::Inactive)
+        return E_UNEXPECTED;
+    const ComPtr<IUnknown> held(Outer());
+    return Boundary([&] {
+        surface_.Place(*position, *clip);
+        Follow(*position);
+    });
+}
+
+// The extent follows the place that the container gave, unless that is its very size in pixels.
+void UserControl::Follow(const RECT& position)
+{
+    const SIZE size = {position.right - position.left, position.bottom - position.top};
+    const SIZE known = PixelsOf(extent_);
+    if (size.cx != known.cx || size.cy != known.cy)
+        extent_ = ExtentOf(size);
+}
+
+HRESULT UserControl::ReactivateAndUndo() noexcept
+{
+    return INPLACE_E_NOTUNDOABLE;
+}
+
+// Arrows and characters are the focused window's; what moves between controls or presses the form's buttons
+// is the container's.
+HRESULT UserControl::TranslateAccelerator(LPMSG message) noexcept
+{
+    if (!message)
+        return E_POINTER;
+    const bool isKey = message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN;
+    const bool isContainers =
+        isKey && (message->wParam == VK_TAB || message->wParam == VK_RETURN || message->wParam == VK_ESCAPE);
+    const ComPtr<IOleControlSite> site = controlSite_;
+    if (!isContainers || !site)
+        return S_FALSE;
+    const ComPtr<IUnknown> held(Outer());
+    return site->TranslateAccelerator(message, static_cast<DWORD>(ShiftState()));
+}
+
+HRESULT UserControl::OnFrameWindowActivate(BOOL) noexcept
+{
+    return S_OK;
+}
+
+HRESULT UserControl::OnDocWindowActivate(BOOL) noexcept
+{
+    return S_OK;
+}
+
+HRESULT UserControl::ResizeBorder(LPCRECT, IOleInPlaceUIWindow*, BOOL) noexcept
+{
+    return S_OK;
+}
+
+HRESULT UserControl::EnableModeless(BOOL) noexcept
+{
+    return S_OK;
+}
+
+} // namespace kiv

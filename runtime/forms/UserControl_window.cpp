@@ -1,0 +1,131 @@
+#include "runtime/forms/UserControl.h"
+
+#include "runtime/forms/KeyState.h"
+#include "runtime/forms/Screen.h"
+
+#include <windowsx.h>
+
+namespace kiv
+{
+
+namespace
+{
+
+// The bits of Button in the events of forms.
+constexpr short LeftButton = 1;
+constexpr short RightButton = 2;
+constexpr short MiddleButton = 4;
+
+double TwipsX(LPARAM position)
+{
+    return GET_X_LPARAM(position) * Screen::TwipsPerPixelX();
+}
+
+double TwipsY(LPARAM position)
+{
+    return GET_Y_LPARAM(position) * Screen::TwipsPerPixelY();
+}
+
+} // namespace
+
+LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message)
+    {
+    case WM_SIZE:
+        if (hasProperties_ && !loading_)
+            UserControl_Resize();
+        return 0;
+    case WM_SETFOCUS:
+        FocusGained(reinterpret_cast<HWND>(wParam));
+        return 0;
+    case WM_KILLFOCUS:
+        FocusLost(reinterpret_cast<HWND>(wParam));
+        return 0;
+    case WM_GETDLGCODE:
+        return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_LBUTTONDOWN:
+        MousePressed(LeftButton, lParam);
+        return 0;
+    case WM_RBUTTONDOWN:
+        MousePressed(RightButton, lParam);
+        return 0;
+    case WM_MBUTTONDOWN:
+        MousePressed(MiddleButton, lParam);
+        return 0;
+    case WM_LBUTTONUP:
+        MouseReleased(LeftButton, wParam, lParam);
+        return 0;
+    case WM_RBUTTONUP:
+        MouseReleased(RightButton, wParam, lParam);
+        return 0;
+    case WM_MBUTTONUP:
+        MouseReleased(MiddleButton, wParam, lParam);
+        return 0;
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+        if (TakesInput())
+        {
+            auto keyCode = static_cast<short>(wParam);
+            UserControl_KeyDown(keyCode, ShiftState());
+        }
+        break;
+    case WM_CHAR:
+        if (TakesInput())
+        {
+            auto keyAscii = static_cast<short>(wParam);
+            UserControl_KeyPress(keyAscii);
+        }
+        return 0;
+    default:
+        break;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+// A disabled surface is deaf, and a form being designed is not being answered.
+bool UserControl::TakesInput() const
+{
+    return surface_.Enabled() && hasProperties_ && ambient_.UserMode();
+}
+
+void UserControl::MousePressed(short button, LPARAM position)
+{
+    if (!TakesInput())
+        return;
+    TakeFocus();
+    SetCapture(surface_.hWnd());
+    UserControl_MouseDown(button, ShiftState(), TwipsX(position), TwipsY(position));
+}
+
+void UserControl::MouseReleased(short button, WPARAM keys, LPARAM position)
+{
+    if (GetCapture() == surface_.hWnd() && (keys & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON)) == 0)
+        ReleaseCapture();
+    if (TakesInput())
+        UserControl_MouseUp(button, ShiftState(), TwipsX(position), TwipsY(position));
+}
+
+bool UserControl::IsOwn(HWND window) const
+{
+    return window && (window == surface_.hWnd() || IsChild(surface_.hWnd(), window));
+}
+
+void UserControl::FocusGained(HWND from)
+{
+    if (IsOwn(from))
+        return;
+    // A focus that came by a click or a Tab key makes the control the active one.
+    if (activity_ == Activity::InPlace && ambient_.UserMode())
+        ActivateUi();
+    if (controlSite_)
+        Microsoft::WRL::ComPtr<IOleControlSite>(controlSite_)->OnFocus(TRUE);
+}
+
+void UserControl::FocusLost(HWND to)
+{
+    if (!IsOwn(to) && controlSite_)
+        Microsoft::WRL::ComPtr<IOleControlSite>(controlSite_)->OnFocus(FALSE);
+}
+
+} // namespace kiv
