@@ -4,13 +4,13 @@
 # Which folders a file may include from; the first row that fits it counts. The order of the library's own rows
 # is the order of its layers. Hosts, tests and benchmarks stand outside: they see it only through COM, but may
 # use the automation building blocks.
-MODULE='framework/(I?SubClass|ModuleData)'
+MODULE='framework/(SubClass|ModuleData|HostTitle|MessageLong)'
 LAYERS="\
 runtime/core/   runtime/core/
 runtime/com/    runtime/(core|com)/
 runtime/forms/  runtime/
 $MODULE         runtime/|$MODULE
-controls/       runtime/|$MODULE|controls/
+controls/       runtime/|$MODULE|resources/|controls/
 framework/      runtime/|framework/|controls/
 resources/      resources/
 tools/          runtime/core/|resources/|tools/

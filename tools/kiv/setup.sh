@@ -15,6 +15,7 @@ run   wine                   wine
 run   wine32:i386            /usr/lib/wine/wine
 run   wine64                 /usr/lib/wine/wine64
 run   xvfb                   Xvfb
+run   fonts-wine             /usr/share/wine/fonts/tahoma.ttf
 check clang-format-14        clang-format-14
 check shellcheck             shellcheck
 fuzz  clang                  clang++

@@ -96,7 +96,7 @@ run run
 expect status $status 0
 expect calls "$asked" "update"$'\n'"install ${run[*]}"$'\n'"install -t bookworm ${run[*]}"
 
-on debian 12 wine xvfb
+on debian 12 wine xvfb fonts-wine
 newest=100 release=100
 run run
 expect status $status 1
