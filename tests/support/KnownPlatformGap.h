@@ -1,0 +1,30 @@
+#pragma once
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace kiv::test
+{
+
+inline bool RunsOnWine()
+{
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+// For a check that holds on Windows and is known to fail on Wine, which lacks or mistakes something. There it
+// passes as long as the check fails, and fails once the gap has closed: then the check is to stand alone.
+// check answers whether it held.
+template<class Check>
+void KnownPlatformGap(const char* what, Check&& check)
+{
+    const bool held = std::forward<Check>(check)();
+    if (RunsOnWine())
+        EXPECT_FALSE(held) << "Wine has learnt this, so the gap can go: " << what;
+    else
+        EXPECT_TRUE(held) << what;
+}
+
+} // namespace kiv::test

@@ -1,0 +1,88 @@
+#include "tests/support/LibraryTest.h"
+
+#include "runtime/com/Errors.h"
+#include "tests/support/Text.h"
+
+#include <ole2.h>
+
+using Microsoft::WRL::ComPtr;
+
+namespace kiv::test
+{
+
+namespace
+{
+
+BOOL CALLBACK CountControl(HWND window, LPARAM count)
+{
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, ARRAYSIZE(name));
+    if (wcscmp(name, L"KivControls.UserControl") == 0)
+        ++*reinterpret_cast<int*>(count);
+    return TRUE;
+}
+
+// EnumChildWindows goes through all generations.
+BOOL CALLBACK CountTopLevel(HWND window, LPARAM count)
+{
+    CountControl(window, count);
+    EnumChildWindows(window, CountControl, count);
+    return TRUE;
+}
+
+} // namespace
+
+int ControlWindows()
+{
+    int count = 0;
+    const LPARAM result = reinterpret_cast<LPARAM>(&count);
+    EnumThreadWindows(GetCurrentThreadId(), CountTopLevel, result);
+    // Message-only windows are in a tree of their own.
+    for (HWND window = FindWindowExW(HWND_MESSAGE, nullptr, nullptr, nullptr); window;
+         window = FindWindowExW(HWND_MESSAGE, window, nullptr, nullptr))
+    {
+        if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId())
+            CountTopLevel(window, result);
+    }
+    return count;
+}
+
+void DrainMessages()
+{
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+    {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+ULONG References(IUnknown* object)
+{
+    object->AddRef();
+    return object->Release();
+}
+
+void LibraryTest::SetUp()
+{
+    Check(OleInitialize(nullptr));
+    ASSERT_EQ(Hr(TheLibrary().CanUnloadNow()), Hr(S_OK)) << "an earlier test left objects behind";
+    windowsBefore_ = ControlWindows();
+}
+
+void LibraryTest::TearDown()
+{
+    DrainMessages();
+    EXPECT_EQ(Hr(TheLibrary().CanUnloadNow()), Hr(S_OK)) << "objects are left";
+    EXPECT_EQ(ControlWindows(), windowsBefore_) << "windows are left";
+    OleUninitialize();
+}
+
+ComPtr<_YesNo> LibraryTest::CreateYesNo() const
+{
+    ComPtr<_YesNo> control;
+    Check(TheLibrary().Create(CLSID_YesNo).As(&control));
+    return control;
+}
+
+} // namespace kiv::test
