@@ -44,7 +44,14 @@ make_prefix() {
     # A crash is to end a test, not to wait in a dialog for somebody to read it.
     wineboot -i &&
         wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
-        wineserver -w && detach_home && touch "$WINEPREFIX/made-by-kiv"
+        wineserver -w && detach_home && add_fonts && touch "$WINEPREFIX/made-by-kiv"
+}
+
+# Debian's Wine does not look where Debian's package puts Tahoma and MS Sans Serif, without which dialogs are
+# drawn in whatever font the machine has.
+add_fonts() {
+    mkdir -p "$WINEPREFIX/drive_c/windows/Fonts" &&
+        cp /usr/share/wine/fonts/*.[tf]* "$WINEPREFIX/drive_c/windows/Fonts/"
 }
 
 # Wine links the shell folders to those of the user; what runs here must not reach them.
