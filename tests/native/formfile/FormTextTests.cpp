@@ -1,0 +1,228 @@
+#include "host/formfile/FormText.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace kiv::host
+{
+
+namespace
+{
+
+constexpr const char* sample = "' A page of the interview.\n"
+                               "\n"
+                               "Begin Form interview ' the only one\n"
+                               "  Caption = \"It's here\"  ' odd spacing stays\n"
+                               "    ClientWidth=6000\n"
+                               "    Begin Maker.Answer ynFirst\n"
+                               "        Left = &H78\n"
+                               "        BeginProperty Font\n"
+                               "            Name = \"Tahoma\"\n"
+                               "            Size = 8.25\n"
+                               "        EndProperty\n"
+                               "        ' nobody knows this one\n"
+                               "        Unknown = \"kept\"\n"
+                               "    End\n"
+                               "    BeginProperty Icon Picture\n"
+                               "        Data = \"00ff\"\n"
+                               "    EndProperty\n"
+                               "End\n"
+                               "' the end\n";
+
+TEST(FormText, ReadsBlocksKeysAndNestedProperties)
+{
+    const FormDocument document = ParseForm(sample, "page.form");
+    EXPECT_EQ(document.Form.Class, "Form");
+    EXPECT_EQ(document.Form.Name, "interview");
+    ASSERT_TRUE(document.Form.Find("caption"));
+    EXPECT_EQ(*document.Form.Find("caption"), FormValue(std::string("It's here")));
+    EXPECT_EQ(*document.Form.Find("ClientWidth"), FormValue(std::int64_t(6000)));
+
+    ASSERT_EQ(document.Form.Entries.size(), 4U);
+    const FormBlock& control = document.Form.Entries[2].Block.at(0);
+    EXPECT_EQ(control.Class, "Maker.Answer");
+    EXPECT_EQ(control.Name, "ynFirst");
+    EXPECT_EQ(control.Line, 6);
+    EXPECT_EQ(*control.Find("Left"), FormValue(std::int64_t(120)));
+    ASSERT_TRUE(control.FindProperty("font"));
+    EXPECT_EQ(*control.FindProperty("font")->Find("Size"), FormValue(8.25));
+    EXPECT_EQ(control.FindProperty("Font")->Class, "Font");
+    EXPECT_EQ(document.Form.FindProperty("Icon")->Class, "Picture");
+}
+
+TEST(FormText, WritesBackWhatItReadUnchanged)
+{
+    EXPECT_EQ(WriteForm(ParseForm(sample, "page.form")), sample);
+
+    std::string windows(sample);
+    for (std::size_t at = 0; (at = windows.find('\n', at)) != std::string::npos; at += 2)
+        windows.replace(at, 1, "\r\n");
+    EXPECT_EQ(WriteForm(ParseForm(windows, "page.form")), windows);
+    EXPECT_EQ(WriteForm(ParseForm("\xEF\xBB\xBF" + std::string(sample), "page.form")), sample);
+}
+
+TEST(FormText, ChangesOnlyTheLineOfAChangedValue)
+{
+    FormDocument document = ParseForm(sample, "page.form");
+    FormBlock& control = document.Form.Entries[2].Block.at(0);
+    control.Set("LEFT", std::int64_t(120)); // as it is: the line stays
+    EXPECT_EQ(WriteForm(document), sample);
+
+    control.Set("Left", std::int64_t(240));
+    std::string expected(sample);
+    expected.replace(expected.find("Left = &H78"), 11, "Left = 240");
+    EXPECT_EQ(WriteForm(document), expected);
+}
+
+TEST(FormText, LaysOutNewBlocks)
+{
+    FormDocument document;
+    document.Form.Class = "Form";
+    document.Form.Name = "page";
+    FormBlock control;
+    control.Class = "Maker.Answer";
+    control.Name = "yn";
+    control.Set("Left", std::int64_t(120));
+    control.Set("odd key", true);
+    FormBlock font;
+    font.IsProperty = true;
+    font.Class = font.Name = "Font";
+    font.Set("Name", std::string("Tahoma"));
+    control.SetProperty(font);
+    FormBlock picture;
+    picture.IsProperty = true;
+    picture.Class = "Picture";
+    picture.Name = "Icon";
+    control.SetProperty(picture);
+    document.Form.Entries.emplace_back().Block.push_back(control);
+
+    const std::string text = WriteForm(document);
+    EXPECT_EQ(text, "Begin Form page\n"
+                    "    Begin Maker.Answer yn\n"
+                    "        Left = 120\n"
+                    "        \"odd key\" = True\n"
+                    "        BeginProperty Font\n"
+                    "            Name = \"Tahoma\"\n"
+                    "        EndProperty\n"
+                    "        BeginProperty Icon Picture\n"
+                    "        EndProperty\n"
+                    "    End\n"
+                    "End\n");
+    EXPECT_EQ(WriteForm(ParseForm(text, "page.form")), text);
+}
+
+TEST(FormText, SaysWhereAndWhatIsWrong)
+{
+    struct Mistake
+    {
+        const char* Text;
+        const char* Message;
+    };
+    const Mistake mistakes[] = {
+        {"", "f: holds no form: \"Begin Form <name>\" is missing"},
+        {"' nothing\n", "f: holds no form: \"Begin Form <name>\" is missing"},
+        {"\xFF\xFE", "f: is not a text in UTF-8"},
+        {"Begin Form\nEnd\n", "f:1: \"Begin <class> <name>\" is expected"},
+        {"Begin Form a b\nEnd\n", "f:1: \"Begin <class> <name>\" is expected"},
+        {"Begin Form a-b\nEnd\n", "f:1: \"Begin <class> <name>\" is expected"},
+        {"Begin Page a\nEnd\n", "f:1: a file starts with \"Begin Form <name>\""},
+        {"BeginProperty Font\nEndProperty\n", "f:1: a file starts with \"Begin Form <name>\""},
+        {"x = 1\n", "f:1: only comments can stand outside the form"},
+        {"End\n", "f:1: End without a block that it could end"},
+        {"Begin Form a\n", "f:1: Begin Form a has no End"},
+        {"Begin Form a\nBeginProperty Font\nEnd\n",
+         "f:3: BeginProperty Font in line 2 needs EndProperty, not End"},
+        {"Begin Form a\nEndProperty\n", "f:2: Begin Form a in line 1 needs End, not EndProperty"},
+        {"Begin Form a\nEnd all\n", "f:2: unexpected \"all\" behind End"},
+        {"Begin Form a\nEnd\nBegin Form b\nEnd\n", "f:3: only one form can be in a file, and it ends above"},
+        {"Begin Form a\nCaption\nEnd\n", "f:2: \"Caption\" is not understood: \"Key = value\" is expected"},
+        {"Begin Form a\n\"x\nEnd\n", "f:2: \"\"x\" is not understood: \"Key = value\" is expected"},
+        {"Begin Form a\nTwo words = 1\nEnd\n", "f:2: \"Two words\" cannot be a key"},
+        {"Begin Form a\n = 1\nEnd\n", "f:2: \"\" cannot be a key"},
+        {"Begin Form a\n\"\" = 1\nEnd\n", "f:2: \"\"\"\" cannot be a key"},
+        {"Begin Form a\nx =\nEnd\n", "f:2: x: there is no value behind \"=\""},
+        {"Begin Form a\nx = \"open\nEnd\n", "f:2: x: the text has no closing quote"},
+        {"Begin Form a\nx = 1\nX = 2\nEnd\n", "f:3: X is set twice in Begin Form a"},
+        {"Begin Form a\nFont = 1\nBeginProperty Font\nEndProperty\nEnd\n",
+         "f:3: Font is set twice in Begin Form a"},
+        {"Begin Form a\nBegin Label b\nEnd\nBegin Label B\nEnd\nEnd\n", "f:4: the name B is taken already"},
+        {"Begin Form a\nBeginProperty Font\nBegin Label b\nEnd\nEndProperty\nEnd\n",
+         "f:3: a control cannot stand inside BeginProperty Font"},
+    };
+    for (const Mistake& mistake : mistakes)
+        try
+        {
+            ParseForm(mistake.Text, "f");
+            ADD_FAILURE() << mistake.Text << " was read";
+        }
+        catch (const FormError& error)
+        {
+            EXPECT_STREQ(error.what(), mistake.Message) << mistake.Text;
+        }
+}
+
+TEST(FormText, TakesKeywordsAsKeys)
+{
+    const std::string text = "Begin Form a\n    Begin = 1\n    End = 2\n    EndProperty=3\nEnd\n";
+    const FormDocument document = ParseForm(text, "f");
+    EXPECT_EQ(*document.Form.Find("Begin"), FormValue(std::int64_t(1)));
+    EXPECT_EQ(*document.Form.Find("End"), FormValue(std::int64_t(2)));
+    EXPECT_EQ(WriteForm(document), text);
+}
+
+TEST(FormText, RefusesBottomlessNesting)
+{
+    std::string text = "Begin Form a\n";
+    for (int depth = 0; depth < 100; ++depth)
+        text += "BeginProperty p\n";
+    EXPECT_THROW(ParseForm(text, "f"), FormError);
+}
+
+// Damaged text is either refused or, written and read again, the same.
+TEST(FormText, SurvivesDamage)
+{
+    std::mt19937 random(20020415);
+    const std::string pieces[] = {"\"", "'",    "\n", "=", "End", "Begin ", "BeginProperty ",
+                                  "&H", "Chr(", "\r", ")"};
+    int read = 0;
+    for (int round = 0; round < 5000; ++round)
+    {
+        std::string text(sample);
+        for (auto changes = random() % 4 + 1; changes > 0 && !text.empty(); --changes)
+        {
+            const std::size_t at = random() % text.size();
+            switch (random() % 4)
+            {
+            case 0:
+                text[at] = static_cast<char>(random() % 256);
+                break;
+            case 1:
+                text.erase(at, random() % 8);
+                break;
+            case 2:
+                text.insert(at, pieces[random() % std::size(pieces)]);
+                break;
+            default:
+                text.resize(at + 1);
+                break;
+            }
+        }
+        try
+        {
+            const std::string once = WriteForm(ParseForm(text, "f"));
+            EXPECT_EQ(WriteForm(ParseForm(once, "f")), once);
+            ++read;
+        }
+        catch (const FormError&)
+        {
+        }
+    }
+    // Both kinds must have come up for this to mean anything.
+    EXPECT_GT(read, 100);
+    EXPECT_LT(read, 4900);
+}
+
+} // namespace
+
+} // namespace kiv::host
