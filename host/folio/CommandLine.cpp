@@ -1,0 +1,85 @@
+#include "host/folio/CommandLine.h"
+
+#include <charconv>
+
+namespace kiv::host
+{
+
+const char* const usageText = R"(FolioHost shows a form file with its controls.
+
+  FolioHost [options] FORM
+
+  --design           show the form as a designer would: nothing answers, a click selects, a drag moves
+  --save FILE        when the form is closed, write it into FILE
+  --script FILE      play FILE with real keys and mouse clicks, then close the form
+  --log FILE         write events, message boxes and answers into FILE, as on the terminal
+  --shot FILE.png    when the form is closed, draw a picture of its window into FILE.png
+  --timeout SECONDS  give up after that time (with --script 120, otherwise never)
+  --help             this text
+
+The exit status is 0 when all that the script expects came to pass, 1 when it did not, 2 when a file or an
+option is wrong.
+)";
+
+namespace
+{
+
+constexpr unsigned scriptTimeoutSeconds = 120;
+
+std::filesystem::path FromUtf8(const std::string& text)
+{
+    return std::filesystem::path(std::u8string(text.begin(), text.end()));
+}
+
+unsigned ReadSeconds(const std::string& text)
+{
+    unsigned seconds = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, seconds);
+    if (error != std::errc() || stop != end || seconds == 0 || seconds > 86400)
+        throw UsageError("--timeout takes a number of seconds, not \"" + text + "\"");
+    return seconds;
+}
+
+} // namespace
+
+CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
+{
+    CommandLine line;
+    for (std::size_t at = 0; at < arguments.size(); ++at)
+    {
+        const std::string& argument = arguments[at];
+        const auto value = [&]() -> const std::string& {
+            if (at + 1 == arguments.size())
+                throw UsageError(argument + " needs a value");
+            return arguments[++at];
+        };
+        if (argument == "--help")
+            line.Help = true;
+        else if (argument == "--design")
+            line.Design = true;
+        else if (argument == "--script")
+            line.Script = FromUtf8(value());
+        else if (argument == "--log")
+            line.Log = FromUtf8(value());
+        else if (argument == "--shot")
+            line.Shot = FromUtf8(value());
+        else if (argument == "--save")
+            line.Save = FromUtf8(value());
+        else if (argument == "--timeout")
+            line.TimeoutSeconds = ReadSeconds(value());
+        else if (argument.starts_with("--"))
+            throw UsageError("there is no option " + argument);
+        else if (line.Form.empty())
+            line.Form = FromUtf8(argument);
+        else
+            throw UsageError("only one form can be shown, \"" + argument + "\" is one too many");
+    }
+    if (!line.Help && line.Form.empty())
+        throw UsageError("which form is to be shown?");
+    if (line.TimeoutSeconds == 0 && !line.Script.empty())
+        line.TimeoutSeconds = scriptTimeoutSeconds;
+    return line;
+}
+
+} // namespace kiv::host

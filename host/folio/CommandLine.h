@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace kiv::host
+{
+
+struct UsageError : std::runtime_error
+{
+    using std::runtime_error::runtime_error;
+};
+
+struct CommandLine
+{
+    std::filesystem::path Form;
+    std::filesystem::path Script;
+    std::filesystem::path Log;
+    std::filesystem::path Shot;
+    std::filesystem::path Save;
+    unsigned TimeoutSeconds = 0; // 0: none
+    bool Design = false;
+    bool Help = false;
+};
+
+// Arguments in UTF-8, without the program's name. Throws UsageError.
+CommandLine ReadCommandLine(const std::vector<std::string>& arguments);
+
+extern const char* const usageText;
+
+} // namespace kiv::host

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+
+namespace kiv::host
+{
+
+// Writes the window as it looks, frame included, into a PNG file. Throws ComError.
+void SavePicture(HWND window, const std::filesystem::path& file);
+
+} // namespace kiv::host

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "host/container/Form.h"
+#include "host/container/MessageBoxWatch.h"
+#include "host/folio/Journal.h"
+#include "host/script/Script.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace kiv::host
+{
+
+// Plays a script against a form the way a person would: keys and mouse go to the system, what comes of them
+// is awaited. Runs on a thread of its own, so that it can also answer what the form's thread waits in.
+class ScriptPlayer
+{
+public:
+    ScriptPlayer(Form& form, Journal& journal, const MessageBoxWatch& boxes, Script script);
+    ScriptPlayer(const ScriptPlayer&) = delete;
+    ScriptPlayer& operator=(const ScriptPlayer&) = delete;
+    ~ScriptPlayer(); // waits for the thread
+
+    void Start();
+    // On the form's thread, while it is being closed: holds the answers against the script's last section.
+    void CheckAnswers();
+    // Once the form is gone: waits for the script's end. What went wrong, as "script:line: what"; empty when
+    // all that was expected came to pass.
+    std::vector<std::string> Finish();
+
+private:
+    struct Failure
+    {
+        std::string What;
+    };
+
+    static DWORD WINAPI ThreadMain(void* player) noexcept;
+    void Play();
+    void PlayStep(const ScriptStep& step);
+
+    void MoveFocus(const ScriptStep& step);
+    void Click(const ScriptStep& step);
+    void AnswerMessageBox(const ScriptStep& step);
+    void Set(const ScriptStep& step);
+    void Call(const ScriptStep& step);
+    void ExpectValue(const ScriptStep& step);
+    void ExpectItem(const std::string& name, const char* what, FormItem* (Form::*current)() const);
+
+    // Runs the work on the form's thread; a failure when the form is gone.
+    void OnForm(const std::function<void()>& work) const;
+    bool Until(const std::function<bool()>& condition) const;
+    // Until the form's thread has taken all input.
+    void Settle() const;
+    ControlSite& Site(const std::string& name) const; // on the form's thread
+    POINT PointIn(const ScriptStep& step) const;      // on the form's thread
+    std::string Mistake(const ScriptStep& step, const std::string& what) const;
+
+    Form& form_;
+    Journal& journal_;
+    const MessageBoxWatch& boxes_;
+    Script script_;
+    std::vector<std::string> mistakes_; // the thread's, and after it ends Finish's
+    std::vector<std::string> wrongAnswers_;
+    std::string failedCall_; // on the form's thread
+    bool calling_ = false;   // on the form's thread
+    HANDLE thread_ = nullptr;
+};
+
+} // namespace kiv::host
