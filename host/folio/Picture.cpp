@@ -22,21 +22,24 @@ struct DeleteBitmap
 };
 using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmap>;
 
-Bitmap PaintWindow(HWND window)
+// What is on the screen now, once everything due is painted.
+Bitmap CopyWindow(HWND window)
 {
-    RECT bounds = {};
-    GetWindowRect(window, &bounds);
-    const int width = bounds.right - bounds.left;
-    const int height = bounds.bottom - bounds.top;
-    const HDC screen = GetDC(nullptr);
-    const HDC memory = CreateCompatibleDC(screen);
-    Bitmap bitmap(CreateCompatibleBitmap(screen, width, height));
+    RedrawWindow(window, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    const HDC source = GetWindowDC(window);
+    // Where a window manager draws the frame instead of the system, the window has no pixels there.
+    RECT drawn = {};
+    GetClipBox(source, &drawn);
+    const int width = drawn.right - drawn.left;
+    const int height = drawn.bottom - drawn.top;
+    const HDC memory = CreateCompatibleDC(source);
+    Bitmap bitmap(CreateCompatibleBitmap(source, width, height));
     const HGDIOBJ before = SelectObject(memory, bitmap.get());
-    const BOOL painted = PrintWindow(window, memory, 0);
+    const BOOL copied = BitBlt(memory, 0, 0, width, height, source, drawn.left, drawn.top, SRCCOPY);
     SelectObject(memory, before);
     DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
-    if (!painted)
+    ReleaseDC(window, source);
+    if (!copied)
         throw ComError(E_FAIL);
     return bitmap;
 }
@@ -45,7 +48,7 @@ Bitmap PaintWindow(HWND window)
 
 void SavePicture(HWND window, const std::filesystem::path& file)
 {
-    const Bitmap bitmap = PaintWindow(window);
+    const Bitmap bitmap = CopyWindow(window);
     ComPtr<IWICImagingFactory> factory;
     ComPtr<IWICBitmap> source;
     ComPtr<IWICStream> stream;

@@ -7,7 +7,7 @@
 namespace kiv::host
 {
 
-// Writes the window as it looks, frame included, into a PNG file. Throws ComError.
+// Writes the window as it looks, frame included where the system draws it, into a PNG file. Throws ComError.
 void SavePicture(HWND window, const std::filesystem::path& file);
 
 } // namespace kiv::host
