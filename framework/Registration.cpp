@@ -101,10 +101,9 @@ void Unregister(std::span<const ControlClass* const> classes)
         RegistryKey::Remove(HKEY_CLASSES_ROOT, VersionedProgIdOf(*controlClass));
         RegistryKey::Remove(HKEY_CLASSES_ROOT, ProgIdOf(*controlClass));
     }
-    const HRESULT result =
-        UnRegisterTypeLib(LIBID_KivControls, MajorVersion, MinorVersion, LOCALE_NEUTRAL, ThisSystem);
-    if (result != TYPE_E_REGISTRYACCESS)
-        Check(result);
+    if (Bstr path; SUCCEEDED(QueryPathOfRegTypeLib(LIBID_KivControls, MajorVersion, MinorVersion,
+                                                   LOCALE_NEUTRAL, path.Receive())))
+        Check(UnRegisterTypeLib(LIBID_KivControls, MajorVersion, MinorVersion, LOCALE_NEUTRAL, ThisSystem));
 }
 
 } // namespace kiv

@@ -43,11 +43,12 @@ public:
     {
         return Boundary([&] { return Table().GetIDsOfNames(names, count, ids); });
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* arguments,
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments,
                                      VARIANT* result, EXCEPINFO* exception, UINT* argument) noexcept override
     {
-        return Boundary(
-            [&] { return Table().Invoke(this, member, flags, arguments, result, exception, argument); });
+        return Boundary([&] {
+            return Table().Invoke(this, member, reserved, flags, arguments, result, exception, argument);
+        });
     }
 
     // Nothing may unwind through a window procedure: a control's error ends the message.

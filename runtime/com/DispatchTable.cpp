@@ -124,39 +124,46 @@ DispatchTable::DispatchTable(ComPtr<ITypeInfo> typeInfo) : typeInfo_(std::move(t
 {
     TYPEATTR* attributes = nullptr;
     Check(typeInfo_->GetTypeAttr(&attributes));
-    // A dual interface describes itself as a dispinterface; its members are called through the vtable side.
     const UINT count = attributes->cFuncs;
     typeInfo_->ReleaseTypeAttr(attributes);
     for (UINT i = 0; i < count; ++i)
-        ReadMethod(i);
+        ReadMember(i);
 }
 
-void DispatchTable::ReadMethod(UINT index)
+void DispatchTable::ReadMember(UINT index)
 {
     const FunctionDescription function(typeInfo_.Get(), index);
-    if (function->invkind != INVOKE_FUNC)
-        return;
-    Parameters parameters;
-    bool anyByReference = false;
+    Member member;
     for (SHORT i = 0; i < function->cParams; ++i)
     {
         const ELEMDESC& element = function->lprgelemdescParam[i];
         const PARAMDESC& description = element.paramdesc;
-        Parameter parameter;
         if ((description.wParamFlags & PARAMFLAG_FRETVAL) != 0)
             continue;
+        Parameter parameter;
         if (element.tdesc.vt == VT_PTR && (description.wParamFlags & PARAMFLAG_FOUT) != 0)
         {
             parameter.ReferredType = PlainType(typeInfo_.Get(), *element.tdesc.lptdesc);
             parameter.Optional = (description.wParamFlags & PARAMFLAG_FOPT) != 0;
             if ((description.wParamFlags & PARAMFLAG_FHASDEFAULT) != 0)
                 parameter.Default = Variant(description.pparamdescex->varDefaultValue);
-            anyByReference = anyByReference || parameter.ReferredType != VT_EMPTY;
+            member.TakesReferences = member.TakesReferences || parameter.ReferredType != VT_EMPTY;
         }
-        parameters.push_back(std::move(parameter));
+        member.Parameters.push_back(std::move(parameter));
     }
-    if (anyByReference)
-        byReference_[function->memid] = std::move(parameters);
+    members_[{function->memid, function->invkind}] = std::move(member);
+}
+
+// What a call with these flags means; a caller that cannot tell a property from a method sets both flags.
+const DispatchTable::Member* DispatchTable::Find(DISPID id, WORD flags) const
+{
+    for (const INVOKEKIND kind : {INVOKE_FUNC, INVOKE_PROPERTYGET, INVOKE_PROPERTYPUT, INVOKE_PROPERTYPUTREF})
+    {
+        const auto found = members_.find({id, kind});
+        if ((flags & kind) != 0 && found != members_.end())
+            return &found->second;
+    }
+    return nullptr;
 }
 
 DISPID DispatchTable::IdOf(const wchar_t* name) const
@@ -171,18 +178,23 @@ HRESULT DispatchTable::GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) c
     return DispGetIDsOfNames(typeInfo_.Get(), names, count, ids);
 }
 
-HRESULT DispatchTable::Invoke(IUnknown* instance, DISPID member, WORD flags, DISPPARAMS* arguments,
-                              VARIANT* result, EXCEPINFO* exception, UINT* argumentInError) const noexcept
+HRESULT DispatchTable::Invoke(IUnknown* instance, DISPID member, REFIID reserved, WORD flags,
+                              DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
+                              UINT* argumentInError) const noexcept
 {
+    if (reserved != IID_NULL)
+        return DISP_E_UNKNOWNINTERFACE;
     if (!arguments)
         return E_POINTER;
-    const auto method = byReference_.find(member);
-    if (method != byReference_.end() && (flags & DISPATCH_METHOD) != 0 && arguments->cNamedArgs == 0 &&
-        arguments->cArgs <= method->second.size())
+    const Member* const called = Find(member, flags);
+    // Not every ITypeInfo::Invoke counts surplus arguments before it calls.
+    if (called && arguments->cArgs > called->Parameters.size())
+        return DISP_E_BADPARAMCOUNT;
+    if (called && called->TakesReferences && arguments->cNamedArgs == 0)
     {
         return Boundary([&] {
             return InvokeRepaired(instance, member, flags, *arguments, result, exception, argumentInError,
-                                  method->second);
+                                  called->Parameters);
         });
     }
     return typeInfo_->Invoke(instance, member, flags, arguments, result, exception, argumentInError);
@@ -194,7 +206,7 @@ HRESULT DispatchTable::Invoke(IUnknown* instance, DISPID member, WORD flags, DIS
 // caller's variable.
 HRESULT DispatchTable::InvokeRepaired(IUnknown* instance, DISPID member, WORD flags,
                                       const DISPPARAMS& arguments, VARIANT* result, EXCEPINFO* exception,
-                                      UINT* argumentInError, const Parameters& parameters) const
+                                      UINT* argumentInError, const std::vector<Parameter>& parameters) const
 {
     const std::size_t count = parameters.size();
     std::vector<ReferredArgument> referred(count);

@@ -28,8 +28,8 @@ public:
     DISPID IdOf(const wchar_t* name) const;
 
     HRESULT GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const noexcept;
-    HRESULT Invoke(IUnknown* instance, DISPID member, WORD flags, DISPPARAMS* arguments, VARIANT* result,
-                   EXCEPINFO* exception, UINT* argumentInError) const noexcept;
+    HRESULT Invoke(IUnknown* instance, DISPID member, REFIID reserved, WORD flags, DISPPARAMS* arguments,
+                   VARIANT* result, EXCEPINFO* exception, UINT* argumentInError) const noexcept;
 
 private:
     // A parameter that the member may write to: the type that it refers to and what it is when left out.
@@ -39,17 +39,22 @@ private:
         bool Optional = false;
         Variant Default;
     };
-    using Parameters = std::vector<Parameter>;
+    // A method, or one side of a property.
+    struct Member
+    {
+        std::vector<Parameter> Parameters;
+        bool TakesReferences = false;
+    };
 
     explicit DispatchTable(Microsoft::WRL::ComPtr<ITypeInfo> typeInfo);
-    void ReadMethod(UINT index);
+    void ReadMember(UINT index);
+    const Member* Find(DISPID id, WORD flags) const;
     HRESULT InvokeRepaired(IUnknown* instance, DISPID member, WORD flags, const DISPPARAMS& arguments,
                            VARIANT* result, EXCEPINFO* exception, UINT* argumentInError,
-                           const Parameters& parameters) const;
+                           const std::vector<Parameter>& parameters) const;
 
     Microsoft::WRL::ComPtr<ITypeInfo> typeInfo_;
-    // The methods that take something by reference.
-    std::map<DISPID, Parameters> byReference_;
+    std::map<std::pair<DISPID, INVOKEKIND>, Member> members_;
 };
 
 // The type description of a class or interface in the module's own type library.

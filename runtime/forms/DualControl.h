@@ -39,12 +39,12 @@ public:
     {
         return Boundary([&] { return Table().GetIDsOfNames(names, count, ids); });
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* arguments,
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments,
                                      VARIANT* result, EXCEPINFO* exception, UINT* argument) noexcept override
     {
         return Boundary([&] {
-            return Table().Invoke(static_cast<Dual*>(this), member, flags, arguments, result, exception,
-                                  argument);
+            return Table().Invoke(static_cast<Dual*>(this), member, reserved, flags, arguments, result,
+                                  exception, argument);
         });
     }
 

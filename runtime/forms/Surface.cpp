@@ -52,12 +52,12 @@ COLORREF Resolved(OLE_COLOR color)
 
 } // namespace
 
-Surface::Surface(SurfaceEvents& events) : events_(events)
+Surface::Surface(SurfaceEvents& events, SIZE size) : events_(events)
 {
     Reset();
     static const WindowClass windowClass(&Surface::WndProc);
-    if (!CreateWindowExA(0, ClassName, "", WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, 0, 0, 0,
-                         ParkingWindow(), nullptr, ModuleInstance(), this))
+    if (!CreateWindowExA(0, ClassName, "", WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, 0, size.cx,
+                         size.cy, ParkingWindow(), nullptr, ModuleInstance(), this))
         ThrowLastError();
 }
 
@@ -83,7 +83,7 @@ void Surface::MoveUnder(HWND parent)
     SetParent(window_, parent);
 }
 
-void Surface::Place(const RECT& position, const RECT& clip)
+void Surface::Place(const RECT& position, const RECT& clip, bool show)
 {
     const SIZE size = {position.right - position.left, position.bottom - position.top};
     RECT visible = {};
@@ -101,7 +101,7 @@ void Surface::Place(const RECT& position, const RECT& clip)
     }
     clipped_ = clipped;
     SetWindowPos(window_, nullptr, position.left, position.top, size.cx, size.cy,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+                 SWP_NOZORDER | SWP_NOACTIVATE | (show ? UINT{SWP_SHOWWINDOW} : 0U));
 }
 
 void Surface::Show(bool shown)

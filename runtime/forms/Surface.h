@@ -29,8 +29,8 @@ protected:
 class Surface
 {
 public:
-    // Throws ComError when the window cannot be made.
-    explicit Surface(SurfaceEvents& events);
+    // size: in pixels. Throws ComError when the window cannot be made.
+    Surface(SurfaceEvents& events, SIZE size);
     Surface(const Surface&) = delete;
     Surface& operator=(const Surface&) = delete;
     ~Surface();
@@ -45,7 +45,7 @@ public:
     void MoveUnder(HWND parent);
     // To a place in the container's window, of which only what lies in clip shows (an empty clip clips
     // nothing). Both in pixels of that window.
-    void Place(const RECT& position, const RECT& clip);
+    void Place(const RECT& position, const RECT& clip, bool show);
     void Show(bool shown);
     // Back under the parking window, hidden.
     void Park();

@@ -11,10 +11,10 @@ UserControl::UserControl(const ControlClass& controlClass, IUnknown* outer) :
     class_(controlClass),
     events_(Outer(), this, controlClass.Events),
     notifications_(Outer(), this, IID_IPropertyNotifySink),
-    surface_(*this)
+    extent_{MulDiv(controlClass.DefaultSize.cx, HimetricPerInch, TwipsPerInch),
+            MulDiv(controlClass.DefaultSize.cy, HimetricPerInch, TwipsPerInch)},
+    surface_(*this, PixelsOf(extent_))
 {
-    constexpr auto fromTwips = [](LONG twips) { return MulDiv(twips, HimetricPerInch, TwipsPerInch); };
-    SetSize({fromTwips(class_.DefaultSize.cx), fromTwips(class_.DefaultSize.cy)});
 }
 
 UserControl::~UserControl() = default;

@@ -4,6 +4,7 @@
 #include "runtime/com/Boundary.h"
 #include "runtime/com/ConnectionPoint.h"
 #include "runtime/com/DispatchTable.h"
+#include "runtime/com/MakeCom.h"
 #include "runtime/com/PropertyBag.h"
 #include "runtime/com/StreamPropertyBag.h"
 #include "runtime/forms/AmbientProperties.h"
@@ -245,6 +246,7 @@ private:
     ConnectionPoint events_;
     ConnectionPoint notifications_;
     Activity activity_ = Activity::Inactive;
+    bool deactivating_ = false;
     SIZEL extent_ = {}; // HIMETRIC
     bool initializeRan_ = false;
     bool hasProperties_ = false;
@@ -263,8 +265,7 @@ HRESULT CreateControl(IUnknown* outer, REFIID iid, void** object) noexcept
 {
     return Boundary([&] {
         auto* control = new Control(outer);
-        Microsoft::WRL::ComPtr<IUnknown> inner;
-        inner.Attach(control->Inner());
+        const Microsoft::WRL::ComPtr<IUnknown> inner = TakeOver(control->Inner());
         control->Initialize();
         return inner->QueryInterface(iid, object);
     });

@@ -1,5 +1,6 @@
 #include "runtime/forms/UserControl.h"
 
+#include "runtime/core/Scoped.h"
 #include "runtime/forms/KeyState.h"
 
 using Microsoft::WRL::ComPtr;
@@ -42,6 +43,8 @@ HRESULT UserControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRE
 void UserControl::ActivateInPlace()
 {
     EnsureInitialized();
+    if (deactivating_)
+        throw ComError(OLE_E_NOT_INPLACEACTIVE);
     if (activity_ != Activity::Inactive)
     {
         surface_.Show(true);
@@ -68,8 +71,7 @@ void UserControl::ActivateInPlace()
         if (!IsWindow(parent))
             throw ComError(OLE_E_INVALIDHWND);
         surface_.MoveUnder(parent);
-        surface_.Place(position, clip);
-        surface_.Show(true);
+        surface_.Place(position, clip, true);
         Follow(position);
         if (clientSite_)
             ComPtr<IOleClientSite>(clientSite_)->ShowObject();
@@ -83,7 +85,7 @@ void UserControl::ActivateInPlace()
 
 void UserControl::ActivateUi()
 {
-    if (activity_ != Activity::InPlace)
+    if (activity_ != Activity::InPlace || deactivating_)
         return;
     const ComPtr<IOleInPlaceSite> site = inPlaceSite_;
     Check(site->OnUIActivate());
@@ -134,14 +136,15 @@ HRESULT UserControl::InPlaceDeactivate() noexcept
 {
     const ComPtr<IUnknown> held(Outer());
     return Boundary([&] {
-        if (activity_ == Activity::Inactive)
-            return;
         UIDeactivate();
         // The container may have answered by deactivating already.
-        if (activity_ == Activity::Inactive)
+        if (activity_ == Activity::Inactive || deactivating_)
             return;
-        activity_ = Activity::Inactive;
+        // Hiding a window that has the focus gives the focus to the container, which may think of giving it
+        // back: until this is over the control cannot be activated.
+        const Scoped<bool> deactivating(deactivating_, true);
         surface_.Park();
+        activity_ = Activity::Inactive;
         frame_.Reset();
         document_.Reset();
         const ComPtr<IOleInPlaceSite> site = std::move(inPlaceSite_);
@@ -170,7 +173,7 @@ HRESULT UserControl::SetObjectRects(LPCRECT position, LPCRECT clip) noexcept
         return E_UNEXPECTED;
     const ComPtr<IUnknown> held(Outer());
     return Boundary([&] {
-        surface_.Place(*position, *clip);
+        surface_.Place(*position, *clip, false);
         Follow(*position);
     });
 }

@@ -1,0 +1,85 @@
+#include "bench/Bench.h"
+
+#include <windows.h>
+
+#include <psapi.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+
+namespace kiv::bench
+{
+
+namespace
+{
+
+constexpr std::size_t Rounds = 7;
+
+double TimeOf(int runs, const std::function<void()>& job)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto start = Clock::now();
+    for (int i = 0; i < runs; ++i)
+        job();
+    const std::chrono::duration<double, std::micro> taken = Clock::now() - start;
+    return taken.count() / runs;
+}
+
+double Middle(std::array<double, Rounds> times)
+{
+    std::ranges::nth_element(times, times.begin() + Rounds / 2);
+    return times[Rounds / 2];
+}
+
+} // namespace
+
+double Measure(int runsPerRound, const std::function<void()>& job)
+{
+    TimeOf(runsPerRound, job);
+    std::array<double, Rounds> times = {};
+    for (double& time : times)
+        time = TimeOf(runsPerRound, job);
+    return Middle(times);
+}
+
+Pair MeasurePair(int runsPerRound, const std::function<void()>& library, const std::function<void()>& bare)
+{
+    TimeOf(runsPerRound, library);
+    TimeOf(runsPerRound, bare);
+    std::array<double, Rounds> libraryTimes = {};
+    std::array<double, Rounds> bareTimes = {};
+    for (std::size_t i = 0; i < Rounds; ++i)
+    {
+        libraryTimes[i] = TimeOf(runsPerRound, library);
+        bareTimes[i] = TimeOf(runsPerRound, bare);
+    }
+    return {Middle(libraryTimes), Middle(bareTimes)};
+}
+
+void PrintHeading()
+{
+    std::printf("%-52s %12s %12s %8s  %s\n", "", "library", "bare calls", "ratio", "goal");
+}
+
+void Print(const Row& row)
+{
+    const double ratio = row.Microseconds / row.BareMicroseconds;
+    std::printf("%-52s %9.2f us %9.2f us %7.2fx", row.Name.c_str(), row.Microseconds, row.BareMicroseconds,
+                ratio);
+    if (row.Goal)
+        std::printf("  at most %.1fx: %s", *row.Goal, ratio <= *row.Goal ? "met" : "missed");
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+std::size_t PrivateBytes()
+{
+    PROCESS_MEMORY_COUNTERS counters = {};
+    counters.cb = sizeof counters;
+    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return counters.PagefileUsage;
+}
+
+} // namespace kiv::bench

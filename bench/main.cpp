@@ -1,0 +1,51 @@
+#include "bench/Bench.h"
+#include "bench/YesNoBench.h"
+#include "runtime/com/Errors.h"
+
+#include <windows.h>
+
+#include <KivControls.h>
+#include <ole2.h>
+#include <wrl/client.h>
+
+#include <cstdio>
+
+using Microsoft::WRL::ComPtr;
+
+namespace
+{
+
+// Measures the library that is registered on this machine.
+void Run()
+{
+    const HWND parent = CreateWindowA("STATIC", "KivCtls benchmarks", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
+                                      400, 300, nullptr, nullptr, nullptr, nullptr);
+    if (!parent)
+        kiv::ThrowLastError();
+    kiv::bench::PrintHeading();
+    ComPtr<IClassFactory> factory;
+    kiv::Check(CoGetClassObject(CLSID_YesNo, CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory)));
+    kiv::bench::RunYesNoRows(factory.Get(), parent);
+    DestroyWindow(parent);
+}
+
+} // namespace
+
+int main()
+{
+    if (FAILED(OleInitialize(nullptr)))
+        return 1;
+    int status = 0;
+    try
+    {
+        Run();
+    }
+    catch (const kiv::ComError& error)
+    {
+        std::fprintf(stderr, "kiv-bench: a call failed with 0x%08lx. Is the library registered?\n",
+                     static_cast<unsigned long>(error.Result()));
+        status = 1;
+    }
+    OleUninitialize();
+    return status;
+}
