@@ -258,7 +258,7 @@ bool Form::Invoke(const std::function<void()>& work) const
 bool Form::Post(std::function<void()> work) const
 {
     auto owned = std::make_unique<std::function<void()>>(std::move(work));
-    if (!PostMessageW(window_, postMessage, 0, reinterpret_cast<LPARAM>(owned.get())))
+    if (!window_ || !PostMessageW(window_, postMessage, 0, reinterpret_cast<LPARAM>(owned.get())))
         return false;
     static_cast<void>(owned.release()); // the receiver's now
     return true;

@@ -13,7 +13,7 @@ Label::Label(Form& form, const LabelOptions& options) :
 
 bool Label::HasMnemonic(const MSG& message) const
 {
-    return HasMnemonicOf(options_.caption, message);
+    return Enabled() && HasMnemonicOf(options_.caption, message);
 }
 
 void Label::OnMnemonic(MSG&)
@@ -23,6 +23,9 @@ void Label::OnMnemonic(MSG&)
 
 void Label::Paint(HDC context)
 {
+    // As on paper: the grid of a form being designed does not run through its texts.
+    if (Owner().DesignMode())
+        FillRect(context, &bounds_, GetSysColorBrush(COLOR_BTNFACE));
     LOGFONTW bold = {};
     HFONT boldFont = nullptr;
     if (options_.bold)
@@ -32,9 +35,11 @@ void Label::Paint(HDC context)
         boldFont = CreateFontIndirectW(&bold);
     }
     const HGDIOBJ before = boldFont ? SelectObject(context, boldFont) : nullptr;
+    const COLORREF colour = SetTextColor(context, GetSysColor(Enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
     RECT bounds = bounds_;
     DrawTextW(context, options_.caption.c_str(), -1, &bounds,
               (options_.alignRight ? DT_RIGHT : DT_LEFT) | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP);
+    SetTextColor(context, colour);
     if (boldFont)
     {
         SelectObject(context, before);

@@ -15,6 +15,7 @@ struct LabelOptions
     RECT bounds = {};
     bool alignRight = false;
     bool bold = false;
+    bool enabled = true;
     short tabIndex = -1; // -1: after all that the form holds already
 };
 

@@ -108,6 +108,7 @@ void FormPage::Add(const FormBlock& block)
                          .bounds = keys.Bounds(),
                          .alignRight = keys.Truth("AlignRight", false),
                          .bold = keys.Truth("FontBold", false),
+                         .enabled = keys.Truth("Enabled", true),
                          .tabIndex = keys.TabIndex()});
     else if (SameFormName(block.Class, "Frame"))
         form_->AddFrame({.name = Wide(block.Name),

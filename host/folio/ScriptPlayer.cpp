@@ -96,28 +96,61 @@ std::string ScriptPlayer::Mistake(const ScriptStep& step, const std::string& wha
 void ScriptPlayer::Play()
 {
     for (const ScriptStep& step : script_.Steps)
-    {
-        try
-        {
-            PlayStep(step);
-        }
-        catch (const Failure& failure)
-        {
-            mistakes_.push_back(Mistake(step, failure.What));
-        }
-        catch (const ComError& error)
-        {
-            mistakes_.push_back(Mistake(step, "the control answered " + DescribeResult(error.Result())));
-        }
-        catch (const std::exception& error)
-        {
-            mistakes_.push_back(Mistake(step, error.what()));
-        }
-        if (!mistakes_.empty())
+        if (!Try(step, [&] { PlayStep(step); }))
             break;
-    }
+    if (!script_.Steps.empty())
+        Try(script_.Steps.back(), [this] { CloseMessageBoxes(); });
     // A script that leaves the form open is done with it.
     form_.Post([this] { SendMessageW(form_.Window(), WM_CLOSE, 0, 0); });
+}
+
+bool ScriptPlayer::Try(const ScriptStep& step, const std::function<void()>& work)
+{
+    try
+    {
+        work();
+        return true;
+    }
+    catch (const Failure& failure)
+    {
+        mistakes_.push_back(Mistake(step, failure.What));
+    }
+    catch (const ComError& error)
+    {
+        mistakes_.push_back(Mistake(step, "the control answered " + DescribeResult(error.Result())));
+    }
+    catch (const std::exception& error)
+    {
+        mistakes_.push_back(Mistake(step, error.what()));
+    }
+    return false;
+}
+
+// A form cannot be closed under a message box. One that nobody answered is a mistake, if it is the first.
+void ScriptPlayer::CloseMessageBoxes()
+{
+    std::string text;
+    const auto open = [&] {
+        bool isOpen = false;
+        form_.Invoke([&] {
+            if (const ShownMessageBox* const current = boxes_.Current())
+            {
+                text = Utf8(current->Text);
+                isOpen = true;
+            }
+        });
+        return isOpen;
+    };
+    const ULONGLONG end = GetTickCount64() + patienceMs;
+    KeyChord escape;
+    escape.VirtualKey = VK_ESCAPE;
+    while (open() && GetTickCount64() < end)
+    {
+        SendKey(escape);
+        Settle();
+    }
+    if (!text.empty() && mistakes_.empty())
+        throw Failure{"the message box " + QuoteFormText(text) + " is not answered"};
 }
 
 void ScriptPlayer::OnForm(const std::function<void()>& work) const

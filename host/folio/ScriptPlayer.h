@@ -37,7 +37,10 @@ private:
 
     static DWORD WINAPI ThreadMain(void* player) noexcept;
     void Play();
+    // False when the work fails, which is then one of the mistakes.
+    bool Try(const ScriptStep& step, const std::function<void()>& work);
     void PlayStep(const ScriptStep& step);
+    void CloseMessageBoxes();
 
     void MoveFocus(const ScriptStep& step);
     void Click(const ScriptStep& step);
