@@ -141,10 +141,12 @@ void DispatchTable::ReadMember(UINT index)
         if ((description.wParamFlags & PARAMFLAG_FRETVAL) != 0)
             continue;
         Parameter parameter;
+        parameter.Optional = (description.wParamFlags & PARAMFLAG_FOPT) != 0;
+        if (!parameter.Optional)
+            ++member.Required;
         if (element.tdesc.vt == VT_PTR && (description.wParamFlags & PARAMFLAG_FOUT) != 0)
         {
             parameter.ReferredType = PlainType(typeInfo_.Get(), *element.tdesc.lptdesc);
-            parameter.Optional = (description.wParamFlags & PARAMFLAG_FOPT) != 0;
             if ((description.wParamFlags & PARAMFLAG_FHASDEFAULT) != 0)
                 parameter.Default = Variant(description.pparamdescex->varDefaultValue);
             member.TakesReferences = member.TakesReferences || parameter.ReferredType != VT_EMPTY;
@@ -187,8 +189,8 @@ HRESULT DispatchTable::Invoke(IUnknown* instance, DISPID member, REFIID reserved
     if (!arguments)
         return E_POINTER;
     const Member* const called = Find(member, flags);
-    // Not every ITypeInfo::Invoke counts surplus arguments before it calls.
-    if (called && arguments->cArgs > called->Parameters.size())
+    // Not every ITypeInfo::Invoke counts the arguments before it calls.
+    if (called && (arguments->cArgs > called->Parameters.size() || arguments->cArgs < called->Required))
         return DISP_E_BADPARAMCOUNT;
     if (called && called->TakesReferences && arguments->cNamedArgs == 0)
     {

@@ -43,6 +43,7 @@ private:
     struct Member
     {
         std::vector<Parameter> Parameters;
+        std::size_t Required = 0; // how many arguments a call must give
         bool TakesReferences = false;
     };
 

@@ -1,6 +1,7 @@
 #include "runtime/forms/UserControl.h"
 
 #include "runtime/com/InterfaceList.h"
+#include "runtime/core/Scoped.h"
 #include "runtime/core/Units.h"
 
 namespace kiv
@@ -21,6 +22,7 @@ UserControl::~UserControl() = default;
 
 void UserControl::Initialize()
 {
+    const Scoped<bool> loading(loading_, true);
     UserControl_Initialize();
     initializeRan_ = true;
 }

@@ -78,7 +78,8 @@ void UserControl::Refresh()
 {
     if (loading_)
         return;
-    surface_.Refresh();
+    if (activity_ != Activity::Inactive)
+        surface_.Refresh();
     if (viewSink_ && (viewAspects_ & DVASPECT_CONTENT) != 0)
     {
         const ComPtr<IAdviseSink> sink = viewSink_;
