@@ -87,8 +87,11 @@ public:
         while (!AtEnd())
         {
             step.Values.push_back(Value(true));
-            if (rest_.starts_with(','))
-                rest_ = Trim(rest_.substr(1));
+            if (!rest_.starts_with(','))
+                continue;
+            rest_ = Trim(rest_.substr(1));
+            if (AtEnd())
+                Missing("an argument");
         }
     }
 
