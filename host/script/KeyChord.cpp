@@ -30,8 +30,8 @@ constexpr std::array<NamedKey, 28> namedKeys = {{
 std::optional<KeyChord> ParseKeyChord(std::string_view text)
 {
     KeyChord chord;
-    for (std::size_t plus = text.find('+', 1); plus != std::string_view::npos && plus + 1 < text.size();
-         plus = text.find('+', 1))
+    for (std::size_t plus = text.find('+'); plus != std::string_view::npos && plus + 1 < text.size();
+         plus = text.find('+'))
     {
         const std::string_view modifier = text.substr(0, plus);
         if (SameFormName(modifier, "Ctrl"))

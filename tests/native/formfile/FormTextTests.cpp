@@ -146,6 +146,8 @@ TEST(FormText, SaysWhereAndWhatIsWrong)
         {"Begin Form a\nx = 1\nX = 2\nEnd\n", "f:3: X is set twice in Begin Form a"},
         {"Begin Form a\nFont = 1\nBeginProperty Font\nEndProperty\nEnd\n",
          "f:3: Font is set twice in Begin Form a"},
+        {"Begin Form a\nBeginProperty Font\nEndProperty\nFont = 1\nEnd\n",
+         "f:4: Font is set twice in Begin Form a"},
         {"Begin Form a\nBegin Label b\nEnd\nBegin Label B\nEnd\nEnd\n", "f:4: the name B is taken already"},
         {"Begin Form a\nBeginProperty Font\nBegin Label b\nEnd\nEndProperty\nEnd\n",
          "f:3: a control cannot stand inside BeginProperty Font"},
@@ -176,7 +178,17 @@ TEST(FormText, RefusesBottomlessNesting)
     std::string text = "Begin Form a\n";
     for (int depth = 0; depth < 100; ++depth)
         text += "BeginProperty p\n";
-    EXPECT_THROW(ParseForm(text, "f"), FormError);
+    for (int depth = 0; depth < 100; ++depth)
+        text += "EndProperty\n";
+    try
+    {
+        ParseForm(text + "End\n", "f");
+        ADD_FAILURE() << "was read";
+    }
+    catch (const FormError& error)
+    {
+        EXPECT_STREQ(error.what(), "f:65: the blocks are nested too deeply");
+    }
 }
 
 // Damaged text is either refused or, written and read again, the same.

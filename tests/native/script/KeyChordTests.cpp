@@ -32,7 +32,7 @@ TEST(KeyChord, ReadsNamesCharactersAndModifiers)
 
 TEST(KeyChord, RefusesWhatNamesNoKey)
 {
-    for (const char* text : {"", " ", "yy", "Sapce", "Super+y", "Ctrl+", "+y", "F13", "\x80", "\n"})
+    for (const char* text : {"", " ", "yy", "Sapce", "Super+y", "Ctrl+", "+y", "F13", "\x7F", "\x80", "\n"})
         EXPECT_EQ(ParseKeyChord(text), std::nullopt) << text;
 }
 
