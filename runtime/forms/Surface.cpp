@@ -24,6 +24,8 @@ public:
     {
         WNDCLASSEXA description = {};
         description.cbSize = sizeof description;
+        // Content is laid out anew for each size.
+        description.style = CS_HREDRAW | CS_VREDRAW;
         description.lpfnWndProc = procedure;
         // The surface's pointer lives here: the user-data slot belongs to the subclassing service.
         description.cbWndExtra = sizeof(Surface*);
