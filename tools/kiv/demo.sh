@@ -1,11 +1,11 @@
 # shellcheck shell=bash
-# Shows the library in its host: the sample interview.
+# Shows the library in its host: the sample interview, and the pictures of the documentation.
 
-# A script that has not answered the form by then hangs. In seconds.
-DEMO_LIMIT=120
+# A script gives up by itself after 120 seconds; a host that takes longer hangs.
+HOST_LIMIT=150
 
 cmd_demo() {
-    local headless='' argument arch host options status=0
+    local headless='' argument arch host status=0
     take_arch "$@"
     for argument in "${REST[@]}"; do
         [[ $argument == --headless ]] || misused "demo does not know $argument" "It takes --headless and --arch."
@@ -22,29 +22,53 @@ cmd_demo() {
     [[ -z $headless ]] || start_display
     open_registered_prefix "$arch"
     mkdir -p build/demo
-    host=(wine "$(host_program "$arch")")
-    options=(--log "$(windows_path "$ROOT/build/demo/transcript.jsonl")")
+    host=("$(host_program "$arch")" --log "$(windows_path "$ROOT/build/demo/transcript.jsonl")")
     if [[ -n $headless ]]; then
-        host=(timeout --kill-after=10 "$DEMO_LIMIT" "${host[@]}")
-        options+=(--script "$(windows_path "$ROOT/examples/interview.script")"
-            --shot "$(windows_path "$ROOT/build/demo/interview.png")")
         say "A script answers the interview:"
+        attend play_script "${host[@]}" "$ROOT/examples/interview" "$ROOT/build/demo/interview.png" || status=$?
     else
         say "The interview is open; close its window to end. Its log:"
+        attend wine "${host[@]}" "$(windows_path "$ROOT/examples/interview.form")" || status=$?
     fi
-    attend "${host[@]}" "${options[@]}" "$(windows_path "$ROOT/examples/interview.form")" || status=$?
     conclude_demo "$status" "$headless"
+}
+
+# play_script HOST [OPTION ...] BASE PICTURE: BASE.form, answered by BASE.script.
+play_script() {
+    local host=("${@:1:$#-2}") base=${*: -2:1} picture=${*: -1}
+    timeout --kill-after=10 "$HOST_LIMIT" wine "${host[@]}" --script "$(windows_path "$base.script")" \
+        --shot "$(windows_path "$picture")" "$(windows_path "$base.form")"
 }
 
 # conclude_demo STATUS HEADLESS: the status of the host is that of the demo.
 conclude_demo() {
     case $1 in
     0) say "The log is in build/demo/transcript.jsonl${2:+, the picture in build/demo/interview.png}." ;;
-    124 | 137) die "the interview was not answered within $DEMO_LIMIT seconds." \
+    124 | 137) die "the host did not end within $HOST_LIMIT seconds." \
         "build/demo/transcript.jsonl shows how far it came." ;;
     *)
         note "the host ended with status $1; the log above says why, and build/demo/transcript.jsonl keeps it."
         exit "$1"
         ;;
     esac
+}
+
+# Each form in docs/pictures/ has a script that brings it into the state to be shown. The README shows the demo's.
+cmd_docs() {
+    no_arguments docs "$@"
+    local base picture
+    ensure build run
+    lock_tree docs
+    build_product x86
+    start_display
+    open_registered_prefix x86
+    mkdir -p docs/pictures
+    while read -r base; do
+        picture=docs/pictures/${base##*/}.png
+        step "$picture" "build/docs/${base##*/}.log" \
+            play_script "$(host_program x86)" "$ROOT/$base" "$ROOT/$picture" || {
+            tail -n 10 "build/docs/${base##*/}.log" >&2
+            die "the host made no picture of $base.form." "Its messages are in build/docs/${base##*/}.log."
+        }
+    done < <(printf '%s\n' examples/interview && find docs/pictures -name '*.form' | sed 's/\.form$//' | LC_ALL=C sort)
 }

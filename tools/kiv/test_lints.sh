@@ -60,9 +60,13 @@ expect find_wrong_includes controls/x/A.cpp '#include "controls/x/Gone.h"\n' \
     'controls/x/A.cpp:1: there is no controls/x/Gone.h'
 expect find_wrong_includes elsewhere/A.cpp '#include "runtime/core/H.h"\n' 'elsewhere/A.cpp:1: the layers'
 
+printf 'add_library(kiv_rules STATIC\n    x/Rules.cpp)\nadd_library(kiv_controls STATIC\n    x/A.cpp)\n' \
+    >"$samples/controls/CMakeLists.txt"
 expect find_windows_headers runtime/core/A.h '#include <string>\n' ''
 expect find_windows_headers runtime/core/A.h '\n#include <windows.h>\n' 'runtime/core/A.h:2: portable code must not include windows.h'
 expect find_windows_headers tools/a/A.cpp '#include <OleAuto.h>\n' 'tools/a/A.cpp:1: portable code'
+expect find_windows_headers controls/x/Rules.h '#include <windows.h>\n' 'controls/x/Rules.h:1: portable code'
+expect find_windows_headers controls/x/A.h '#include <windows.h>\n' ''
 expect find_windows_headers runtime/com/A.h '#include <windows.h>\n' ''
 
 expect find_long_files tools/a/A.cpp "$(printf 'x\\n%.0s' {1..600})" ''
