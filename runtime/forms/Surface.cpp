@@ -3,10 +3,9 @@
 #include "runtime/com/Boundary.h"
 #include "runtime/com/Module.h"
 #include "runtime/core/Scoped.h"
+#include "runtime/forms/Color.h"
 #include "runtime/forms/ParkingWindow.h"
 #include "runtime/forms/Screen.h"
-
-#include <olectl.h>
 
 namespace kiv
 {
@@ -39,18 +38,6 @@ public:
     WindowClass& operator=(const WindowClass&) = delete;
     ~WindowClass() { UnregisterClassA(ClassName, ModuleInstance()); }
 };
-
-constexpr OLE_COLOR SystemColor(int index)
-{
-    return 0x80000000U | static_cast<OLE_COLOR>(index);
-}
-
-COLORREF Resolved(OLE_COLOR color)
-{
-    COLORREF resolved = 0;
-    // A number that names no colour draws as black.
-    return SUCCEEDED(OleTranslateColor(color, nullptr, &resolved)) ? resolved : RGB(0, 0, 0);
-}
 
 } // namespace
 
@@ -156,7 +143,7 @@ Graphics Surface::AcquireGraphics() const
 {
     const bool painting = paintDc_ != nullptr;
     return Graphics(painting ? nullptr : window_, painting ? paintDc_ : GetDC(window_), font_.Handle(),
-                    Resolved(foreColor_), Resolved(backColor_));
+                    ResolvedColor(foreColor_), ResolvedColor(backColor_));
 }
 
 void Surface::Paint(HDC dc)
@@ -166,7 +153,7 @@ void Surface::Paint(HDC dc)
     const SIZE size = PixelSize();
     const RECT whole = {0, 0, size.cx, size.cy};
     // A brush of its own: a metafile does not record the colour of the stock one.
-    const GdiObject<HBRUSH> background(CreateSolidBrush(Resolved(backColor_)));
+    const GdiObject<HBRUSH> background(CreateSolidBrush(ResolvedColor(backColor_)));
     FillRect(dc, &whole, background.Get());
     events_.SurfacePaint();
 }

@@ -54,4 +54,6 @@ void UserControl::UserControl_KeyDown(short&, short) {}
 
 void UserControl::UserControl_KeyPress(short&) {}
 
+void UserControl::UserControl_KeyUp(short&, short) {}
+
 } // namespace kiv

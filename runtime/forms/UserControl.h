@@ -8,6 +8,7 @@
 #include "runtime/com/PropertyBag.h"
 #include "runtime/com/StreamPropertyBag.h"
 #include "runtime/forms/AmbientProperties.h"
+#include "runtime/forms/Constituent.h"
 #include "runtime/forms/ControlClass.h"
 #include "runtime/forms/Surface.h"
 
@@ -37,6 +38,7 @@ class UserControl : public Aggregatable,
                     public IConnectionPointContainer,
                     public IQuickActivate,
                     public ISupportErrorInfo,
+                    protected ConstituentOwner,
                     private SurfaceEvents
 {
 public:
@@ -143,6 +145,10 @@ protected:
     // A key set to 0 goes no further.
     virtual void UserControl_KeyDown(short& KeyCode, short Shift);
     virtual void UserControl_KeyPress(short& KeyAscii);
+    virtual void UserControl_KeyUp(short& KeyCode, short Shift);
+    // The focus crosses the control's outer edge; moves between its own windows do not count.
+    virtual void UserControl_EnterFocus() {}
+    virtual void UserControl_ExitFocus() {}
     virtual void UserControl_WriteProperties(PropertyBag&) {}
     virtual void UserControl_Terminate() {}
 
@@ -153,6 +159,11 @@ protected:
 
     // Repaints the surface, in the window or wherever the container shows it.
     void Refresh();
+    // Asks the container for another size of the control's window, in pixels; without a container it is
+    // taken.
+    void RequestSize(SIZE pixels);
+    // The window that has the focus when the control has it: the surface's, unless a constituent takes it.
+    virtual HWND FocusWindow() const { return surface_.hWnd(); }
     // A persisted or bound property has changed. Not told to anybody while the control is loading.
     void PropertyChanged(const wchar_t* name);
     // Raises an event of the control's source interface; arguments in declared order, by-reference ones
@@ -199,6 +210,14 @@ private:
     LRESULT SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
     void SurfacePaint() override { UserControl_Paint(); }
     IUnknown* SurfaceOwner() noexcept override { return Outer(); }
+
+    // ConstituentOwner (UserControl_window.cpp)
+    void PreviewKeyDown(short& keyCode) override;
+    void PreviewKeyPress(short& keyAscii) override;
+    void PreviewKeyUp(short& keyCode) override;
+    void ConstituentFocus(bool gained, HWND other) override;
+    IUnknown* ConstituentHolder() noexcept override { return Outer(); }
+
     void MousePressed(short button, LPARAM position);
     void MouseReleased(short button, WPARAM keys, LPARAM position);
     bool TakesInput() const;

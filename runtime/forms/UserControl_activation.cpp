@@ -94,7 +94,7 @@ void UserControl::ActivateUi()
         return;
     activity_ = Activity::Ui;
     if (!surface_.ContainsFocus())
-        SetFocus(surface_.hWnd());
+        SetFocus(FocusWindow());
     const auto announce = [this](ComPtr<IOleInPlaceUIWindow> window) {
         if (window && activity_ == Activity::Ui)
         {
@@ -112,7 +112,7 @@ void UserControl::TakeFocus()
     if (activity_ == Activity::InPlace)
         ActivateUi();
     if (!surface_.ContainsFocus())
-        SetFocus(surface_.hWnd());
+        SetFocus(FocusWindow());
 }
 
 HRESULT UserControl::UIDeactivate() noexcept

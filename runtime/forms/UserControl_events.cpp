@@ -27,6 +27,8 @@ void UserControl::NotifyChanged(DISPID property)
 
 void UserControl::RaiseEvent(DISPID event, std::span<const Variant> arguments)
 {
+    if (loading_)
+        return;
     if (freezeCount_ == 0)
     {
         Deliver(event, arguments);

@@ -74,6 +74,18 @@ void UserControl::SetSize(SIZEL extent)
     surface_.Resize(PixelsOf(extent));
 }
 
+void UserControl::RequestSize(SIZE pixels)
+{
+    SetSize(ExtentOf(pixels));
+    if (activity_ == Activity::Inactive || loading_)
+        return;
+    RECT place = {};
+    const HWND window = surface_.hWnd();
+    GetWindowRect(window, &place);
+    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+    ComPtr<IOleInPlaceSite>(inPlaceSite_)->OnPosRectChange(&place);
+}
+
 void UserControl::Refresh()
 {
     if (loading_)

@@ -30,6 +30,7 @@ double TwipsY(LPARAM position)
 
 LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    auto key = static_cast<short>(wParam);
     switch (message)
     {
     case WM_SIZE:
@@ -38,6 +39,8 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
         return 0;
     case WM_SETFOCUS:
         FocusGained(reinterpret_cast<HWND>(wParam));
+        if (FocusWindow() != window)
+            SetFocus(FocusWindow());
         return 0;
     case WM_KILLFOCUS:
         FocusLost(reinterpret_cast<HWND>(wParam));
@@ -64,19 +67,27 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
         return 0;
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-        if (TakesInput())
-        {
-            auto keyCode = static_cast<short>(wParam);
-            UserControl_KeyDown(keyCode, ShiftState());
-        }
+        PreviewKeyDown(key);
         break;
     case WM_CHAR:
-        if (TakesInput())
-        {
-            auto keyAscii = static_cast<short>(wParam);
-            UserControl_KeyPress(keyAscii);
-        }
+        PreviewKeyPress(key);
         return 0;
+    case WM_KEYUP:
+    case WM_SYSKEYUP:
+        PreviewKeyUp(key);
+        break;
+    case WM_COMMAND:
+        if (Constituent* const constituent = Constituent::Of(reinterpret_cast<HWND>(lParam)))
+            constituent->Notified(HIWORD(wParam));
+        return 0;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+        if (Constituent* const constituent = Constituent::Of(reinterpret_cast<HWND>(lParam)))
+        {
+            if (const HBRUSH background = constituent->Colors(reinterpret_cast<HDC>(wParam)))
+                return reinterpret_cast<LRESULT>(background);
+        }
+        break;
     default:
         break;
     }
@@ -87,6 +98,38 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
 bool UserControl::TakesInput() const
 {
     return surface_.Enabled() && hasProperties_ && ambient_.UserMode();
+}
+
+void UserControl::PreviewKeyDown(short& keyCode)
+{
+    if (TakesInput())
+        UserControl_KeyDown(keyCode, ShiftState());
+    else
+        keyCode = 0;
+}
+
+void UserControl::PreviewKeyPress(short& keyAscii)
+{
+    if (TakesInput())
+        UserControl_KeyPress(keyAscii);
+    else
+        keyAscii = 0;
+}
+
+void UserControl::PreviewKeyUp(short& keyCode)
+{
+    if (TakesInput())
+        UserControl_KeyUp(keyCode, ShiftState());
+    else
+        keyCode = 0;
+}
+
+void UserControl::ConstituentFocus(bool gained, HWND other)
+{
+    if (gained)
+        FocusGained(other);
+    else
+        FocusLost(other);
 }
 
 void UserControl::MousePressed(short button, LPARAM position)
@@ -118,13 +161,17 @@ void UserControl::FocusGained(HWND from)
     // A focus that came by a click or a Tab key makes the control the active one.
     if (activity_ == Activity::InPlace && ambient_.UserMode())
         ActivateUi();
+    UserControl_EnterFocus();
     if (controlSite_)
         Microsoft::WRL::ComPtr<IOleControlSite>(controlSite_)->OnFocus(TRUE);
 }
 
 void UserControl::FocusLost(HWND to)
 {
-    if (!IsOwn(to) && controlSite_)
+    if (IsOwn(to))
+        return;
+    UserControl_ExitFocus();
+    if (controlSite_)
         Microsoft::WRL::ComPtr<IOleControlSite>(controlSite_)->OnFocus(FALSE);
 }
 

@@ -24,9 +24,11 @@ cmd_demo() {
     mkdir -p build/demo
     host=("$(host_program "$arch")" --log "$(windows_path "$ROOT/build/demo/transcript.jsonl")")
     if [[ -n $headless ]]; then
+        manage_windows N FolioHost
         say "A script answers the interview:"
         attend play_script "${host[@]}" "$ROOT/examples/interview" "$ROOT/build/demo/interview.png" || status=$?
     else
+        manage_windows Y FolioHost
         say "The interview is open; close its window to end. Its log:"
         attend wine "${host[@]}" "$(windows_path "$ROOT/examples/interview.form")" || status=$?
     fi
@@ -62,6 +64,7 @@ cmd_docs() {
     build_product x86
     start_display
     open_registered_prefix x86
+    manage_windows N FolioHost
     mkdir -p docs/pictures
     while read -r base; do
         picture=docs/pictures/${base##*/}.png

@@ -44,7 +44,7 @@ make_prefix() {
     # A crash is to end a test, not to wait in a dialog for somebody to read it.
     wineboot -i &&
         wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
-        wineserver -w && detach_home && add_fonts && touch "$WINEPREFIX/made-by-kiv"
+        manage_windows N kiv-com-tests kiv-gui-tests kiv-clients-tests kiv-bench && wineserver -w && detach_home && add_fonts && touch "$WINEPREFIX/made-by-kiv"
 }
 
 # Debian's Wine does not look where Debian's package puts Tahoma and MS Sans Serif, without which dialogs are
@@ -52,6 +52,17 @@ make_prefix() {
 add_fonts() {
     mkdir -p "$WINEPREFIX/drive_c/windows/Fonts" &&
         cp /usr/share/wine/fonts/*.[tf]* "$WINEPREFIX/drive_c/windows/Fonts/"
+}
+
+# manage_windows Y|N PROGRAM ...: whether a window manager is asked to frame the program's windows. Where none
+# answers, as on kiv's own display, Wine waits two seconds for one whenever a captioned window goes away; without
+# one it draws captions itself.
+manage_windows() {
+    local program managed=$1
+    for program in "${@:2}"; do
+        wine reg add "HKCU\\Software\\Wine\\AppDefaults\\$program.exe\\X11 Driver" \
+            /v Managed /t REG_SZ /d "$managed" /f 9>&- || return
+    done >/dev/null
 }
 
 # Wine links the shell folders to those of the user; what runs here must not reach them.

@@ -1,0 +1,127 @@
+#include "runtime/forms/Constituent.h"
+
+#include "runtime/com/Boundary.h"
+
+#include <wrl/client.h>
+
+namespace kiv
+{
+
+namespace
+{
+
+// Leads from a window to its constituent. Not the user-data slot: that belongs to the subclassing service.
+constexpr char PropertyName[] = "KivControls.Constituent";
+
+} // namespace
+
+Constituent::Constituent(ConstituentOwner& owner, HWND parent, const char* windowClass, DWORD style,
+                         DWORD extendedStyle) :
+    owner_(owner),
+    window_(CreateWindowExA(extendedStyle, windowClass, "", WS_CHILD | style, 0, 0, 0, 0, parent, nullptr,
+                            nullptr, nullptr))
+{
+    if (!window_)
+        ThrowLastError();
+    SetPropA(window_, PropertyName, this);
+    previous_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Constituent::WndProc)));
+}
+
+Constituent::~Constituent()
+{
+    if (!window_)
+        return;
+    RemovePropA(window_, PropertyName);
+    SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous_));
+    DestroyWindow(window_);
+}
+
+Constituent* Constituent::Of(HWND window)
+{
+    return static_cast<Constituent*>(GetPropA(window, PropertyName));
+}
+
+bool Constituent::Enabled() const
+{
+    return IsWindowEnabled(window_) != FALSE;
+}
+
+void Constituent::Enabled(bool enabled)
+{
+    EnableWindow(window_, enabled);
+}
+
+bool Constituent::Visible() const
+{
+    return (GetWindowLongPtrA(window_, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+void Constituent::Visible(bool visible)
+{
+    ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void Constituent::Font(HFONT font)
+{
+    SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+void Constituent::Notified(WORD) {}
+
+HBRUSH Constituent::Colors(HDC)
+{
+    return nullptr;
+}
+
+bool Constituent::Received(UINT, WPARAM, LPARAM)
+{
+    return false;
+}
+
+// Returns true when the message goes no further. A key may go on as another one.
+bool Constituent::Handle(UINT message, WPARAM& wParam, LPARAM lParam)
+{
+    auto key = static_cast<short>(wParam);
+    switch (message)
+    {
+    case WM_KEYDOWN:
+        owner_.PreviewKeyDown(key);
+        break;
+    case WM_CHAR:
+        owner_.PreviewKeyPress(key);
+        break;
+    case WM_KEYUP:
+        owner_.PreviewKeyUp(key);
+        break;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+        owner_.ConstituentFocus(message == WM_SETFOCUS, reinterpret_cast<HWND>(wParam));
+        return Received(message, wParam, lParam);
+    default:
+        return Received(message, wParam, lParam);
+    }
+    wParam = static_cast<WPARAM>(static_cast<WORD>(key));
+    return key == 0;
+}
+
+// Nothing may unwind through a window procedure: an error leaves the message to the system's control.
+LRESULT CALLBACK Constituent::WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
+{
+    Constituent* const constituent = Of(window);
+    if (!constituent)
+        return DefWindowProcA(window, message, wParam, lParam);
+    const WNDPROC previous = constituent->previous_;
+    if (message == WM_NCDESTROY)
+    {
+        constituent->window_ = nullptr;
+        RemovePropA(window, PropertyName);
+        return CallWindowProcA(previous, window, message, wParam, lParam);
+    }
+    const Microsoft::WRL::ComPtr<IUnknown> held(constituent->owner_.ConstituentHolder());
+    bool handled = false;
+    Boundary([&] { handled = constituent->Handle(message, wParam, lParam); });
+    return handled ? 0 : CallWindowProcA(previous, window, message, wParam, lParam);
+}
+
+} // namespace kiv

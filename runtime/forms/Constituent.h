@@ -1,0 +1,68 @@
+#pragma once
+
+#include <windows.h>
+
+#include <unknwn.h>
+
+namespace kiv
+{
+
+// What a constituent window tells the control that it is a part of.
+class ConstituentOwner
+{
+public:
+    // The keys, before the constituent sees them. A key set to 0 goes no further.
+    virtual void PreviewKeyDown(short& keyCode) = 0;
+    virtual void PreviewKeyPress(short& keyAscii) = 0;
+    virtual void PreviewKeyUp(short& keyCode) = 0;
+    // The focus has come from, or goes to, another window (which may be one of the control's own, or null).
+    virtual void ConstituentFocus(bool gained, HWND other) = 0;
+    // Holds the control while a message is handled.
+    virtual IUnknown* ConstituentHolder() noexcept = 0;
+
+protected:
+    ~ConstituentOwner() = default;
+};
+
+// A system control inside a control. Its window is a child of the surface for as long as this lives.
+class Constituent
+{
+public:
+    Constituent(const Constituent&) = delete;
+    Constituent& operator=(const Constituent&) = delete;
+
+    HWND hWnd() const { return window_; }
+
+    bool Enabled() const;
+    void Enabled(bool enabled);
+    bool Visible() const;
+    void Visible(bool visible);
+    void Font(HFONT font);
+
+    // The constituent of a window, null for other windows.
+    static Constituent* Of(HWND window);
+
+    // A notification of the window to its parent, WM_COMMAND's code.
+    virtual void Notified(WORD code);
+    // Colours for the window, which the system asks its parent for; null for the system's own.
+    virtual HBRUSH Colors(HDC dc);
+
+protected:
+    // style: in addition to that of a child. Throws ComError when the window cannot be made.
+    Constituent(ConstituentOwner& owner, HWND parent, const char* windowClass, DWORD style,
+                DWORD extendedStyle);
+    virtual ~Constituent();
+
+    // The window's own messages that are no keys and no focus; returns true when that is all there is to do.
+    virtual bool Received(UINT message, WPARAM wParam, LPARAM lParam);
+
+private:
+    static LRESULT CALLBACK WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    bool Handle(UINT message, WPARAM& wParam, LPARAM lParam);
+
+    ConstituentOwner& owner_;
+    HWND window_ = nullptr;
+    WNDPROC previous_ = nullptr;
+};
+
+} // namespace kiv

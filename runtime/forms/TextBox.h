@@ -1,0 +1,66 @@
+#pragma once
+
+#include "runtime/forms/Constituent.h"
+#include "runtime/forms/Gdi.h"
+
+#include <olectl.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace kiv
+{
+
+// A constituent single-line text box: a real EDIT with a sunken border.
+class TextBox final : public Constituent
+{
+public:
+    TextBox(ConstituentOwner& owner, HWND parent);
+
+    // Events.
+    std::function<void()> OnChange;
+    std::function<void()> OnClick;
+    std::function<void()> OnGotFocus;
+
+    std::wstring Text() const;
+    // Raises OnChange, unless the box already holds the text.
+    void Text(std::wstring_view text);
+
+    // The selection, in characters from 0.
+    int SelStart() const;
+    int SelLength() const;
+    void Select(int start, int length);
+    void SelectAll() { Select(0, Length()); }
+    std::wstring SelText() const;
+    int Length() const;
+
+    // The most characters that can be typed; 0 for no limit.
+    short MaxLength() const { return maxLength_; }
+    void MaxLength(short characters);
+
+    OLE_COLOR BackColor() const { return backColor_; }
+    void BackColor(OLE_COLOR color);
+    OLE_COLOR ForeColor() const { return foreColor_; }
+    void ForeColor(OLE_COLOR color);
+
+    // Pixels of the surface. The box is never lower than one line of its font needs.
+    void Move(int left, int top, int width, int height);
+    SIZE Size() const;
+
+    void Notified(WORD code) override;
+    HBRUSH Colors(HDC dc) override;
+
+protected:
+    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    int LineHeight() const;
+
+    short maxLength_ = 0;
+    OLE_COLOR backColor_;
+    OLE_COLOR foreColor_;
+    GdiObject<HBRUSH> background_;
+};
+
+} // namespace kiv
