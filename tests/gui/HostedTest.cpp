@@ -1,0 +1,86 @@
+#include "tests/gui/HostedTest.h"
+
+#include "host/container/Button.h"
+
+namespace kiv::test
+{
+
+void HostedTest::SetUp()
+{
+    LibraryTest::SetUp();
+    ASSERT_EQ(ControlWindows(), 0) << "an earlier test left windows behind";
+    form_ = std::make_unique<host::Form>(L"Test", SIZE{300, 120});
+}
+
+void HostedTest::TearDown()
+{
+    DestroyForm();
+    LibraryTest::TearDown();
+    EXPECT_EQ(ControlWindows(), 0);
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+void HostedTest::ShowForm()
+{
+    form_->Show();
+    ASSERT_TRUE(form_->PumpUntil([this] { return GetForegroundWindow() == form_->Window(); }));
+    Settle();
+}
+
+host::Button& HostedTest::AddElsewhere()
+{
+    host::ButtonOptions options;
+    options.name = L"elsewhere";
+    options.caption = L"&Elsewhere";
+    options.bounds = {200, 80, 290, 105};
+    return form_->AddButton(options);
+}
+
+host::SiteOptions HostedTest::Placed(RECT bounds)
+{
+    host::SiteOptions options;
+    options.name = L"ynQuestion";
+    options.bounds = bounds;
+    return options;
+}
+
+void HostedTest::Settle()
+{
+    const InputMark mark;
+    ASSERT_TRUE(form_->PumpUntil([&] { return mark.Arrived(); })) << "the form does not get the input";
+    form_->PumpPending();
+}
+
+void HostedTest::Key(WORD key, std::initializer_list<WORD> held)
+{
+    TapKey(key, held);
+    Settle();
+}
+
+void HostedTest::Character(wchar_t character)
+{
+    TypeCharacter(character);
+    Settle();
+}
+
+void HostedTest::Press(const HostedYesNo& control, Spot spot, MouseButton button)
+{
+    PointAt(control.OnScreen(spot));
+    PressButton(button);
+    Settle();
+}
+
+void HostedTest::Release(const HostedYesNo& control, Spot spot, MouseButton button)
+{
+    PointAt(control.OnScreen(spot));
+    ReleaseButton(button);
+    Settle();
+}
+
+void HostedTest::Click(const HostedYesNo& control, Spot spot, MouseButton button)
+{
+    Press(control, spot, button);
+    Release(control, spot, button);
+}
+
+} // namespace kiv::test

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "host/container/Form.h"
+#include "tests/gui/HostedYesNo.h"
+#include "tests/support/Input.h"
+#include "tests/support/LibraryTest.h"
+
+namespace kiv::test
+{
+
+// Base of the tests that put controls on a form and answer them as a user would. Holds every test to have
+// left no object, and no window of a control anywhere.
+class HostedTest : public LibraryTest
+{
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    host::Form& TheForm() { return *form_; }
+    void ShowForm();
+    void DestroyForm() { form_.reset(); }
+    // A button of the form's, for the focus to be elsewhere; the first thing on the form unless it comes
+    // later.
+    host::Button& AddElsewhere();
+
+    // A control in the upper left of the form, 120 by 20 pixels.
+    static host::SiteOptions Placed(RECT bounds = {20, 20, 140, 40});
+
+    // Handles all input that was sent, and what follows from it.
+    void Settle();
+    // Also the painting that waits.
+    void Key(WORD key, std::initializer_list<WORD> held = {});
+    void Character(wchar_t character);
+    void Press(const HostedYesNo& control, Spot spot, MouseButton button = MouseButton::Left);
+    void Release(const HostedYesNo& control, Spot spot, MouseButton button = MouseButton::Left);
+    void Click(const HostedYesNo& control, Spot spot, MouseButton button = MouseButton::Left);
+
+private:
+    std::unique_ptr<host::Form> form_;
+};
+
+} // namespace kiv::test
