@@ -122,6 +122,13 @@ Variant DecodeObject(const std::vector<std::uint8_t>& bytes)
     return Variant(static_cast<IUnknown*>(persist.Get()));
 }
 
+std::vector<std::uint8_t> EncodeText(const std::wstring& text)
+{
+    std::vector<std::uint8_t> bytes(text.size() * sizeof(wchar_t));
+    std::memcpy(bytes.data(), text.data(), bytes.size());
+    return bytes;
+}
+
 StoredProperty Encode(const wchar_t* name, const Variant& value)
 {
     StoredProperty stored;
@@ -135,12 +142,6 @@ StoredProperty Encode(const wchar_t* name, const Variant& value)
         stored.Value.resize(size);
         std::memcpy(stored.Value.data(), &V_NONE(value.Borrow()), size);
     }
-    else if (value.Type() == VT_BSTR)
-    {
-        const std::wstring text = value.Text();
-        stored.Value.resize(text.size() * sizeof(wchar_t));
-        std::memcpy(stored.Value.data(), text.data(), stored.Value.size());
-    }
     else if (value.Type() == VT_UNKNOWN || value.Type() == VT_DISPATCH)
     {
         stored.Type = VT_UNKNOWN;
@@ -148,7 +149,9 @@ StoredProperty Encode(const wchar_t* name, const Variant& value)
     }
     else if (value.Type() != VT_NULL)
     {
-        throw ComError(DISP_E_BADVARTYPE);
+        // Text, and what has no form of its own here but reads as text: a decimal, for instance.
+        stored.Type = VT_BSTR;
+        stored.Value = EncodeText(value.Text());
     }
     return stored;
 }
