@@ -24,13 +24,22 @@ fuzz  libclang-rt-14-dev     /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclan
 RELEASE_FILE=/etc/os-release
 SETUP_LOG=build/setup.log
 
+# Set where a package of this machine may be taken back to an older version for the sake of ours.
+DOWNGRADE=''
+
 cmd_setup() {
+    if [[ ${1:-} == --downgrade ]]; then
+        DOWNGRADE=yes
+        shift
+    fi
     no_arguments setup "$@"
     ensure build run check fuzz
     say "All that kiv needs is installed."
 }
 
-# ensure PURPOSE ...: installs what is missing for these purposes; fast and silent when nothing is.
+# ensure PURPOSE ...: fast and silent when nothing is missing for these purposes. If something is, everything that
+# is missing gets installed, and at once: where a mirror offers older versions for one architecture than for the other,
+# what was installed earlier for the one may rule out what the other needs.
 ensure() {
     local missing
     if [[ $(release_value ID) != debian || $(release_value VERSION_ID) != 12 ]]; then
@@ -38,7 +47,9 @@ ensure() {
         return
     fi
     mapfile -t missing < <(missing_packages "$@")
-    ((${#missing[@]} == 0)) || install "${missing[@]}"
+    ((${#missing[@]} == 0)) && return
+    mapfile -t missing < <(missing_packages build run check fuzz)
+    install "${missing[@]}"
 }
 
 release_value() {
@@ -89,18 +100,30 @@ install() {
     # One index that cannot be had need not matter: the packages may well come from the others.
     step "Package lists" "$log.lists" apt update ||
         note "some package lists could not be had; going on with the others."
-    # Where the indexes of two architectures are out of step, only the versions of the release itself fit together.
-    if ! step "Packages" "$log" apt install "$@"; then
-        say "The newest versions do not fit together here; trying those of $codename itself."
-        log+=".$codename"
-        step "Packages of $codename" "$log" apt install -t "$codename" "$@" || true
-    fi
-    mapfile -t missing < <(missing_packages build run check fuzz | grep -Fx -f <(printf '%s\n' "$@"))
+    step "Packages" "$log" apt install "$@" || install_older "$codename" "$@" || true
+    mapfile -t missing < <(missing_packages build run check fuzz)
     ((${#missing[@]} == 0)) && return
     tail -n 15 "$log" >&2
     die "these packages could not be installed: ${missing[*]}" \
         "The messages above are apt's ($SETUP_LOG* has all of them). See that the network and the package" \
-        "mirror work, then run ./kiv setup again."
+        "mirror work, then run ./kiv setup again." \
+        "Where the mirror's lists for amd64 and i386 are out of step, it helps to wait until it has caught up, or" \
+        "to let newer packages of this machine go back to $codename's versions: ./kiv setup --downgrade"
+}
+
+# Where the lists of two architectures are out of step, only the versions of the release itself fit together.
+# install_older CODENAME PACKAGE ...
+install_older() {
+    local codename=$1 pin
+    shift
+    say "The newest versions do not fit together here; trying those of $codename itself."
+    step "Packages of $codename" "$SETUP_LOG.$codename" apt -t "$codename" install "$@" && return
+    [[ -n $DOWNGRADE ]] || return
+    # Installed packages go back as well, but only those that have to. The mirror is the reason, not the machine.
+    pin=$(mktemp)
+    printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$codename" >"$pin"
+    step "Packages, taking others back" "$SETUP_LOG.older" \
+        apt --allow-downgrades -o Dir::Etc::Preferences="$pin" install "$@"
 }
 
 apt() {

@@ -11,8 +11,7 @@ cmd_test() {
     local windows=() arch group
     for group in "${CHOSEN_GROUPS[@]}"; do [[ $group == native ]] || windows+=("$group"); done
 
-    ensure build
-    ((${#windows[@]} == 0)) || ensure run
+    ensure build ${windows[@]:+run}
     lock_tree test
     if chosen native; then build_tree native all; else build_tree native kiv-tools; fi
     if ((${#windows[@]})); then

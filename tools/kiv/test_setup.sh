@@ -29,24 +29,34 @@ fake() {
     fake dpkg-query 'for name in "${@:4}"; do
             grep -qx "$name" "$machine/installed" && printf "installed %s\n" "${name%:*}" "$name"
         done'
-    fake apt-get 'while [[ $1 == -* ]]; do [[ $1 != -o ]] || shift; shift; done
-        echo "$*" >>"$machine/asked"
-        case "$1 $2" in
-        update*) exit "$update" ;;
-        "install -t") shift 3 && ((release == 0)) || exit 100 ;;
-        install*) shift && ((newest == 0)) || exit 100 ;;
-        esac
+    # Options first, as kiv calls it. What was asked for is kept without those that say nothing about versions.
+    fake apt-get 'versions=newest
+        while [[ $1 == -* ]]; do
+            case $1 in
+            -t) versions=release ;;
+            --allow-downgrades) versions=older ;;
+            esac
+            [[ $1 != -[ot] ]] || shift
+            shift
+        done
+        if [[ $1 == update ]]; then
+            echo update >>"$machine/asked"
+            exit "$update"
+        fi
+        shift
+        echo "$versions: $*" >>"$machine/asked"
+        ((${!versions} == 0)) || exit 100
         printf "%s\n" "$@" >>"$machine/installed"'
 }
 
-# on MACHINE: a fresh one, with this system and these packages; apt-get's statuses are update, newest, release.
+# on MACHINE: a fresh one, with this system and these packages; apt-get's statuses are update, newest, release, older.
 on() {
     printf 'ID=%s\nVERSION_ID="%s"\nVERSION_CODENAME=bookworm\n' "$1" "$2" >"$RELEASE_FILE"
     shift 2
     printf '%s\n' "$@" >"$machine/installed"
     rm -f "$machine"/{architectures,asked}
     touch "$machine"/{architectures,asked}
-    export update=0 newest=0 release=0
+    export update=0 newest=0 release=0 older=0
 }
 
 run() {
@@ -63,44 +73,64 @@ expect() {
     failures=$((failures + 1))
 }
 
-mapfile -t build < <(rows_for build | cut -d' ' -f1 | sort)
-mapfile -t run < <(rows_for run | cut -d' ' -f1 | sort)
+PACKAGES='build g++ bash
+build cmake bash
+run wine32:i386 bash
+fuzz clang bash'
 
-on debian 12 "${build[@]}" "${run[@]}"
+# Nothing is missing for the purpose, although something is for another.
+on debian 12 g++ cmake wine32:i386
 run build run
 expect status $status 0
 expect output "$printed" ''
 expect calls "$asked" ''
 
-on debian 12 "${build[@]}"
-run build run
+# Something is missing: then everything comes at once.
+on debian 12 g++
+run build
 expect status $status 0
-expect calls "$asked" "update"$'\n'"install ${run[*]}"
+expect calls "$asked" $'update\nnewest: clang cmake wine32:i386'
 expect architectures "$(<"$machine/architectures")" i386
 
-on debian 12 "${run[@]}"
-run build
-expect calls "$asked" "update"$'\n'"install ${build[*]}"
+on debian 12 g++ cmake wine32:i386
+run fuzz
+expect calls "$asked" $'update\nnewest: clang'
 expect architectures "$(<"$machine/architectures")" ''
 
-on debian 12 "${build[@]}"
+on debian 12 g++ cmake clang
 update=100
 run run
 expect status $status 0
 expect output "$printed" '*some package lists could not be had*'
-expect calls "$asked" "update"$'\n'"install ${run[*]}"
+expect calls "$asked" $'update\nnewest: wine32:i386'
 
-on debian 12
+on debian 12 g++ clang
 newest=100
 run run
 expect status $status 0
-expect calls "$asked" "update"$'\n'"install ${run[*]}"$'\n'"install -t bookworm ${run[*]}"
+expect calls "$asked" $'update\nnewest: cmake wine32:i386\nrelease: cmake wine32:i386'
 
-on debian 12 wine xvfb fonts-wine
+# Other packages are taken back only where that was asked for.
+on debian 12 g++ clang
 newest=100 release=100
 run run
 expect status $status 1
-expect output "$printed" '*could not be installed: wine32:i386 wine64*run ./kiv setup again.'
+expect output "$printed" '*could not be installed: cmake wine32:i386*'
+expect calls "$asked" $'update\nnewest: cmake wine32:i386\nrelease: cmake wine32:i386'
+
+on debian 12 g++ clang
+newest=100 release=100
+DOWNGRADE=yes
+run run
+expect status $status 0
+expect calls "$asked" $'update\nnewest: cmake wine32:i386\nrelease: cmake wine32:i386\nolder: cmake wine32:i386'
+
+on debian 12 g++ clang
+newest=100 release=100 older=100
+run run
+expect status $status 1
+expect output "$printed" '*could not be installed: cmake wine32:i386*'
+DOWNGRADE=''
 
 # Elsewhere nothing is installed, only looked for.
 PACKAGES='build g++ bash'
