@@ -1,5 +1,6 @@
 // Where keys go: to the active control first, then to the form's own navigation.
 
+#include "host/container/DesignSurface.h"
 #include "host/container/Form.h"
 
 #include <oleidl.h>
@@ -23,7 +24,7 @@ bool Held(int key)
 
 bool Form::Translate(MSG& message)
 {
-    if (!window_ || (message.hwnd != window_ && !IsChild(window_, message.hwnd)))
+    if (!window_ || design_ || (message.hwnd != window_ && !IsChild(window_, message.hwnd)))
         return false;
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST)
         return false;

@@ -9,6 +9,7 @@ namespace kiv::host
 Label::Label(Form& form, const LabelOptions& options) :
     FormItem(form, options.name, options.bounds, options.tabIndex), options_(options)
 {
+    enabled_ = options.enabled;
 }
 
 bool Label::HasMnemonic(const MSG& message) const
