@@ -9,6 +9,7 @@
 #include <oleauto.h>
 
 #include <map>
+#include <ostream>
 
 using Microsoft::WRL::ComPtr;
 
@@ -299,6 +300,8 @@ struct Enumeration
     const char* Name;
     unsigned long Id;
     std::vector<Member> Members;
+
+    friend std::ostream& operator<<(std::ostream& out, const Enumeration& row) { return out << row.Name; }
 };
 
 class EnumerationTest : public TypeLibraryTest, public testing::WithParamInterface<Enumeration>

@@ -15,7 +15,7 @@ CallOutcome Invoke(IDispatch* object, DISPID member, WORD flags, const std::vect
         reversed.push_back(argument->Get());
     DISPID putName = DISPID_PROPERTYPUT;
     DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
-    if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0)
+    if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0 && !arguments.empty())
     {
         parameters.rgdispidNamedArgs = &putName;
         parameters.cNamedArgs = 1;
@@ -97,6 +97,8 @@ std::string Show(const Variant& value)
         return text + " \"" + Narrow(value.Text()) + "\"";
     if (value.Type() == VT_DISPATCH || value.Type() == VT_UNKNOWN)
         return text + (value.Object() ? " object" : " nothing");
+    if (value.Type() == VT_BOOL)
+        return text + (value.Bool() ? " True" : " False");
     if (const auto shown = value.As(VT_BSTR))
         text += " " + Narrow(shown->Text());
     return text;

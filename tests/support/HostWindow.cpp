@@ -26,8 +26,8 @@ const wchar_t* ClassName()
 } // namespace
 
 HostWindow::HostWindow() :
-    window_(CreateWindowExW(0, ClassName(), L"Host", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | WS_VISIBLE, 40,
-                            40, 320, 200, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr))
+    window_(CreateWindowExW(0, ClassName(), L"Host", WS_POPUP | WS_CLIPCHILDREN | WS_VISIBLE, 40, 40, 320,
+                            200, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr))
 {
     if (!window_)
         ThrowLastError();

@@ -5,7 +5,8 @@
 namespace kiv::test
 {
 
-// A visible top-level window that stands for a host's form.
+// A visible top-level window that stands for a host's form. A popup: without a window manager Wine waits two
+// seconds for one whenever a window with a caption goes away.
 class HostWindow
 {
 public:

@@ -31,6 +31,7 @@ protected:
 
 private:
     int windowsBefore_ = 0;
+    bool cleanBefore_ = true;
 };
 
 } // namespace kiv::test

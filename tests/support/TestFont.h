@@ -13,8 +13,9 @@ namespace kiv::test
 // The seven attributes by which one font is told from another.
 struct FontFacts
 {
-    std::wstring Name = L"Arial";
-    CY Size = {{100000, 0}}; // 10 points, in ten-thousandths
+    std::wstring Name = L"Tahoma"; // on every Windows, and in Wine itself
+    CY Size = {
+        {97500, 0}}; // points in ten-thousandths; a whole number of pixels, which is what a font in use has
     short Weight = 400;
     short Charset = 0;
     bool Italic = false;

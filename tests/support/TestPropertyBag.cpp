@@ -32,8 +32,13 @@ HRESULT TestPropertyBag::Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) no
     // The caller's variant only says what type it wants; a bag neither reads nor frees it.
     VARIANT answer = {};
     HRESULT result = VariantCopy(&answer, found->second.Borrow());
-    if (SUCCEEDED(result) && manner_ == Manner::Converting && wanted != VT_EMPTY)
-        result = VariantChangeType(&answer, &answer, 0, wanted);
+    const bool asIs = manner_ == Manner::AsStored || wanted == VT_EMPTY || wanted == V_VT(&answer);
+    if (SUCCEEDED(result) && !asIs)
+    {
+        // An object is not asked for its default member.
+        const bool fromObject = found->second.Object() && wanted != VT_UNKNOWN && wanted != VT_DISPATCH;
+        result = fromObject ? DISP_E_TYPEMISMATCH : VariantChangeType(&answer, &answer, 0, wanted);
+    }
     if (SUCCEEDED(result))
     {
         *value = answer;
