@@ -1,0 +1,273 @@
+// What each step of a script does, on the player's own thread.
+
+#include "host/folio/Input.h"
+#include "host/folio/ScriptPlayer.h"
+#include "host/folio/Text.h"
+#include "host/folio/Values.h"
+#include "runtime/com/Errors.h"
+
+namespace kiv::host
+{
+
+namespace
+{
+
+// Distance of a click "left" or "right" from that edge.
+constexpr int edgeDistance = 7;
+
+bool IsGone(HWND window)
+{
+    return !IsWindow(window);
+}
+
+HWND ButtonOf(HWND box, const std::wstring& caption)
+{
+    for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+    {
+        wchar_t kind[16] = {};
+        wchar_t text[64] = {};
+        GetClassNameW(child, kind, static_cast<int>(std::size(kind)));
+        GetWindowTextW(child, text, static_cast<int>(std::size(text)));
+        std::wstring plain(text);
+        std::erase(plain, L'&');
+        if (lstrcmpiW(kind, L"Button") == 0 && IsWindowVisible(child) &&
+            (caption.empty() || lstrcmpiW(plain.c_str(), caption.c_str()) == 0))
+            return child;
+    }
+    return nullptr;
+}
+
+POINT MiddleOf(HWND window)
+{
+    RECT bounds = {};
+    GetWindowRect(window, &bounds);
+    return {(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
+}
+
+} // namespace
+
+ControlSite& ScriptPlayer::Site(const std::string& name) const
+{
+    if (ControlSite* const site = form_.FindSite(Wide(name)))
+        return *site;
+    throw Failure{"there is no control " + name + " on the form"};
+}
+
+void ScriptPlayer::PlayStep(const ScriptStep& step)
+{
+    switch (step.Verb)
+    {
+    case ScriptVerb::Focus:
+        return MoveFocus(step);
+    case ScriptVerb::Keys:
+        for (const KeyChord& key : step.Keys)
+        {
+            SendKey(key);
+            Settle();
+        }
+        return;
+    case ScriptVerb::Type:
+        SendText(Wide(step.Text));
+        return Settle();
+    case ScriptVerb::Click:
+    case ScriptVerb::RightClick:
+    case ScriptVerb::DoubleClick:
+        return Click(step);
+    case ScriptVerb::ExpectValue:
+        return ExpectValue(step);
+    case ScriptVerb::ExpectFocus:
+        return ExpectItem(step.Item, "the focus", &Form::FocusedItem);
+    case ScriptVerb::ExpectSelected:
+        return ExpectItem(step.Item, "the selection", &Form::Selected);
+    case ScriptVerb::ExpectEvent:
+        if (!Until([&] { return journal_.TakeEvent(Wide(step.Item), Wide(step.Member)); }))
+            throw Failure{"expected the event " + step.Member + " of " + step.Item + ", got none"};
+        return;
+    case ScriptVerb::ExpectNoEvent:
+        Settle();
+        return OnForm([&] {
+            if (journal_.HasEvent(Wide(step.Item), Wide(step.Member)))
+                throw Failure{"expected no event " + step.Member + (step.Member.empty() ? "of " : " of ") +
+                              step.Item + ", got one"};
+        });
+    case ScriptVerb::AnswerMessageBox:
+        return AnswerMessageBox(step);
+    case ScriptVerb::Veto:
+        return OnForm([&] {
+            Site(step.Item);
+            journal_.Veto(Wide(step.Item), Wide(step.Member));
+        });
+    case ScriptVerb::Set:
+        return Set(step);
+    case ScriptVerb::Call:
+        return Call(step);
+    case ScriptVerb::Close: {
+        KeyChord altF4;
+        altF4.Alt = true;
+        altF4.VirtualKey = VK_F4;
+        SendKey(altF4);
+        return Settle();
+    }
+    }
+}
+
+// By Tab, as a person without a mouse would get there.
+void ScriptPlayer::MoveFocus(const ScriptStep& step)
+{
+    std::size_t tabs = 0;
+    OnForm([&] {
+        if (!form_.Find(Wide(step.Item)))
+            throw Failure{"there is no " + step.Item + " on the form"};
+        tabs = form_.Items().size();
+    });
+    KeyChord tab;
+    tab.VirtualKey = VK_TAB;
+    for (; tabs > 0; --tabs)
+    {
+        bool there = false;
+        OnForm([&] {
+            const FormItem* const item = form_.FocusedItem();
+            there = item && item == form_.Find(Wide(step.Item));
+        });
+        if (there)
+            return;
+        SendKey(tab);
+        Settle();
+    }
+    ExpectItem(step.Item, "the focus", &Form::FocusedItem);
+}
+
+POINT ScriptPlayer::PointIn(const ScriptStep& step) const
+{
+    const FormItem* const item = form_.Find(Wide(step.Item));
+    if (!item)
+        throw Failure{"there is no " + step.Item + " on the form"};
+    const RECT& bounds = item->Bounds();
+    POINT point = {(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
+    switch (step.Spot.Where)
+    {
+    case ScriptSpot::Place::Left:
+        point.x = bounds.left + edgeDistance;
+        break;
+    case ScriptSpot::Place::Right:
+        point.x = bounds.right - 1 - edgeDistance;
+        break;
+    case ScriptSpot::Place::Point:
+        point = {bounds.left + step.Spot.X, bounds.top + step.Spot.Y};
+        break;
+    case ScriptSpot::Place::Middle:
+        break;
+    }
+    ClientToScreen(form_.Window(), &point);
+    return point;
+}
+
+void ScriptPlayer::Click(const ScriptStep& step)
+{
+    POINT point = {};
+    OnForm([&] { point = PointIn(step); });
+    SendClick(point, step.Verb == ScriptVerb::RightClick ? MouseButton::Right : MouseButton::Left);
+    if (step.Verb == ScriptVerb::DoubleClick)
+        SendClick(point, MouseButton::Left);
+    Settle();
+}
+
+void ScriptPlayer::AnswerMessageBox(const ScriptStep& step)
+{
+    HWND box = nullptr;
+    const bool shown = Until([&] {
+        const ShownMessageBox* const current = boxes_.Current();
+        box = current ? current->Window : nullptr;
+        return box && IsWindowVisible(box);
+    });
+    if (!shown)
+        throw Failure{"expected a message box, got none"};
+    std::string text;
+    POINT point = {};
+    OnForm([&] {
+        if (const ShownMessageBox* const current = boxes_.Current())
+            text = Utf8(current->Text);
+        if (const HWND button = ButtonOf(box, Wide(step.Member)))
+            point = MiddleOf(button);
+        else
+            throw Failure{"the message box has no button " + step.Member};
+    });
+    // Answered in any case: nothing else can be done while it is open.
+    SendClick(point, MouseButton::Left);
+    if (!Until([box] { return IsGone(box); }))
+        throw Failure{"the message box stays open"};
+    if (text != step.Text)
+        throw Failure{"expected the message " + QuoteFormText(step.Text) + ", got " + QuoteFormText(text)};
+    Settle();
+}
+
+void ScriptPlayer::Set(const ScriptStep& step)
+{
+    OnForm([&] {
+        const ScriptValue& value = step.Values.front();
+        Site(step.Item).Put(Wide(step.Member), value ? ToVariant(*value) : Variant::Null());
+    });
+}
+
+// Posted, since the method may open a window that waits for the user. Done when the method has returned or
+// such a window is there.
+void ScriptPlayer::Call(const ScriptStep& step)
+{
+    OnForm([&] {
+        Site(step.Item);
+        calling_ = true;
+        failedCall_.clear();
+    });
+    form_.Post([this, step] {
+        std::vector<Variant> arguments;
+        for (const ScriptValue& value : step.Values)
+            arguments.push_back(value ? ToVariant(*value) : Variant::Null());
+        try
+        {
+            Site(step.Item).Call(Wide(step.Member), arguments);
+        }
+        catch (const ComError& error)
+        {
+            failedCall_ = "the control answered " + DescribeResult(error.Result());
+        }
+        catch (const Failure& failure)
+        {
+            failedCall_ = failure.What;
+        }
+        calling_ = false;
+    });
+    if (!Until([&] { return !calling_ || boxes_.Current() || !IsWindowEnabled(form_.Window()); }))
+        throw Failure{step.Item + "." + step.Member + " does not return"};
+    OnForm([&] {
+        if (!failedCall_.empty())
+            throw Failure{failedCall_};
+    });
+}
+
+void ScriptPlayer::ExpectValue(const ScriptStep& step)
+{
+    const ScriptValue& expected = step.Values.front();
+    std::string got;
+    const bool came = Until([&] {
+        const Variant value = Site(step.Item).Get(Wide(step.Member));
+        got = Describe(value);
+        return Matches(value, expected);
+    });
+    if (!came)
+        throw Failure{"expected " + step.Item + "." + step.Member + " = " + FormatScriptValue(expected) +
+                      ", got " + got};
+}
+
+void ScriptPlayer::ExpectItem(const std::string& name, const char* what, FormItem* (Form::*current)() const)
+{
+    std::string got;
+    const bool came = Until([&] {
+        const FormItem* const item = (form_.*current)();
+        got = item ? Utf8(item->Name()) : "nothing";
+        return item && item == form_.Find(Wide(name));
+    });
+    if (!came)
+        throw Failure{std::string("expected ") + what + " on " + name + ", got " + got};
+}
+
+} // namespace kiv::host
