@@ -159,9 +159,10 @@ HRESULT UserControl::Save(IStorage* storage, BOOL sameAsLoad) noexcept
     });
 }
 
-HRESULT UserControl::SaveCompleted(IStorage*) noexcept
+// A storage named here is the one that was saved to and is the control's own from now on.
+HRESULT UserControl::SaveCompleted(IStorage* storage) noexcept
 {
-    if (std::exchange(savedToOwnStorage_, false))
+    if (std::exchange(savedToOwnStorage_, false) || storage)
         dirty_ = false;
     return S_OK;
 }
