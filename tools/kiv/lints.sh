@@ -3,7 +3,7 @@
 
 # Which folders a file may include from; the first row that fits it counts. The order of the library's own rows
 # is the order of its layers. Hosts, tests and benchmarks stand outside: they see it only through COM, but may
-# use the automation building blocks.
+# use the automation building blocks. tests/native and tests/module look inside.
 MODULE='framework/(SubClass|ModuleData|HostTitle|MessageLong)'
 LAYERS="\
 runtime/core/   runtime/core/
@@ -16,6 +16,7 @@ resources/      resources/
 tools/          runtime/core/|resources/|tools/
 tests/native/   runtime/core/|controls/|host/|resources/|tools/|tests/native/
 fuzz/           runtime/core/|controls/|host/|fuzz/
+tests/module/   runtime/|$MODULE|host/|tests/(support|module)/
 host/           runtime/(core|com)/|host/
 tests/          runtime/(core|com)/|host/|tests/
 bench/          runtime/(core|com)/|host/|tests/support/|bench/"

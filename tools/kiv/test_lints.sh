@@ -53,6 +53,8 @@ may_include host/A.cpp runtime/com/H.h
 must_not_include host/A.cpp runtime/forms/H.h
 may_include tests/com/A.cpp host/H.h
 must_not_include tests/com/A.cpp controls/x/H.h
+may_include tests/module/A.cpp framework/SubClass.h
+must_not_include tests/module/A.cpp framework/Library.h
 must_not_include bench/A.cpp framework/SubClass.h
 may_include tests/native/A.cpp controls/x/H.h
 must_not_include fuzz/A.cpp runtime/com/H.h
