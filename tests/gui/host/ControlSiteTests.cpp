@@ -209,6 +209,38 @@ TEST_F(ControlSite, ClosesOnceAndThenKnowsNothing)
     EXPECT_EQ(site.Calls().size(), calls);
 }
 
+TEST_F(ControlSite, LeavesNothingWithAControlThatLivesOn)
+{
+    for (const bool quick : {true, false})
+    {
+        host::SiteOptions options = Placed();
+        options.quickActivate = quick;
+        host::ControlSite& site = Add(options);
+        const ComPtr<IUnknown> control(site.Unknown());
+        const auto points = site.Query<IConnectionPointContainer>();
+        const auto object = site.Query<IOleObject>();
+        const auto view = site.Query<IViewObject>();
+        site.Close();
+
+        ComPtr<IOleClientSite> client;
+        EXPECT_HRESULT_SUCCEEDED(object->GetClientSite(&client));
+        EXPECT_EQ(client, nullptr);
+        ComPtr<IAdviseSink> sink;
+        EXPECT_HRESULT_SUCCEEDED(view->GetAdvise(nullptr, nullptr, &sink));
+        EXPECT_EQ(sink, nullptr);
+        for (const IID& iid : {IID_IPropertyNotifySink, __uuidof(__YesNo)})
+        {
+            ComPtr<IConnectionPoint> point;
+            ComPtr<IEnumConnections> connections;
+            CONNECTDATA connection = {};
+            ASSERT_HRESULT_SUCCEEDED(points->FindConnectionPoint(iid, &point));
+            ASSERT_HRESULT_SUCCEEDED(point->EnumConnections(&connections));
+            EXPECT_EQ(connections->Next(1, &connection, nullptr), S_FALSE);
+        }
+        TheForm().Remove(site);
+    }
+}
+
 TEST_F(ControlSite, SavesAndLoadsThroughABag)
 {
     host::ControlSite& site = Add();

@@ -15,13 +15,13 @@ protected:
     {
         HostedTest::SetUp();
         TheForm().SetDesignMode({8, 8});
-        host::SiteOptions options = Placed({24, 24, 144, 44});
-        options.userMode = false;
-        site_ = &TheForm().Add(CreateYesNo().Get(), options);
         host::FrameOptions frame;
         frame.name = L"frame";
         frame.bounds = {8, 8, 200, 100};
         TheForm().AddFrame(frame);
+        host::SiteOptions options = Placed({24, 24, 144, 44});
+        options.userMode = false;
+        site_ = &TheForm().Add(CreateYesNo().Get(), options);
         ShowForm();
     }
 

@@ -177,12 +177,14 @@ TEST_F(FormKeyboard, EscPressesTheCancelButton)
 
 TEST_F(FormKeyboard, ArrowsMoveBetweenButtonsAndStayInControls)
 {
-    AddControl(L"control", 0);
+    host::ControlSite& control = AddControl(L"control", 0);
     AddButton(L"one", L"One");
     AddButton(L"other", L"Other");
     ShowForm();
-    Key(VK_DOWN);
+    Key(VK_RIGHT);
     EXPECT_EQ(Focused(), L"control");
+    Key(VK_SPACE);
+    EXPECT_EQ(control.Get(L"Value").Long(), 2);
     Key(VK_TAB);
     Key(VK_RIGHT);
     EXPECT_EQ(Focused(), L"other");

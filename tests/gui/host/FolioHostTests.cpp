@@ -1,0 +1,252 @@
+// The host program as its user runs it: exit status, messages, log, picture, saved form.
+
+#include "tests/support/Files.h"
+#include "tests/support/Library.h"
+#include "tests/support/Process.h"
+#include "tests/support/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace kiv::test
+{
+
+namespace
+{
+
+constexpr const char* onePage = "' A page with one question.\n"
+                                "Begin Form page\n"
+                                "    Caption = \"Page\"\n"
+                                "    ClientWidth = 3000\n"
+                                "    ClientHeight = 1500\n"
+                                "    Begin KivControls.YesNo ynOne\n"
+                                "        Left   = 120 ' a little to the right\n"
+                                "        Top = 120\n"
+                                "        Width = 1800\n"
+                                "        Height = 300\n"
+                                "        Stranger = \"kept\"\n"
+                                "    End\n"
+                                "    Begin Button cmdOK\n"
+                                "        Caption = \"OK\"\n"
+                                "        Default = True\n"
+                                "        Left = 120\n"
+                                "        Top = 900\n"
+                                "        Width = 1170\n"
+                                "        Height = 360\n"
+                                "    End\n"
+                                "End\n";
+
+class FolioHost : public testing::Test
+{
+protected:
+    void WriteForm(const std::string& text) { Write(form_, text); }
+    void WriteScript(const std::string& text) { Write(script_, text); }
+
+    // Runs the host on the form with the script, and whatever else is said.
+    ProcessOutcome Play(const std::wstring& options = {})
+    {
+        return Run(L"--script " + Quoted(script_.Path()) + L" " + options + L" " + Quoted(form_.Path()));
+    }
+
+    static ProcessOutcome Run(const std::wstring& arguments)
+    {
+        const std::wstring& library = Library::UnderTest().Path();
+        const std::wstring folder = library.substr(0, library.find_last_of(L'\\') + 1);
+        return RunProcess(Quoted(folder + L"FolioHost.exe") + L" " + arguments);
+    }
+
+    static std::string Read(const TemporaryFile& file)
+    {
+        const auto bytes = ReadWholeFile(file.Path());
+        return {bytes.begin(), bytes.end()};
+    }
+
+    std::string FormPath() const { return Narrow(form_.Path()); }
+    std::string ScriptPath() const { return Narrow(script_.Path()); }
+
+    static std::wstring Example(const wchar_t* name)
+    {
+        return Quoted(RequiredVariable(L"KIV_SOURCE") + L"\\examples\\" + name);
+    }
+
+private:
+    static void Write(const TemporaryFile& file, const std::string& text)
+    {
+        std::ofstream(Narrow(file.Path()), std::ios::binary) << text;
+    }
+
+    const TemporaryFile form_{L".form"};
+    const TemporaryFile script_{L".script"};
+};
+
+// Text that a process wrote, with the line ends of a terminal.
+std::string Lines(std::string text)
+{
+    std::erase(text, '\r');
+    return text;
+}
+
+TEST_F(FolioHost, PlaysTheSampleInterview)
+{
+    const TemporaryFile log(L".jsonl");
+    const TemporaryFile shot(L".png");
+    const ProcessOutcome outcome =
+        Run(L"--script " + Example(L"interview.script") + L" --log " + Quoted(log.Path()) + L" --shot " +
+            Quoted(shot.Path()) + L" " + Example(L"interview.form"));
+    EXPECT_EQ(outcome.ExitCode, 0U) << outcome.Output;
+    const std::string written = Read(log);
+    EXPECT_EQ(Lines(outcome.Output), written);
+    EXPECT_NE(written.find(R"({"control":"ynForeign","event":"Click","args":{"Cancel":false},"value":1,)"
+                           R"("returned":{"Cancel":true}})"),
+              std::string::npos);
+    EXPECT_NE(written.find(R"({"messageBox":{"caption":"Form Folio","text":"Yes/No custom control that)"),
+              std::string::npos);
+    EXPECT_NE(written.find(R"({"control":"ynResident","property":"Text","value":"Y"})"), std::string::npos);
+    EXPECT_NE(written.find(R"({"control":"ynBlind","property":"Text","value":null})"), std::string::npos);
+    const std::string picture = Read(shot);
+    EXPECT_EQ(picture.substr(0, 8), "\x89PNG\r\n\x1A\n");
+    EXPECT_GT(picture.size(), 3000U) << "an empty window takes less";
+}
+
+TEST_F(FolioHost, SaysWhatIsNotAsExpected)
+{
+    struct Row
+    {
+        const char* Script;
+        const char* Mistake;
+    };
+    const Row rows[] = {
+        {"expect focus cmdOK\n", ":1: expected the focus on cmdOK, got ynOne\n"},
+        {"key y\nexpect ynOne.Value = 1\nkey Space\nanswers\nynOne.Value = 1\n",
+         ":5: expected ynOne.Value = 1, got 0\n"},
+        {"key y\nexpect event ynOne Click\nexpect no event ynOne Change\n",
+         ":3: expected no event Change of ynOne, got one\n"},
+        {"click nobody\n", ":1: there is no nobody on the form\n"},
+        {"set ynOne.Nothing = 1\n", ":1: the control answered 0x80020006"},
+        {"call ynOne.ShowAboutBox\nanswer messagebox \"Other\"\n",
+         ":2: expected the message \"Other\", got \"Yes/No"},
+        {"call ynOne.ShowAboutBox\n", ":1: the message box \"Yes/No custom control"},
+        {"key Enter\nkey y\nexpect ynOne.Value = 1\n", ":3: the form is closed already\n"},
+    };
+    WriteForm(onePage);
+    for (const Row& row : rows)
+    {
+        WriteScript(row.Script);
+        const ProcessOutcome outcome = Play();
+        EXPECT_EQ(outcome.ExitCode, 1U) << row.Script;
+        EXPECT_NE(Lines(outcome.Output).find(ScriptPath() + row.Mistake), std::string::npos)
+            << row.Script << outcome.Output;
+    }
+}
+
+TEST_F(FolioHost, RefusesWhatItCannotUse)
+{
+    WriteScript("");
+    const std::pair<const char*, const char*> forms[] = {
+        {"Begin Form page\n    Caption = Page\nEnd\n", ":2: Caption: \"Page\" is no value"},
+        {"Begin Form page\n    Caption = 5\nEnd\n", ":2: Caption: a text in quotes is expected"},
+        {"Begin Form page\nBegin No.Such yn\nEnd\nEnd\n", ":2: No.Such yn cannot be made: 0x800401F3"},
+        {"Begin Form page\nBegin KivControls.YesNo yn\nBeginProperty Font\nSize = "
+         "\"big\"\nEndProperty\nEnd\nEnd\n",
+         ":2: KivControls.YesNo yn cannot be made: 0x80020005"},
+        {"Begin Form page\nBegin KivControls.YesNo yn\nBeginProperty Picture\nData = "
+         "\"0g\"\nEndProperty\nEnd\nEnd\n",
+         ":2: yn: Data holds something else than hexadecimal digits"},
+    };
+    for (const auto& [form, mistake] : forms)
+    {
+        WriteForm(form);
+        const ProcessOutcome outcome = Play();
+        EXPECT_EQ(outcome.ExitCode, 2U) << form;
+        EXPECT_NE(outcome.Output.find(FormPath() + mistake), std::string::npos) << outcome.Output;
+    }
+    WriteForm(onePage);
+    WriteScript("dance\n");
+    const ProcessOutcome outcome = Play();
+    EXPECT_EQ(outcome.ExitCode, 2U);
+    EXPECT_NE(outcome.Output.find(ScriptPath() + ":1: \"dance\" is no step"), std::string::npos)
+        << outcome.Output;
+    for (const wchar_t* arguments :
+         {L"", L"--dance x.form", L"missing.form", L"--timeout soon x.form", L"--log"})
+        EXPECT_EQ(Run(arguments).ExitCode, 2U) << Narrow(arguments);
+    EXPECT_EQ(Run(L"--help").ExitCode, 0U);
+}
+
+TEST_F(FolioHost, WarnsOfWhatAControlCannotLoad)
+{
+    std::string form(onePage);
+    form.insert(form.find("        Stranger"), "        Value = \"maybe\"\n");
+    WriteForm(form);
+    WriteScript("");
+    const ProcessOutcome outcome = Play();
+    EXPECT_EQ(outcome.ExitCode, 0U);
+    EXPECT_NE(outcome.Output.find(FormPath() + ":6: ynOne.Value: "), std::string::npos) << outcome.Output;
+}
+
+TEST_F(FolioHost, GivesUpInTime)
+{
+    WriteForm(onePage);
+    WriteScript("expect event ynOne Click\n");
+    const ProcessOutcome outcome = Play(L"--timeout 1");
+    EXPECT_EQ(outcome.ExitCode, 1U);
+    EXPECT_NE(outcome.Output.find("not done after 1 seconds"), std::string::npos) << outcome.Output;
+}
+
+TEST_F(FolioHost, SavesAsItLoaded)
+{
+    const TemporaryFile saved(L".form");
+    const std::wstring options = L"--design --save " + Quoted(saved.Path());
+    WriteForm(onePage);
+    WriteScript("");
+    EXPECT_EQ(Play(options).ExitCode, 0U);
+    EXPECT_EQ(Read(saved), onePage);
+}
+
+TEST_F(FolioHost, SavesWhatWasDesigned)
+{
+    const TemporaryFile saved(L".form");
+    WriteForm(onePage);
+    WriteScript("click ynOne\n"
+                "expect selected ynOne\n"
+                "set ynOne.YesText = \"Ja\" & Chr(10)\n"
+                "set ynOne.BackColor = &H80000005\n"
+                "expect no event ynOne\n");
+    const ProcessOutcome outcome = Play(L"--design --save " + Quoted(saved.Path()));
+    EXPECT_EQ(outcome.ExitCode, 0U) << outcome.Output;
+    const std::string first = Read(saved);
+    for (const char* line :
+         {"        YesText = \"Ja\" & Chr(10)\n", "        BackColor = &H80000005\n",
+          "        Left   = 120 ' a little to the right\n", "        Stranger = \"kept\"\n"})
+        EXPECT_NE(first.find(line), std::string::npos) << line << first;
+
+    // What was saved loads, and is saved the same.
+    WriteForm(first);
+    WriteScript("expect ynOne.YesText = \"Ja\" & Chr(10)\n");
+    EXPECT_EQ(Play(L"--design --save " + Quoted(saved.Path())).ExitCode, 0U);
+    EXPECT_EQ(Read(saved), first);
+}
+
+TEST_F(FolioHost, KeepsAFontThatIsTheControlsOwn)
+{
+    const TemporaryFile saved(L".form");
+    const std::string font = "        BeginProperty Font\n"
+                             "            Name = \"Tahoma\"\n"
+                             "            Size = 14.25\n"
+                             "            Weight = 700\n"
+                             "            Charset = 0\n"
+                             "            Italic = True\n"
+                             "            Underline = False\n"
+                             "            Strikethrough = False\n"
+                             "        EndProperty\n";
+    std::string form(onePage);
+    form.insert(form.find("        Stranger"), font);
+    WriteForm(form);
+    WriteScript("");
+    EXPECT_EQ(Play(L"--design --save " + Quoted(saved.Path())).ExitCode, 0U);
+    EXPECT_EQ(Read(saved), form);
+}
+
+} // namespace
+
+} // namespace kiv::test
