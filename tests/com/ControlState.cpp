@@ -2,6 +2,7 @@
 
 #include "runtime/com/Bstr.h"
 #include "runtime/com/Errors.h"
+#include "tests/support/AutomationCalls.h"
 #include "tests/support/Text.h"
 
 #include <ostream>
@@ -55,7 +56,8 @@ void Apply(const ControlState& state, _YesNo* control)
     Check(control->putref_Font(MakeFont(state.Font).Get()));
     Check(control->put_YesText(Bstr(state.YesText).Get()));
     Check(control->put_NoText(Bstr(state.NoText).Get()));
-    Check(control->put_Value(static_cast<AnswerEnums>(state.Value)));
+    // Late-bound, because it may be a number that is no member of the enumeration.
+    Check(PutByName(control, L"Value", Variant(state.Value)).Result);
 }
 
 } // namespace kiv::test
