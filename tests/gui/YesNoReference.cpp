@@ -89,7 +89,7 @@ void DrawOptions(HDC dc, const YesNoLook& look, int noLeft)
     Copy(dc, look.Size, noLeft, top, look.Value == 2 ? bitmaps.Set : bitmaps.Clear, std::bit_or<COLORREF>());
 }
 
-void DrawText(HDC dc, const char* text, RECT rectangle, int shift, COLORREF color)
+void DrawShifted(HDC dc, const char* text, RECT rectangle, int shift, COLORREF color)
 {
     SetTextColor(dc, color);
     OffsetRect(&rectangle, shift, shift);
@@ -100,11 +100,11 @@ void DrawCaption(HDC dc, const char* text, const RECT& rectangle, const YesNoLoo
 {
     if (look.Enabled)
     {
-        DrawText(dc, text, rectangle, 0, look.ForeColor);
+        DrawShifted(dc, text, rectangle, 0, look.ForeColor);
         return;
     }
-    DrawText(dc, text, rectangle, 1, GetSysColor(COLOR_BTNHIGHLIGHT));
-    DrawText(dc, text, rectangle, 0, GetSysColor(COLOR_BTNSHADOW));
+    DrawShifted(dc, text, rectangle, 1, GetSysColor(COLOR_BTNHIGHLIGHT));
+    DrawShifted(dc, text, rectangle, 0, GetSysColor(COLOR_BTNSHADOW));
 }
 
 } // namespace

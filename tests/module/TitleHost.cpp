@@ -1,0 +1,10 @@
+// Prints the title that the controls' message boxes would have in this program.
+
+#include "framework/HostTitle.h"
+
+#include <cstdio>
+
+int main()
+{
+    std::printf("%ls", kiv::HostTitle().c_str());
+}
