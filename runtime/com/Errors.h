@@ -27,6 +27,10 @@ constexpr HRESULT RunTimeError(int number)
     return static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number));
 }
 
+constexpr HRESULT InvalidPropertyValue = RunTimeError(380);
+constexpr HRESULT InvalidPropertyIndex = RunTimeError(381);
+constexpr HRESULT GetNotSupportedAtDesignTime = RunTimeError(383);
+
 inline void Check(HRESULT result)
 {
     if (FAILED(result))

@@ -20,6 +20,12 @@ bool PropertyBag::ReadProperty(const wchar_t* name, bool defaultValue)
     return stored ? stored->Bool() : defaultValue;
 }
 
+short PropertyBag::ReadProperty(const wchar_t* name, short defaultValue)
+{
+    const std::optional<Variant> stored = ReadAs(name, VT_I2);
+    return stored ? stored->Short() : defaultValue;
+}
+
 long PropertyBag::ReadProperty(const wchar_t* name, long defaultValue)
 {
     const std::optional<Variant> stored = ReadAs(name, VT_I4);
@@ -30,6 +36,12 @@ std::wstring PropertyBag::ReadProperty(const wchar_t* name, const wchar_t* defau
 {
     const std::optional<Variant> stored = ReadAs(name, VT_BSTR);
     return stored ? stored->Text() : defaultValue;
+}
+
+double PropertyBag::ReadDate(const wchar_t* name, double defaultValue)
+{
+    const std::optional<Variant> stored = ReadAs(name, VT_DATE);
+    return stored ? V_DATE(&stored->Get()) : defaultValue;
 }
 
 Variant PropertyBag::ReadTextVariant(const wchar_t* name, const Variant& defaultValue)

@@ -18,8 +18,11 @@ public:
     virtual ~PropertyBag() = default;
 
     bool ReadProperty(const wchar_t* name, bool defaultValue);
+    short ReadProperty(const wchar_t* name, short defaultValue);
     long ReadProperty(const wchar_t* name, long defaultValue);
     std::wstring ReadProperty(const wchar_t* name, const wchar_t* defaultValue);
+    // An automation date.
+    double ReadDate(const wchar_t* name, double defaultValue);
     // As stored, in any type that can be read as text.
     Variant ReadTextVariant(const wchar_t* name, const Variant& defaultValue);
     // A reference to an object that answers Interface.

@@ -66,6 +66,14 @@ Variant Variant::Null() noexcept
     return null;
 }
 
+Variant Variant::Date(double date) noexcept
+{
+    Variant value;
+    V_VT(&value.value_) = VT_DATE;
+    V_DATE(&value.value_) = date;
+    return value;
+}
+
 Variant Variant::ByReference(VARTYPE type, void* storage) noexcept
 {
     Variant reference;

@@ -35,6 +35,8 @@ public:
     ~Variant() { VariantClear(&value_); }
 
     static Variant Null() noexcept;
+    // An automation date.
+    static Variant Date(double date) noexcept;
     // A by-reference argument; type is that of what is referred to, and the caller keeps the storage alive.
     static Variant ByReference(VARTYPE type, void* storage) noexcept;
 

@@ -1,5 +1,7 @@
 #include "runtime/forms/AmbientProperties.h"
 
+#include "runtime/forms/Color.h"
+
 #include <olectl.h>
 
 namespace kiv
@@ -17,6 +19,13 @@ bool AmbientProperties::UserMode() const
     const std::optional<Variant> mode = Get(DISPID_AMBIENT_USERMODE);
     const std::optional<Variant> flag = mode ? mode->As(VT_BOOL) : std::nullopt;
     return flag ? flag->Bool() : true;
+}
+
+OLE_COLOR AmbientProperties::ForeColor() const
+{
+    const std::optional<Variant> color = Get(DISPID_AMBIENT_FORECOLOR);
+    const std::optional<Variant> number = color ? color->As(VT_I4) : std::nullopt;
+    return number ? static_cast<OLE_COLOR>(number->Long()) : SystemColor(COLOR_WINDOWTEXT);
 }
 
 FontObject AmbientProperties::Font() const

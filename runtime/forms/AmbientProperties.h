@@ -16,6 +16,8 @@ public:
     void Connect(IUnknown* site);
 
     bool UserMode() const;
+    // The container's, else that of window text.
+    OLE_COLOR ForeColor() const;
     // A font object of one's own with the attributes of the container's: setting an attribute of a control's
     // font must not change the whole form's.
     FontObject Font() const;

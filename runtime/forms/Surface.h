@@ -64,6 +64,8 @@ public:
         font_.Set(std::move(font), std::move(onChange));
     }
 
+    HFONT FontHandle() const { return font_.Handle(); }
+
     // Inner size and text sizes, in twips.
     double ScaleWidth() const;
     double ScaleHeight() const;

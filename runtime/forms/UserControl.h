@@ -170,6 +170,11 @@ protected:
     // asking the host for an answer. The host may do anything in it, but the control lives until this
     // returns.
     void RaiseEvent(DISPID event, std::span<const Variant> arguments = {});
+    // Key events: the host may change the key, or set it to 0.
+    void RaiseKeyEvent(DISPID event, short& KeyCode, short Shift);
+    void RaiseKeyEvent(DISPID event, short& KeyAscii);
+    // Raises a run-time error, for members that cannot be read while the form is being designed.
+    void RefuseAtDesignTime() const;
 
     // The outer edge of a member that hosts call: makes sure that the control has been given its first
     // properties, and reports an error with the control's name as source.
@@ -241,6 +246,7 @@ private:
 
     // UserControl_persistence.cpp
     void EnsureInitialized();
+    void MakeNew();
     void LoadFrom(const std::function<void()>& read);
     void LoadFrom(const PropertyStream& stream);
     HRESULT LoadOrInitNew(const std::function<void()>& load) noexcept;
@@ -266,6 +272,7 @@ private:
     ConnectionPoint notifications_;
     Activity activity_ = Activity::Inactive;
     bool deactivating_ = false;
+    bool requestingSize_ = false;
     SIZEL extent_ = {}; // HIMETRIC
     bool initializeRan_ = false;
     bool hasProperties_ = false;

@@ -45,6 +45,24 @@ void UserControl::RaiseEvent(DISPID event, std::span<const Variant> arguments)
     }
 }
 
+void UserControl::RaiseKeyEvent(DISPID event, short& KeyCode, short Shift)
+{
+    const Variant arguments[] = {Variant::ByReference(VT_I2, &KeyCode), Variant::ByReference(VT_I2, &Shift)};
+    RaiseEvent(event, arguments);
+}
+
+void UserControl::RaiseKeyEvent(DISPID event, short& KeyAscii)
+{
+    const Variant arguments[] = {Variant::ByReference(VT_I2, &KeyAscii)};
+    RaiseEvent(event, arguments);
+}
+
+void UserControl::RefuseAtDesignTime() const
+{
+    if (!ambient_.UserMode())
+        throw ComError(GetNotSupportedAtDesignTime);
+}
+
 void UserControl::Deliver(DISPID event, std::span<const Variant> arguments)
 {
     const ComPtr<IUnknown> held(Outer());

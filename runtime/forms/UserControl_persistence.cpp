@@ -19,7 +19,14 @@ constexpr wchar_t ContentsName[] = L"Contents";
 void UserControl::EnsureInitialized()
 {
     if (!hasProperties_ && !loading_)
-        LoadFrom([&] { UserControl_InitProperties(); });
+        MakeNew();
+}
+
+// A new control is yet to be saved.
+void UserControl::MakeNew()
+{
+    LoadFrom([&] { UserControl_InitProperties(); });
+    dirty_ = true;
 }
 
 // Runs one of the procedures that give a control all its properties; nothing is notified meanwhile.
@@ -67,7 +74,7 @@ HRESULT UserControl::IsDirty() noexcept
 
 HRESULT UserControl::InitNew() noexcept
 {
-    return Boundary([&] { LoadFrom([&] { UserControl_InitProperties(); }); });
+    return Boundary([&] { MakeNew(); });
 }
 
 // A load that fails leaves the control as a new one.

@@ -1,5 +1,6 @@
 #include "runtime/forms/UserControl.h"
 
+#include "runtime/core/Scoped.h"
 #include "runtime/core/Units.h"
 #include "runtime/forms/Screen.h"
 
@@ -34,10 +35,10 @@ void MapTo(HDC dc, const RECTL& bounds, SIZE size, const RECTL* windowBounds)
 {
     const LONG width = bounds.right - bounds.left;
     const LONG height = bounds.bottom - bounds.top;
-    if (IsMetafile(dc) && windowBounds)
+    if (GetObjectType(dc) == OBJ_METADC && windowBounds)
     {
-        // The metafile's player decides about device units: only the logical window can be changed, so the
-        // whole window that the container gave is expressed in the surface's pixels.
+        // The player of an old metafile decides about device units: only the logical window can be changed,
+        // so the whole window that the container gave is expressed in the surface's pixels.
         SetMapMode(dc, MM_ANISOTROPIC);
         SetWindowOrgEx(dc, MulDiv(windowBounds->left - bounds.left, size.cx, width),
                        MulDiv(windowBounds->top - bounds.top, size.cy, height), nullptr);
@@ -76,6 +77,10 @@ void UserControl::SetSize(SIZEL extent)
 
 void UserControl::RequestSize(SIZE pixels)
 {
+    // A container that insists on its own size answers by setting that again; once is enough.
+    if (requestingSize_)
+        return;
+    const Scoped<bool> requesting(requestingSize_, true);
     SetSize(ExtentOf(pixels));
     if (activity_ == Activity::Inactive || loading_)
         return;
