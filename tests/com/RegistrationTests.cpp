@@ -1,6 +1,6 @@
 // What registering writes and unregistering takes away.
 
-#include "tests/support/AutomationCalls.h"
+#include "tests/com/PublishedClasses.h"
 #include "tests/support/LibraryTest.h"
 #include "tests/support/Registry.h"
 #include "tests/support/Text.h"
@@ -22,8 +22,13 @@ namespace kiv::test
 namespace
 {
 
-const std::wstring ClassKey = L"CLSID\\{3E649237-873E-11D3-BB17-00105A16D8EF}";
-const std::wstring LibraryId = L"{3E649255-873E-11D3-BB17-00105A16D8EF}";
+const std::wstring LibraryId = GuidText(Id(0x3E649255));
+constexpr unsigned long MessageInterface = 0x3E649230;
+
+std::wstring ClassKey(const PublishedClass& each)
+{
+    return L"CLSID\\" + GuidText(Id(each.Class));
+}
 
 // The keys under HKEY_CLASSES_ROOT below which a library's keys lie.
 struct ClassesRoot
@@ -35,16 +40,22 @@ struct ClassesRoot
     std::set<std::wstring> Categories = RegisteredKeys(L"Component Categories");
 };
 
-std::vector<std::wstring> Added(const std::set<std::wstring>& before, const std::set<std::wstring>& after)
+std::set<std::wstring> Added(const std::set<std::wstring>& before, const std::set<std::wstring>& after)
 {
-    std::vector<std::wstring> added;
-    std::ranges::set_difference(after, before, std::back_inserter(added));
+    std::set<std::wstring> added;
+    std::ranges::set_difference(after, before, std::inserter(added, added.end()));
     return added;
 }
 
 class RegistrationTest : public LibraryTest
 {
 protected:
+    std::vector<PublishedClass> Classes() const
+    {
+        ComPtr<ITypeLib> library;
+        Check(LoadTypeLibEx(TheLibrary().Path().c_str(), REGKIND_NONE, &library));
+        return ClassesIn(library.Get());
+    }
     // The library is registered when a test begins, and for whoever runs next.
     void TearDown() override
     {
@@ -60,48 +71,55 @@ struct RegisteredEntry
     std::wstring Text;
 };
 
-TEST_F(RegistrationTest, DescribesTheClassAsHostsReadIt)
+TEST_F(RegistrationTest, DescribesTheClassesAsHostsReadThem)
 {
-    const RegisteredEntry entries[] = {
-        {L"\\InprocServer32", nullptr, TheLibrary().Path()},
-        {L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
-        {L"\\ProgID", nullptr, L"KivControls.YesNo.1"},
-        {L"\\VersionIndependentProgID", nullptr, L"KivControls.YesNo"},
-        {L"\\MiscStatus", nullptr, L"0"},
-        {L"\\MiscStatus\\1", nullptr, L"131473"},
-        {L"\\ToolboxBitmap32", nullptr, TheLibrary().Path() + L", 30001"},
-        {L"\\TypeLib", nullptr, LibraryId},
-        {L"\\Version", nullptr, L"1.0"},
-    };
-    for (const RegisteredEntry& entry : entries)
+    for (const PublishedClass& each : Classes())
     {
-        const std::wstring key = ClassKey + entry.Key;
-        const auto text = RegisteredText(key, entry.Name);
-        ASSERT_TRUE(text) << Narrow(key);
-        EXPECT_EQ(*text, entry.Text) << Narrow(key);
+        const std::wstring progId = std::wstring(L"KivControls.") + each.Name;
+        const RegisteredEntry entries[] = {
+            {L"\\InprocServer32", nullptr, TheLibrary().Path()},
+            {L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
+            {L"\\ProgID", nullptr, progId + L".1"},
+            {L"\\VersionIndependentProgID", nullptr, progId},
+            {L"\\MiscStatus", nullptr, L"0"},
+            {L"\\MiscStatus\\1", nullptr, L"131473"},
+            {L"\\ToolboxBitmap32", nullptr,
+             TheLibrary().Path() + L", " + std::to_wstring(each.ToolboxBitmap)},
+            {L"\\TypeLib", nullptr, LibraryId},
+            {L"\\Version", nullptr, L"1.0"},
+        };
+        for (const RegisteredEntry& entry : entries)
+        {
+            const std::wstring key = ClassKey(each) + entry.Key;
+            EXPECT_EQ(RegisteredText(key, entry.Name), entry.Text) << Narrow(key);
+        }
+        // The name that people read.
+        EXPECT_NE(RegisteredText(ClassKey(each)).value_or(L""), L"");
+        EXPECT_TRUE(IsRegistered(ClassKey(each) + L"\\Control"));
+        EXPECT_TRUE(IsRegistered(ClassKey(each) + L"\\Implemented Categories\\" + GuidText(CATID_Control)));
     }
-    // The name that people read.
-    EXPECT_NE(RegisteredText(ClassKey).value_or(L""), L"");
-    EXPECT_TRUE(IsRegistered(ClassKey + L"\\Control"));
-    EXPECT_TRUE(IsRegistered(ClassKey + L"\\Implemented Categories\\" + GuidText(CATID_Control)));
 }
 
 TEST_F(RegistrationTest, LeadsFromBothProgrammaticNamesToTheClass)
 {
-    const std::wstring classId = L"{3E649237-873E-11D3-BB17-00105A16D8EF}";
-    EXPECT_EQ(RegisteredText(L"KivControls.YesNo.1\\CLSID"), classId);
-    EXPECT_EQ(RegisteredText(L"KivControls.YesNo\\CLSID"), classId);
-    EXPECT_EQ(RegisteredText(L"KivControls.YesNo\\CurVer"), L"KivControls.YesNo.1");
-    for (const wchar_t* progId : {L"KivControls.YesNo", L"KivControls.YesNo.1"})
+    for (const PublishedClass& each : Classes())
     {
-        CLSID found = {};
-        EXPECT_HRESULT_SUCCEEDED(CLSIDFromProgID(progId, &found)) << Narrow(progId);
-        EXPECT_EQ(GuidText(found), classId) << Narrow(progId);
+        const std::wstring classId = GuidText(Id(each.Class));
+        const std::wstring progId = std::wstring(L"KivControls.") + each.Name;
+        EXPECT_EQ(RegisteredText(progId + L".1\\CLSID"), classId);
+        EXPECT_EQ(RegisteredText(progId + L"\\CLSID"), classId);
+        EXPECT_EQ(RegisteredText(progId + L"\\CurVer"), progId + L".1");
+        for (const std::wstring& name : {progId, progId + L".1"})
+        {
+            CLSID found = {};
+            EXPECT_HRESULT_SUCCEEDED(CLSIDFromProgID(name.c_str(), &found)) << Narrow(name);
+            EXPECT_EQ(GuidText(found), classId) << Narrow(name);
+        }
+        LPOLESTR name = nullptr;
+        ASSERT_HRESULT_SUCCEEDED(ProgIDFromCLSID(Id(each.Class), &name));
+        EXPECT_EQ(name, progId + L".1");
+        CoTaskMemFree(name);
     }
-    LPOLESTR name = nullptr;
-    ASSERT_HRESULT_SUCCEEDED(ProgIDFromCLSID(CLSID_YesNo, &name));
-    EXPECT_STREQ(name, L"KivControls.YesNo.1");
-    CoTaskMemFree(name);
 }
 
 TEST_F(RegistrationTest, LetsComCreateTheControl)
@@ -126,9 +144,12 @@ TEST_F(RegistrationTest, RegistersTheTypeLibraryWithItsPlainPath)
 
 TEST_F(RegistrationTest, RegistersTheInterfacesForMarshalling)
 {
-    for (const wchar_t* group : {L"3E649230", L"3E649236", L"3E649239"})
+    std::vector<unsigned long> interfaces = {MessageInterface};
+    for (const PublishedClass& each : Classes())
+        interfaces.insert(interfaces.end(), {each.Properties, each.Events});
+    for (const unsigned long group : interfaces)
     {
-        const std::wstring key = std::wstring(L"Interface\\{") + group + L"-873E-11D3-BB17-00105A16D8EF}";
+        const std::wstring key = L"Interface\\" + GuidText(Id(group));
         EXPECT_EQ(RegisteredText(key + L"\\TypeLib"), LibraryId) << Narrow(key);
         EXPECT_TRUE(RegisteredText(key + L"\\ProxyStubClsid32")) << Narrow(key);
     }
@@ -136,19 +157,25 @@ TEST_F(RegistrationTest, RegistersTheInterfacesForMarshalling)
 
 TEST_F(RegistrationTest, LeavesNothingBehind)
 {
+    std::set<std::wstring> progIds;
+    std::set<std::wstring> classIds;
+    std::set<std::wstring> interfaces = {GuidText(Id(MessageInterface))};
+    for (const PublishedClass& each : Classes())
+    {
+        progIds.insert(
+            {std::wstring(L"KivControls.") + each.Name, std::wstring(L"KivControls.") + each.Name + L".1"});
+        classIds.insert(GuidText(Id(each.Class)));
+        interfaces.insert({GuidText(Id(each.Properties)), GuidText(Id(each.Events))});
+    }
+
     ASSERT_HRESULT_SUCCEEDED(TheLibrary().Unregister());
     const ClassesRoot without;
     ASSERT_HRESULT_SUCCEEDED(TheLibrary().Register());
     const ClassesRoot with;
-    EXPECT_EQ(Added(without.ProgIds, with.ProgIds),
-              (std::vector<std::wstring>{L"KivControls.YesNo", L"KivControls.YesNo.1"}));
-    EXPECT_EQ(Added(without.Classes, with.Classes),
-              (std::vector<std::wstring>{L"{3E649237-873E-11D3-BB17-00105A16D8EF}"}));
-    EXPECT_EQ(Added(without.Libraries, with.Libraries), (std::vector<std::wstring>{LibraryId}));
-    EXPECT_EQ(Added(without.Interfaces, with.Interfaces),
-              (std::vector<std::wstring>{L"{3E649230-873E-11D3-BB17-00105A16D8EF}",
-                                         L"{3E649236-873E-11D3-BB17-00105A16D8EF}",
-                                         L"{3E649239-873E-11D3-BB17-00105A16D8EF}"}));
+    EXPECT_EQ(Added(without.ProgIds, with.ProgIds), progIds);
+    EXPECT_EQ(Added(without.Classes, with.Classes), classIds);
+    EXPECT_EQ(Added(without.Libraries, with.Libraries), std::set<std::wstring>{LibraryId});
+    EXPECT_EQ(Added(without.Interfaces, with.Interfaces), interfaces);
 
     ASSERT_HRESULT_SUCCEEDED(TheLibrary().Unregister());
     const ClassesRoot after;
@@ -157,18 +184,19 @@ TEST_F(RegistrationTest, LeavesNothingBehind)
     EXPECT_EQ(after.Libraries, without.Libraries);
     EXPECT_EQ(after.Interfaces, without.Interfaces);
     // The category is Windows' own and outlives any control.
-    EXPECT_EQ(Added(with.Categories, after.Categories), std::vector<std::wstring>());
+    EXPECT_EQ(after.Categories, with.Categories);
     CLSID found = {};
     EXPECT_EQ(Hr(CLSIDFromProgID(L"KivControls.YesNo", &found)), Hr(CO_E_CLASSSTRING));
 }
 
 TEST_F(RegistrationTest, MayBeRepeated)
 {
+    const std::wstring key = L"CLSID\\" + GuidText(CLSID_YesNo);
     EXPECT_HRESULT_SUCCEEDED(TheLibrary().Register());
     EXPECT_HRESULT_SUCCEEDED(TheLibrary().Register());
-    EXPECT_TRUE(IsRegistered(ClassKey));
+    EXPECT_TRUE(IsRegistered(key));
     EXPECT_HRESULT_SUCCEEDED(TheLibrary().Unregister());
-    EXPECT_FALSE(IsRegistered(ClassKey));
+    EXPECT_FALSE(IsRegistered(key));
     EXPECT_HRESULT_SUCCEEDED(TheLibrary().Unregister()) << "nothing left to take away is no failure";
 }
 

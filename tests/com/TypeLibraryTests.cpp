@@ -1,5 +1,6 @@
 // The type library that hosts read from the library's file, member by member against the published contract.
 
+#include "tests/com/PublishedClasses.h"
 #include "tests/support/AutomationCalls.h"
 #include "tests/support/LibraryTest.h"
 #include "tests/support/Text.h"
@@ -8,6 +9,7 @@
 
 #include <oleauto.h>
 
+#include <algorithm>
 #include <map>
 #include <ostream>
 
@@ -18,12 +20,6 @@ namespace kiv::test
 
 namespace
 {
-
-// {first group-873E-11D3-BB17-00105A16D8EF}: all identifiers of the library share that tail.
-GUID Id(unsigned long firstGroup)
-{
-    return {firstGroup, 0x873E, 0x11D3, {0xBB, 0x17, 0x00, 0x10, 0x5A, 0x16, 0xD8, 0xEF}};
-}
 
 // Attributes that have to be given back.
 class TypeAttributes
@@ -240,10 +236,9 @@ TEST_F(TypeLibraryTest, IsFoundInTheRegistry)
     EXPECT_EQ(DocumentationOf(registered.Get(), MEMBERID_NIL).Help, L"Form Folio Custom Controls");
 }
 
-// A kind of type, and the first group of its identifier.
 struct PublishedType
 {
-    const wchar_t* Name;
+    std::wstring Name;
     TYPEKIND Kind;
     unsigned long Id;
 };
@@ -251,7 +246,7 @@ struct PublishedType
 // Nothing else is in it: no class without a control behind it, and nothing internal.
 TEST_F(TypeLibraryTest, HoldsThePublishedTypesAndNoOthers)
 {
-    const PublishedType types[] = {
+    std::vector<PublishedType> types = {
         {L"AnswerEnums", TKIND_ENUM, 0x3E649238},
         {L"NumberFormatEnums", TKIND_ENUM, 0x3E64924E},
         {L"DisplayStyleEnums", TKIND_ENUM, 0x3E649234},
@@ -259,10 +254,14 @@ TEST_F(TypeLibraryTest, HoldsThePublishedTypesAndNoOthers)
         {L"ButtonPictureTypeEnums", TKIND_ENUM, 0x3E649241},
         {L"DateFormatEnums", TKIND_ENUM, 0x3E64923C},
         {L"ISubClass", TKIND_DISPATCH, 0x3E649230},
-        {L"_YesNo", TKIND_DISPATCH, 0x3E649236},
-        {L"__YesNo", TKIND_DISPATCH, 0x3E649239},
-        {L"YesNo", TKIND_COCLASS, 0x3E649237},
     };
+    for (const PublishedClass& each : ClassesIn(library_.Get()))
+    {
+        const std::wstring name = each.Name;
+        types.push_back({name, TKIND_COCLASS, each.Class});
+        types.push_back({L"_" + name, TKIND_DISPATCH, each.Properties});
+        types.push_back({L"__" + name, TKIND_DISPATCH, each.Events});
+    }
     std::map<std::wstring, PublishedType> expected;
     for (const PublishedType& type : types)
         expected.emplace(type.Name, type);
@@ -287,6 +286,20 @@ TEST_F(TypeLibraryTest, HoldsThePublishedTypesAndNoOthers)
     }
     for (const auto& [name, type] : expected)
         ADD_FAILURE() << Narrow(name) << " is missing";
+}
+
+TEST_F(TypeLibraryTest, HoldsExactlyTheClassesThatCanBeMade)
+{
+    const auto classes = ClassesIn(library_.Get());
+    EXPECT_FALSE(classes.empty());
+    for (const PublishedClass& each : PublishedClasses())
+    {
+        ComPtr<IClassFactory> factory;
+        const HRESULT made = TheLibrary().GetClassObject(Id(each.Class), IID_PPV_ARGS(&factory));
+        const bool published = std::ranges::any_of(
+            classes, [&each](const PublishedClass& other) { return other.Class == each.Class; });
+        EXPECT_EQ(Hr(made), Hr(published ? S_OK : CLASS_E_CLASSNOTAVAILABLE)) << Narrow(each.Name);
+    }
 }
 
 struct Member
@@ -393,31 +406,36 @@ INSTANTIATE_TEST_SUITE_P(
                      {L"mm/dd/yy Only Year Required", 7}}}),
     [](const auto& row) { return std::string(row.param.Name); });
 
-TEST_F(TypeLibraryTest, DescribesTheClassYesNoAsAControl)
+TEST_F(TypeLibraryTest, DescribesItsClassesAsControls)
 {
-    const ComPtr<ITypeInfo> info = InfoOf(Id(0x3E649237));
-    const TypeAttributes attributes(info.Get());
-    EXPECT_EQ(attributes->wTypeFlags, TYPEFLAG_FCANCREATE | TYPEFLAG_FCONTROL);
+    for (const PublishedClass& each : ClassesIn(library_.Get()))
+    {
+        SCOPED_TRACE(Narrow(each.Name));
+        const ComPtr<ITypeInfo> info = InfoOf(Id(each.Class));
+        const TypeAttributes attributes(info.Get());
+        EXPECT_EQ(attributes->wTypeFlags, TYPEFLAG_FCANCREATE | TYPEFLAG_FCONTROL);
 
-    struct Implemented
-    {
-        const wchar_t* Name;
-        INT Flags;
-    };
-    const Implemented expected[] = {{L"_YesNo", IMPLTYPEFLAG_FDEFAULT},
-                                    {L"ISubClass", 0},
-                                    {L"__YesNo", IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE}};
-    ASSERT_EQ(attributes->cImplTypes, ARRAYSIZE(expected));
-    for (UINT i = 0; i < ARRAYSIZE(expected); ++i)
-    {
-        HREFTYPE reference = 0;
-        INT flags = 0;
-        ComPtr<ITypeInfo> implemented;
-        ASSERT_HRESULT_SUCCEEDED(info->GetRefTypeOfImplType(i, &reference));
-        ASSERT_HRESULT_SUCCEEDED(info->GetImplTypeFlags(i, &flags));
-        ASSERT_HRESULT_SUCCEEDED(info->GetRefTypeInfo(reference, &implemented));
-        EXPECT_EQ(DocumentationOf(implemented.Get(), MEMBERID_NIL).Name, expected[i].Name);
-        EXPECT_EQ(flags, expected[i].Flags) << Narrow(expected[i].Name);
+        struct Implemented
+        {
+            std::wstring Name;
+            INT Flags;
+        };
+        std::vector<Implemented> expected = {{std::wstring(L"_") + each.Name, IMPLTYPEFLAG_FDEFAULT}};
+        if (each.HandlesMessages)
+            expected.push_back({L"ISubClass", 0});
+        expected.push_back({std::wstring(L"__") + each.Name, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE});
+        ASSERT_EQ(attributes->cImplTypes, expected.size());
+        for (UINT i = 0; i < expected.size(); ++i)
+        {
+            HREFTYPE reference = 0;
+            INT flags = 0;
+            ComPtr<ITypeInfo> implemented;
+            ASSERT_HRESULT_SUCCEEDED(info->GetRefTypeOfImplType(i, &reference));
+            ASSERT_HRESULT_SUCCEEDED(info->GetImplTypeFlags(i, &flags));
+            ASSERT_HRESULT_SUCCEEDED(info->GetRefTypeInfo(reference, &implemented));
+            EXPECT_EQ(DocumentationOf(implemented.Get(), MEMBERID_NIL).Name, expected[i].Name);
+            EXPECT_EQ(flags, expected[i].Flags) << Narrow(expected[i].Name);
+        }
     }
 }
 

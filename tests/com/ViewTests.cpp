@@ -95,7 +95,9 @@ protected:
                 const POINT point = {x, y};
                 const COLORREF color = pixels.At(x, y);
                 if (!PtInRect(&reach, point))
+                {
                     ASSERT_EQ(color, Paper) << "outside, at " << x << ' ' << y;
+                }
                 back += color == Back ? 1 : 0;
                 ink += color != Back && color != Paper ? 1 : 0;
             }

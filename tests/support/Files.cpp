@@ -34,6 +34,18 @@ std::vector<std::uint8_t> ReadWholeFile(const std::wstring& path)
     return bytes;
 }
 
+void WriteWholeFile(const std::wstring& path, const std::vector<std::uint8_t>& bytes)
+{
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        throw std::runtime_error("cannot write " + Narrow(path));
+    DWORD written = 0;
+    const BOOL done = WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    CloseHandle(file);
+    if (!done || written != bytes.size())
+        throw std::runtime_error("cannot write " + Narrow(path));
+}
+
 TemporaryFile::TemporaryFile(const wchar_t* extension)
 {
     static std::atomic<int> number = 0;
