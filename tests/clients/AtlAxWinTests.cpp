@@ -1,0 +1,168 @@
+// AtlAxWin, the plain container window of the system's own atl.dll: it gives a control a window, and that is
+// nearly all.
+
+#include "tests/support/HostWindow.h"
+#include "tests/support/Input.h"
+#include "tests/support/LibraryTest.h"
+#include "tests/support/Text.h"
+
+#include "runtime/com/Errors.h"
+
+using Microsoft::WRL::ComPtr;
+
+namespace kiv::test
+{
+
+namespace
+{
+
+// The functions of atl.dll that make the window class and reach into it. Loaded once and kept: the class's
+// window procedure is in it.
+class Atl
+{
+public:
+    static const Atl& Loaded()
+    {
+        static const Atl& atl = *new Atl();
+        return atl;
+    }
+
+    HRESULT AxGetControl(HWND window, IUnknown** control) const
+    {
+        return Function<HRESULT WINAPI(HWND, IUnknown**)>("AtlAxGetControl")(window, control);
+    }
+
+private:
+    Atl() : module_(LoadLibraryW(L"atl.dll"))
+    {
+        if (!module_)
+            ThrowLastError();
+        if (!Function<BOOL WINAPI()>("AtlAxWinInit")())
+            throw ComError(E_FAIL);
+    }
+
+    template<class Type>
+    Type* Function(const char* name) const
+    {
+        const FARPROC found = GetProcAddress(module_, name);
+        if (!found)
+            ThrowLastError();
+        return reinterpret_cast<Type*>(reinterpret_cast<void*>(found));
+    }
+
+    HMODULE module_;
+};
+
+// Until all input sent so far has been handled, for ten seconds at the most.
+void HandleInput()
+{
+    const InputMark mark;
+    const ULONGLONG end = GetTickCount64() + 10000;
+    while (!mark.Arrived() && GetTickCount64() < end)
+    {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
+        DrainMessages();
+    }
+    EXPECT_TRUE(mark.Arrived());
+}
+
+class AtlAxWinTest : public LibraryTest
+{
+protected:
+    HWND CreateContainer(const wchar_t* name) const
+    {
+        return CreateWindowExW(0, L"AtlAxWin", name, WS_CHILD | WS_VISIBLE, 10, 10, 150, 24, host_.Handle(),
+                               nullptr, GetModuleHandleW(nullptr), nullptr);
+    }
+    ComPtr<_YesNo> ControlIn(HWND container) const
+    {
+        ComPtr<IUnknown> unknown;
+        Check(atl_.AxGetControl(container, &unknown));
+        ComPtr<_YesNo> control;
+        Check(unknown.As(&control));
+        return control;
+    }
+    static HWND WindowOf(_YesNo* control)
+    {
+        long window = 0;
+        Check(control->get_hwnd(&window));
+        return reinterpret_cast<HWND>(static_cast<LONG_PTR>(window));
+    }
+    static AnswerEnums ValueOf(_YesNo* control)
+    {
+        AnswerEnums value = Neither;
+        Check(control->get_Value(&value));
+        return value;
+    }
+
+    const Atl& atl_ = Atl::Loaded();
+    HostWindow host_;
+};
+
+TEST_F(AtlAxWinTest, ShowsTheControlInsideItself)
+{
+    const HWND container = CreateContainer(L"KivControls.YesNo");
+    ASSERT_NE(container, nullptr);
+    {
+        const ComPtr<_YesNo> control = ControlIn(container);
+        const HWND window = WindowOf(control.Get());
+        EXPECT_TRUE(IsWindowVisible(window));
+        EXPECT_TRUE(IsChild(container, window));
+        RECT outer = {};
+        RECT inner = {};
+        GetClientRect(container, &outer);
+        GetClientRect(window, &inner);
+        EXPECT_TRUE(EqualRect(&outer, &inner)) << inner.right << " x " << inner.bottom;
+        EXPECT_EQ(Hr(control->put_Value(Yes)), Hr(S_OK));
+        UpdateWindow(window);
+    }
+    DestroyWindow(container);
+}
+
+TEST_F(AtlAxWinTest, LetsTheUserAnswer)
+{
+    const HWND container = CreateContainer(L"KivControls.YesNo.1");
+    ASSERT_NE(container, nullptr);
+    {
+        const ComPtr<_YesNo> control = ControlIn(container);
+        const HWND window = WindowOf(control.Get());
+        SetForegroundWindow(host_.Handle());
+        SetFocus(window);
+        EXPECT_EQ(GetFocus(), window);
+        TapKey('Y');
+        HandleInput();
+        EXPECT_EQ(ValueOf(control.Get()), Yes);
+        TapKey(VK_SPACE);
+        HandleInput();
+        EXPECT_EQ(ValueOf(control.Get()), Neither) << "the space bar takes the answer back";
+        TapKey('N');
+        HandleInput();
+        EXPECT_EQ(ValueOf(control.Get()), No);
+    }
+    DestroyWindow(container);
+}
+
+TEST_F(AtlAxWinTest, MayBeDestroyedWhileTheControlIsHeld)
+{
+    const HWND container = CreateContainer(L"{3E649237-873E-11D3-BB17-00105A16D8EF}");
+    ASSERT_NE(container, nullptr);
+    ComPtr<_YesNo> control = ControlIn(container);
+    EXPECT_EQ(Hr(control->put_Value(No)), Hr(S_OK));
+    DestroyWindow(container);
+    EXPECT_EQ(ValueOf(control.Get()), No);
+    EXPECT_EQ(Hr(control->put_Value(Yes)), Hr(S_OK));
+    control.Reset();
+}
+
+TEST_F(AtlAxWinTest, GoesWithTheWholeForm)
+{
+    for (int i = 0; i < 10; ++i)
+        ASSERT_NE(CreateContainer(L"KivControls.YesNo"), nullptr);
+    EXPECT_EQ(ControlWindows(), 10);
+    host_.Destroy();
+    EXPECT_EQ(ControlWindows(), 0);
+}
+
+} // namespace
+
+} // namespace kiv::test

@@ -1,0 +1,97 @@
+// The library in the hands of the script hosts: each script runs as a process of its own.
+
+#include "tests/support/Files.h"
+#include "tests/support/KnownPlatformGap.h"
+#include "tests/support/Process.h"
+#include "tests/support/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <sstream>
+#include <vector>
+
+namespace kiv::test
+{
+
+namespace
+{
+
+using Lines = std::vector<std::string>;
+
+Lines LinesOf(const std::string& text)
+{
+    Lines lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+    {
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+ProcessOutcome RunScript(const std::string& name)
+{
+    const std::wstring path = RequiredVariable(L"KIV_SOURCE") + L"\\tests\\clients\\scripts\\" + Widen(name);
+    return RunProcess(L"cscript.exe //nologo " + Quoted(path));
+}
+
+struct Script
+{
+    const char* Name;
+    Lines Output;
+
+    friend std::ostream& operator<<(std::ostream& out, const Script& script) { return out << script.Name; }
+};
+
+class ScriptTest : public testing::TestWithParam<Script>
+{
+};
+
+TEST_P(ScriptTest, SaysWhatIsExpected)
+{
+    const ProcessOutcome outcome = RunScript(GetParam().Name);
+    EXPECT_FALSE(outcome.TimedOut);
+    EXPECT_EQ(outcome.ExitCode, 0U);
+    EXPECT_EQ(LinesOf(outcome.Output), GetParam().Output);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, ScriptTest,
+    testing::Values(
+        Script{"properties.vbs",
+               {"class _YesNo", "default 0 Long", "texts Y N", "colours 8000000F 80000012", "enabled True",
+                "yes 1 Y", "no 2 N", "neither 0 True", "beyond 5 True", "by text 1", "other case 0",
+                "no text 2", "null 0", "variable 1 Ja", "disabled False", "red 255", "font 12 True",
+                "window True", "copied 1"}},
+        // 13 type mismatch, 6 overflow, 438 no such property or method, 94 null
+        // where there must be a value.
+        Script{"errors.vbs",
+               {"a number 0", "words for a number 13", "null for a number 13", "too large a number 6",
+                "words for a truth 13", "a read-only property 438", "an unknown property 438",
+                "an event as a method 438", "an unknown answer 0", "afterwards 0 True"}},
+        Script{"methods.vbs",
+               {"left out", "by value", "as text", "variable 2", "empty variable", "with parentheses"}},
+        Script{"many.vbs", {"sum 201"}},
+        Script{"properties.js",
+               {"default 0 number", "null true", "yes Y", "no 2", "neither 0", "renamed 2", "enabled false",
+                "words refused 2"}}),
+    [](const auto& row) {
+        std::string name = row.param.Name;
+        name[name.find('.')] = '_';
+        return name;
+    });
+
+TEST(ScriptEventTest, ReachesAScriptThatListens)
+{
+    const ProcessOutcome outcome = RunScript("events.vbs");
+    EXPECT_EQ(outcome.ExitCode, 0U) << outcome.Output;
+    KnownPlatformGap("the script host connects no event procedures to an object that it creates",
+                     [&outcome] { return LinesOf(outcome.Output) == Lines{"changed to 2"}; });
+}
+
+} // namespace
+
+} // namespace kiv::test
