@@ -25,13 +25,14 @@ stop_display() {
     wait "$XVFB" 2>/dev/null || true
 }
 
-# use_prefix ARCH: makes the prefix of this build tree when it is not there, and the current one from here on.
+# use_prefix ARCH: the prefix of this build tree is the current one from here on. It is made when it is not there, or
+# when what it is made by has changed since.
 use_prefix() {
     export WINEPREFIX=$ROOT/build/$1/wine
     if [[ $1 == x86 ]]; then export WINEARCH=win32; else export WINEARCH=win64; fi
     if ((${#WINE_PREFIXES[@]} == 0)); then at_end stop_wine; fi
     WINE_PREFIXES+=("$WINEPREFIX")
-    [[ ! -e $WINEPREFIX/made-by-kiv ]] || return 0
+    [[ ! $WINEPREFIX/made-by-kiv -nt tools/kiv/wine.sh ]] || return 0
     rm -rf "$WINEPREFIX"
     step "Making the Wine prefix $1 (about 15 s)" "build/$1/wine.log" make_prefix || {
         tail -n 10 "build/$1/wine.log" >&2
@@ -44,7 +45,8 @@ make_prefix() {
     # A crash is to end a test, not to wait in a dialog for somebody to read it.
     wineboot -i &&
         wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
-        manage_windows N kiv-com-tests kiv-gui-tests kiv-clients-tests kiv-bench && wineserver -w && detach_home && add_fonts && touch "$WINEPREFIX/made-by-kiv"
+        manage_windows N kiv-com-tests kiv-gui-tests kiv-clients-tests kiv-bench &&
+        wineserver -w && detach_home && add_fonts && touch "$WINEPREFIX/made-by-kiv"
 }
 
 # Debian's Wine does not look where Debian's package puts Tahoma and MS Sans Serif, without which dialogs are
