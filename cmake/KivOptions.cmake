@@ -14,6 +14,8 @@ if(WIN32)
     # Windows 7 is the oldest system whose declarations are used.
     target_compile_definitions(kiv_options INTERFACE
         WIN32_LEAN_AND_MEAN NOMINMAX STRICT WINVER=0x0601 _WIN32_WINNT=0x0601)
+    # The newest debug format that Wine's backtraces can read.
+    target_compile_options(kiv_options INTERFACE -gdwarf-4)
     target_link_options(kiv_options INTERFACE -static)
 elseif(KIV_SANITIZE)
     set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
