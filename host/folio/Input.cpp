@@ -108,21 +108,18 @@ void SendKey(const KeyChord& chord)
     inputs.Send();
 }
 
-void SendText(std::wstring_view text)
+void SendCharacter(wchar_t character)
 {
-    for (const wchar_t character : text)
+    InputSequence inputs;
+    const Typing typing = TypingOf(character);
+    if (typing.VirtualKey != 0)
+        PressHolding(inputs, typing.VirtualKey, typing.Shift & 1, typing.Shift & 2, typing.Shift & 4);
+    else
     {
-        InputSequence inputs;
-        const Typing typing = TypingOf(character);
-        if (typing.VirtualKey != 0)
-            PressHolding(inputs, typing.VirtualKey, typing.Shift & 1, typing.Shift & 2, typing.Shift & 4);
-        else
-        {
-            inputs.Character(character, true);
-            inputs.Character(character, false);
-        }
-        inputs.Send();
+        inputs.Character(character, true);
+        inputs.Character(character, false);
     }
+    inputs.Send();
 }
 
 void SendClick(POINT screen, MouseButton button)
@@ -138,6 +135,25 @@ void SendClick(POINT screen, MouseButton button)
     inputs.Mouse(button == MouseButton::Left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
     inputs.Mouse(button == MouseButton::Left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
     inputs.Send();
+}
+
+void PutOnClipboard(std::wstring_view text)
+{
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+    if (!memory)
+        throw std::runtime_error("there is no memory for the clipboard's text");
+    auto* target = static_cast<wchar_t*>(GlobalLock(memory));
+    target[text.copy(target, text.size())] = L'\0';
+    GlobalUnlock(memory);
+    const bool opened = OpenClipboard(nullptr) != FALSE;
+    const bool taken = opened && EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory);
+    if (opened)
+        CloseClipboard();
+    if (!taken) // otherwise the system owns the memory
+    {
+        GlobalFree(memory);
+        throw std::runtime_error("the clipboard does not take the text");
+    }
 }
 
 } // namespace kiv::host

@@ -4,8 +4,6 @@
 
 #include <windows.h>
 
-#include <string_view>
-
 namespace kiv::host
 {
 
@@ -13,8 +11,8 @@ namespace kiv::host
 // Throws std::runtime_error when the system does not take it.
 
 void SendKey(const KeyChord& chord);
-// Each character by the key that types it in the current layout; by its code where no key does.
-void SendText(std::wstring_view text);
+// By the key that types it in the current layout; by its code where no key does.
+void SendCharacter(wchar_t character);
 
 enum class MouseButton
 {
@@ -22,5 +20,8 @@ enum class MouseButton
     Right,
 };
 void SendClick(POINT screen, MouseButton button);
+
+// As another program would that copies the text.
+void PutOnClipboard(std::wstring_view text);
 
 } // namespace kiv::host

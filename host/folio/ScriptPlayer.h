@@ -2,6 +2,7 @@
 
 #include "host/container/Form.h"
 #include "host/container/MessageBoxWatch.h"
+#include "host/folio/Input.h"
 #include "host/folio/Journal.h"
 #include "host/script/Script.h"
 
@@ -42,6 +43,10 @@ private:
     void PlayStep(const ScriptStep& step);
     void CloseMessageBoxes();
 
+    void AwaitKeyboard() const;
+    void Press(const KeyChord& key) const;
+    void Type(wchar_t character) const;
+    void ClickAt(POINT screen, MouseButton button) const;
     void MoveFocus(const ScriptStep& step);
     void Click(const ScriptStep& step);
     void AnswerMessageBox(const ScriptStep& step);

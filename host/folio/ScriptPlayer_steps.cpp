@@ -44,7 +44,42 @@ POINT MiddleOf(HWND window)
     return {(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
 }
 
+bool IsOwn(HWND window)
+{
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process == GetCurrentProcessId();
+}
+
 } // namespace
+
+// Input goes to whatever is there; that must not be somebody else's window.
+void ScriptPlayer::AwaitKeyboard() const
+{
+    if (!Until([] { return IsOwn(GetForegroundWindow()); }))
+        throw Failure{"the keyboard is with another program's window"};
+}
+
+void ScriptPlayer::Press(const KeyChord& key) const
+{
+    AwaitKeyboard();
+    SendKey(key);
+    Settle();
+}
+
+void ScriptPlayer::Type(wchar_t character) const
+{
+    AwaitKeyboard();
+    SendCharacter(character);
+    Settle();
+}
+
+void ScriptPlayer::ClickAt(POINT screen, MouseButton button) const
+{
+    if (!IsOwn(WindowFromPoint(screen)))
+        throw Failure{"another program's window covers the place to click"};
+    SendClick(screen, button);
+}
 
 ControlSite& ScriptPlayer::Site(const std::string& name) const
 {
@@ -61,14 +96,14 @@ void ScriptPlayer::PlayStep(const ScriptStep& step)
         return MoveFocus(step);
     case ScriptVerb::Keys:
         for (const KeyChord& key : step.Keys)
-        {
-            SendKey(key);
-            Settle();
-        }
+            Press(key);
         return;
     case ScriptVerb::Type:
-        SendText(Wide(step.Text));
-        return Settle();
+        for (const wchar_t character : Wide(step.Text))
+            Type(character);
+        return;
+    case ScriptVerb::Clipboard:
+        return PutOnClipboard(Wide(step.Text));
     case ScriptVerb::Click:
     case ScriptVerb::RightClick:
     case ScriptVerb::DoubleClick:
@@ -105,8 +140,7 @@ void ScriptPlayer::PlayStep(const ScriptStep& step)
         KeyChord altF4;
         altF4.Alt = true;
         altF4.VirtualKey = VK_F4;
-        SendKey(altF4);
-        return Settle();
+        return Press(altF4);
     }
     }
 }
@@ -131,8 +165,7 @@ void ScriptPlayer::MoveFocus(const ScriptStep& step)
         });
         if (there)
             return;
-        SendKey(tab);
-        Settle();
+        Press(tab);
     }
     ExpectItem(step.Item, "the focus", &Form::FocusedItem);
 }
@@ -166,9 +199,9 @@ void ScriptPlayer::Click(const ScriptStep& step)
 {
     POINT point = {};
     OnForm([&] { point = PointIn(step); });
-    SendClick(point, step.Verb == ScriptVerb::RightClick ? MouseButton::Right : MouseButton::Left);
+    ClickAt(point, step.Verb == ScriptVerb::RightClick ? MouseButton::Right : MouseButton::Left);
     if (step.Verb == ScriptVerb::DoubleClick)
-        SendClick(point, MouseButton::Left);
+        ClickAt(point, MouseButton::Left);
     Settle();
 }
 
@@ -193,7 +226,7 @@ void ScriptPlayer::AnswerMessageBox(const ScriptStep& step)
             throw Failure{"the message box has no button " + step.Member};
     });
     // Answered in any case: nothing else can be done while it is open.
-    SendClick(point, MouseButton::Left);
+    ClickAt(point, MouseButton::Left);
     if (!Until([box] { return IsGone(box); }))
         throw Failure{"the message box stays open"};
     if (text != step.Text)

@@ -225,6 +225,11 @@ void ReadStep(Line& line, ScriptStep& step)
         step.Verb = ScriptVerb::Type;
         step.Text = line.Quoted("a text in quotes");
     }
+    else if (line.Take("clipboard"))
+    {
+        step.Verb = ScriptVerb::Clipboard;
+        step.Text = line.Quoted("a text in quotes");
+    }
     else if (line.Take("click"))
         ReadClick(line, step, ScriptVerb::Click);
     else if (line.Take("rightclick"))

@@ -16,6 +16,7 @@ enum class ScriptVerb
     Focus,            // Item
     Keys,             // Keys
     Type,             // Text
+    Clipboard,        // Text
     Click,            // Item, Spot
     RightClick,       // Item, Spot
     DoubleClick,      // Item, Spot

@@ -107,6 +107,8 @@ TEST(ParseScript, ReadsKeysTextAndMessageBoxes)
     EXPECT_TRUE(keys.Keys[1].Shift);
     EXPECT_EQ(OnlyStep("key y").Verb, ScriptVerb::Keys);
     EXPECT_EQ(OnlyStep("type \"a \"\"b\"\"\" ' c").Text, "a \"b\"");
+    EXPECT_EQ(OnlyStep("clipboard \"123-45\"").Verb, ScriptVerb::Clipboard);
+    EXPECT_EQ(OnlyStep("clipboard \"123-45\"").Text, "123-45");
 
     const ScriptStep box = OnlyStep("answer messagebox \"Sure?\" Yes");
     EXPECT_EQ(box.Verb, ScriptVerb::AnswerMessageBox);
@@ -148,6 +150,7 @@ TEST(ParseScript, SaysWhereAndWhatIsWrong)
         {"key", "s:1: a key is expected"},
         {"key Sapce", "s:1: \"Sapce\" is no key"},
         {"type yes", "s:1: a text in quotes is expected"},
+        {"clipboard", "s:1: a text in quotes is expected"},
         {"type \"yes", "s:1: the text has no closing quote"},
         {"click yn 3", "s:1: left, middle, right or <x>,<y> is expected"},
         {"click yn 3,4,5", "s:1: left, middle, right or <x>,<y> is expected"},
