@@ -94,7 +94,7 @@ TEST_F(FolioHost, PlaysTheSampleInterview)
     const ProcessOutcome outcome =
         Run(L"--script " + Example(L"interview.script") + L" --log " + Quoted(log.Path()) + L" --shot " +
             Quoted(shot.Path()) + L" " + Example(L"interview.form"));
-    EXPECT_EQ(outcome.ExitCode, 0U) << outcome.Output;
+    ASSERT_EQ(outcome.ExitCode, 0U) << outcome.Output;
     const std::string written = Read(log);
     EXPECT_EQ(Lines(outcome.Output), written);
     EXPECT_NE(written.find(R"({"control":"ynForeign","event":"Click","args":{"Cancel":false},"value":1,)"
@@ -127,7 +127,7 @@ TEST_F(FolioHost, SaysWhatIsNotAsExpected)
         {"call ynOne.ShowAboutBox\nanswer messagebox \"Other\"\n",
          ":2: expected the message \"Other\", got \"Yes/No"},
         {"call ynOne.ShowAboutBox\n", ":1: the message box \"Yes/No custom control"},
-        {"key Enter\nkey y\nexpect ynOne.Value = 1\n", ":3: the form is closed already\n"},
+        {"key Enter\nkey y\n", ":2: the form is closed already\n"},
     };
     WriteForm(onePage);
     for (const Row& row : rows)
