@@ -76,8 +76,8 @@ std::wstring LastTwoDigits(const std::wstring& digits)
     return padded.substr(padded.size() - 2);
 }
 
-// 00 to 04 are 2000 to 2004, 05 to 99 are 1905 to 1999: the period that a box starts with. Only the last two
-// characters count, whatever stands before them: deliberate, a pasted 1/5/1999 fits a two-digit year.
+// 00 to 04 are 2000 to 2004, 05 to 99 are 1905 to 1999: the period that a box starts with. Only the last
+// two characters count, whatever stands before them: deliberate, so that a pasted 1/5/1999 fits two digits.
 std::wstring InStartingPeriod(const std::wstring& year)
 {
     constexpr int lastOf2000s = 4;

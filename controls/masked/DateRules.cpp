@@ -78,8 +78,8 @@ std::optional<AssignedDate> DateRules::Assigned(double date) const
 
 std::optional<std::wstring> DateRules::Pasted(std::wstring_view clipboard) const
 {
-    // A clipboard without text has nothing to paste: where an empty year stands for one, it must not enter
-    // it.
+    // A clipboard without text has nothing to paste; where a missing year stands for 2001, it must not enter
+    // one.
     if (clipboard.empty())
         return std::nullopt;
     const std::optional<DateEntry> entry = Read(clipboard);
