@@ -67,6 +67,11 @@ void Constituent::Font(HFONT font)
     SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
+LRESULT Constituent::Ask(UINT message, WPARAM wParam, LPARAM lParam) const
+{
+    return window_ ? CallWindowProcA(previous_, window_, message, wParam, lParam) : 0;
+}
+
 void Constituent::Notified(WORD) {}
 
 HBRUSH Constituent::Colors(HDC)

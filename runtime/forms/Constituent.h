@@ -53,6 +53,10 @@ protected:
                 DWORD extendedStyle);
     virtual ~Constituent();
 
+    // Hands a message straight to the system's control, past the hooks: for what the control itself wants to
+    // know or do many times for each key.
+    LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+
     // The window's own messages that are no keys and no focus; returns true when that is all there is to do.
     virtual bool Received(UINT message, WPARAM wParam, LPARAM lParam);
 

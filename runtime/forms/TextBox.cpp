@@ -42,51 +42,64 @@ TextBox::TextBox(ConstituentOwner& owner, HWND parent) :
 std::wstring TextBox::Text() const
 {
     std::string ansi(static_cast<std::size_t>(Length()) + 1, '\0');
-    const int length = GetWindowTextA(hWnd(), ansi.data(), static_cast<int>(ansi.size()));
+    const LRESULT length = Ask(WM_GETTEXT, ansi.size(), reinterpret_cast<LPARAM>(ansi.data()));
     return Wide(std::string_view(ansi).substr(0, static_cast<std::size_t>(length)));
 }
 
 void TextBox::Text(std::wstring_view text)
 {
-    if (text != Text())
-        SetWindowTextA(hWnd(), Ansi(text).c_str());
+    const std::wstring current = Text();
+    if (text == current)
+        return;
+    const std::string ansi = Ansi(text);
+    const bool fits = maxLength_ == 0 || text.size() <= static_cast<std::size_t>(maxLength_);
+    if (fits && text.size() == current.size() && ansi.size() == text.size())
+        ReplaceDifference(current, text, ansi);
+    else
+        Ask(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(ansi.c_str()));
 }
 
-int TextBox::SelStart() const
+// Overtyping changes a place or two: only they are drawn again.
+void TextBox::ReplaceDifference(std::wstring_view current, std::wstring_view text, std::string ansi)
 {
-    DWORD start = 0;
-    SendMessageA(hWnd(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), 0);
-    return static_cast<int>(start);
+    const auto differs = std::mismatch(current.begin(), current.end(), text.begin()).first;
+    const auto lastDiffers = std::mismatch(current.rbegin(), current.rend(), text.rbegin()).first;
+    const auto start = static_cast<std::size_t>(differs - current.begin());
+    const auto end = static_cast<std::size_t>(lastDiffers.base() - current.begin());
+    ansi.resize(end);
+    Select(static_cast<int>(start), static_cast<int>(end - start));
+    Ask(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(ansi.c_str() + start));
 }
 
-int TextBox::SelLength() const
+TextBox::Selection TextBox::Selected() const
 {
     DWORD start = 0;
     DWORD end = 0;
-    SendMessageA(hWnd(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-    return static_cast<int>(end - start);
+    Ask(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    return {static_cast<int>(start), static_cast<int>(end - start)};
 }
 
 void TextBox::Select(int start, int length)
 {
-    SendMessageA(hWnd(), EM_SETSEL, static_cast<WPARAM>(start), start + length);
+    Ask(EM_SETSEL, static_cast<WPARAM>(start), start + length);
 }
 
 std::wstring TextBox::SelText() const
 {
-    return Text().substr(static_cast<std::size_t>(SelStart()), static_cast<std::size_t>(SelLength()));
+    const Selection selected = Selected();
+    return Text().substr(static_cast<std::size_t>(selected.Start), static_cast<std::size_t>(selected.Length));
 }
 
 int TextBox::Length() const
 {
-    return GetWindowTextLengthA(hWnd());
+    return static_cast<int>(Ask(WM_GETTEXTLENGTH));
 }
 
 void TextBox::MaxLength(short characters)
 {
     maxLength_ = std::max<short>(characters, 0);
     // To the box itself 0 means a large limit of its own.
-    SendMessageA(hWnd(), EM_SETLIMITTEXT, static_cast<WPARAM>(maxLength_), 0);
+    Ask(EM_SETLIMITTEXT, static_cast<WPARAM>(maxLength_));
 }
 
 void TextBox::BackColor(OLE_COLOR color)
@@ -118,7 +131,7 @@ int TextBox::LineHeight() const
 {
     const auto font = reinterpret_cast<HFONT>(SendMessageA(hWnd(), WM_GETFONT, 0, 0));
     const MemoryDc dc(nullptr);
-    const Selection selected(dc.Get(), font);
+    const kiv::Selection selectedFont(dc.Get(), font);
     TEXTMETRICA metrics = {};
     GetTextMetricsA(dc.Get(), &metrics);
     return metrics.tmHeight;

@@ -24,12 +24,16 @@ public:
     std::function<void()> OnGotFocus;
 
     std::wstring Text() const;
-    // Raises OnChange, unless the box already holds the text.
+    // Raises OnChange, unless the box already holds the text. Where the caret is then is not defined.
     void Text(std::wstring_view text);
 
-    // The selection, in characters from 0.
-    int SelStart() const;
-    int SelLength() const;
+    // In characters from 0.
+    struct Selection
+    {
+        int Start = 0;
+        int Length = 0;
+    };
+    Selection Selected() const;
     void Select(int start, int length);
     void SelectAll() { Select(0, Length()); }
     std::wstring SelText() const;
@@ -56,6 +60,7 @@ protected:
 
 private:
     int LineHeight() const;
+    void ReplaceDifference(std::wstring_view current, std::wstring_view text, std::string ansi);
 
     short maxLength_ = 0;
     OLE_COLOR backColor_;
