@@ -1,0 +1,165 @@
+#include "controls/amount/CurrencyRules.h"
+
+#include "runtime/core/NumericText.h"
+#include "tests/native/amount/CurrencyEntryRows.h"
+#include "tests/native/core/NumberLocales.h"
+#include "tests/native/masked/RowName.h"
+
+#include <gtest/gtest.h>
+
+namespace kiv::test
+{
+
+namespace
+{
+
+// A value as the host assigns it.
+std::optional<Decimal> Assigned(const wchar_t* value, const NumberLocale& locale)
+{
+    return value != nullptr ? ParseNumber(Localized(value, locale), locale) : std::nullopt;
+}
+
+CurrencyLimits Bounded(std::int64_t minValue, std::int64_t maxValue)
+{
+    CurrencyLimits limits;
+    limits.MinValue = Currency::FromUnits(minValue * 10000);
+    limits.MaxValue = Currency::FromUnits(maxValue * 10000);
+    return limits;
+}
+
+CurrencyLimits Widest()
+{
+    CurrencyLimits limits;
+    limits.MinValue = SmallestAmount;
+    limits.MaxValue = LargestAmount;
+    return limits;
+}
+
+class CurrencyLetTest : public testing::TestWithParam<CurrencyLetRow>
+{
+};
+
+TEST_P(CurrencyLetTest, ShowsTheValue)
+{
+    const CurrencyLetRow& row = GetParam();
+    CurrencyLimits limits;
+    limits.AllowRounding = row.AllowRounding;
+    limits.NumDecDigits = row.NumDecDigits;
+    for (const NumberLocale& locale : NumberLocales)
+    {
+        const std::wstring text = CurrencyTextOf(Assigned(row.Value, locale), limits, locale);
+        EXPECT_EQ(text, Localized(row.Text, locale));
+        EXPECT_EQ(CurrencyDisplayText(text, limits, locale), Localized(row.Label, locale));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, CurrencyLetTest, testing::ValuesIn(CurrencyLetRows), RowName());
+
+class CurrencyReadTest : public testing::TestWithParam<CurrencyReadRow>
+{
+};
+
+TEST_P(CurrencyReadTest, ReadsTheAmount)
+{
+    const CurrencyReadRow& row = GetParam();
+    for (const NumberLocale& locale : NumberLocales)
+    {
+        const std::wstring text = Localized(row.Text, locale);
+        const CurrencyReading reading = ReadCurrency(text, locale);
+        EXPECT_EQ(reading.What == CurrencyReading::Kind::Amount, row.Units.has_value());
+        EXPECT_EQ(reading.Amount.Units(), row.Units.value_or(0));
+        EXPECT_EQ(IsValidCurrency(text, Widest(), locale), row.Valid);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, CurrencyReadTest, testing::ValuesIn(CurrencyReadRows), RowName());
+
+class CurrencyExitTest : public testing::TestWithParam<CurrencyExitRow>
+{
+};
+
+TEST_P(CurrencyExitTest, LeavesTheBox)
+{
+    const CurrencyExitRow& row = GetParam();
+    CurrencyLimits limits = Bounded(row.MinValue, row.MaxValue);
+    limits.AllowRounding = row.AllowRounding;
+    for (const NumberLocale& locale : NumberLocales)
+    {
+        const AmountExit exit = ExitCurrency(Localized(row.Before, locale), limits, locale);
+        EXPECT_EQ(exit.Text, Localized(row.After, locale));
+        EXPECT_EQ(exit.Parked, row.Parked);
+        if (exit.Parked)
+        {
+            EXPECT_EQ(CurrencyDisplayText(exit.Text, limits, locale), Localized(row.Label, locale));
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, CurrencyExitTest, testing::ValuesIn(CurrencyExitRows), RowName());
+
+class CurrencyPasteTest : public testing::TestWithParam<CurrencyPasteRow>
+{
+};
+
+TEST_P(CurrencyPasteTest, TakesOrIgnoresTheClipboard)
+{
+    const CurrencyPasteRow& row = GetParam();
+    const CurrencyLimits limits = Bounded(row.MinValue, row.MaxValue);
+    for (const NumberLocale& locale : NumberLocales)
+    {
+        const auto pasted = PastedCurrency(Localized(row.Clipboard, locale), limits, locale);
+        ASSERT_EQ(pasted.has_value(), row.After != nullptr);
+        if (pasted)
+        {
+            EXPECT_EQ(CurrencyTextOf(pasted, limits, locale), row.After);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, CurrencyPasteTest, testing::ValuesIn(CurrencyPasteRows), RowName());
+
+TEST(CurrencyRulesTest, ChecksAPasteAtTheBoundsToTheUnit)
+{
+    EXPECT_TRUE(PastedCurrency(L"99999999999999.9999", Widest(), {}));
+    EXPECT_TRUE(PastedCurrency(L"-99999999999999.9999", Widest(), {}));
+    EXPECT_FALSE(PastedCurrency(L"100000000000000", Widest(), {}));
+    EXPECT_FALSE(PastedCurrency(L"-100000000000000", Widest(), {}));
+}
+
+TEST(CurrencyRulesTest, ChecksTheRangeToTheUnit)
+{
+    const CurrencyLimits limits = Bounded(-100, 100);
+    for (const wchar_t* const text : {L"100", L"-100", L"100.0000", L"99.9999", L"-99.9999", L"0", L""})
+        EXPECT_TRUE(IsValidCurrency(text, limits, {})) << text;
+    for (const wchar_t* const text : {L"100.0001", L"-100.0001", L"101", L"-101"})
+        EXPECT_FALSE(IsValidCurrency(text, limits, {})) << text;
+}
+
+TEST(CurrencyRulesTest, TellsTheRange)
+{
+    EXPECT_EQ(CurrencyRangeMessage({}, {}),
+              L"Please enter a value between -99999999999999 and 99999999999999");
+    CurrencyLimits limits;
+    limits.MinValue = Currency::FromUnits(5000);
+    limits.MaxValue = Currency::FromUnits(999'999'900);
+    for (const NumberLocale& locale : NumberLocales)
+    {
+        EXPECT_EQ(CurrencyRangeMessage(limits, locale),
+                  Localized(L"Please enter a value between 0.5 and 99999.99", locale));
+    }
+}
+
+TEST(CurrencyRulesTest, SurvivesStoredDigitCountsThatNoLetWouldTake)
+{
+    CurrencyLimits limits;
+    limits.AllowRounding = false;
+    limits.NumDecDigits = -3;
+    EXPECT_EQ(CurrencyTextOf(ParseNumber(L"12.5", {}), limits, {}), L"13.");
+    EXPECT_EQ(CurrencyDisplayText(L"12.5", limits, {}), L"13");
+    limits.NumDecDigits = 30000;
+    EXPECT_EQ(CurrencyTextOf(ParseNumber(L"12.5", {}), limits, {}).size(), 30003U);
+}
+
+} // namespace
+
+} // namespace kiv::test
