@@ -74,6 +74,12 @@ void Print(const Row& row)
     std::fflush(stdout);
 }
 
+void Print(const std::string& name, double microseconds)
+{
+    std::printf("%-52s %9.3f us\n", name.c_str(), microseconds);
+    std::fflush(stdout);
+}
+
 std::size_t PrivateBytes()
 {
     PROCESS_MEMORY_COUNTERS counters = {};

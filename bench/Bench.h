@@ -30,6 +30,8 @@ Pair MeasurePair(int runsPerRound, const std::function<void()>& library, const s
 
 void PrintHeading();
 void Print(const Row& row);
+// A job without a bare counterpart.
+void Print(const std::string& name, double microseconds);
 
 // Bytes of memory that the process holds for itself.
 std::size_t PrivateBytes();

@@ -1,4 +1,6 @@
 #include "bench/Bench.h"
+#include "bench/NumberBoxBench.h"
+#include "bench/RulesBench.h"
 #include "bench/YesNoBench.h"
 #include "runtime/com/Errors.h"
 
@@ -15,6 +17,13 @@ using Microsoft::WRL::ComPtr;
 namespace
 {
 
+ComPtr<IClassFactory> FactoryOf(REFCLSID classId)
+{
+    ComPtr<IClassFactory> factory;
+    kiv::Check(CoGetClassObject(classId, CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory)));
+    return factory;
+}
+
 // Measures the library that is registered on this machine.
 void Run()
 {
@@ -23,9 +32,9 @@ void Run()
     if (!parent)
         kiv::ThrowLastError();
     kiv::bench::PrintHeading();
-    ComPtr<IClassFactory> factory;
-    kiv::Check(CoGetClassObject(CLSID_YesNo, CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory)));
-    kiv::bench::RunYesNoRows(factory.Get(), parent);
+    kiv::bench::RunYesNoRows(FactoryOf(CLSID_YesNo).Get(), parent);
+    kiv::bench::RunNumberBoxRows(FactoryOf(CLSID_NumberBox).Get(), parent);
+    kiv::bench::RunRulesRows();
     DestroyWindow(parent);
 }
 

@@ -1,4 +1,6 @@
 #include "controls/choice/YesNo.h"
+#include "controls/masked/DateBox.h"
+#include "controls/masked/NumberBox.h"
 #include "framework/ModuleData.h"
 #include "framework/Registration.h"
 #include "runtime/com/Boundary.h"
@@ -31,6 +33,8 @@ constexpr LibraryClass ClassOf = {&Control::Class, &CreateControl<Control>};
 // Every class that the library offers.
 constexpr LibraryClass Classes[] = {
     ClassOf<YesNo>,
+    ClassOf<NumberBox>,
+    ClassOf<DateBox>,
 };
 
 std::vector<const ControlClass*> PublishedClasses()

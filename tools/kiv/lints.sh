@@ -3,7 +3,8 @@
 
 # Which folders a file may include from; the first row that fits it counts. The order of the library's own rows
 # is the order of its layers. Hosts, tests and benchmarks stand outside: they see it only through COM, but may
-# use the automation building blocks. tests/native and tests/module look inside.
+# use the automation building blocks. tests/native, tests/module and
+# the benchmarks of rules look inside.
 MODULE='framework/(SubClass|ModuleData|HostTitle|MessageLong)'
 LAYERS="\
 runtime/core/   runtime/core/
@@ -19,6 +20,7 @@ fuzz/           runtime/core/|controls/|host/|fuzz/
 tests/module/   runtime/|$MODULE|host/|tests/(support|module)/
 host/           runtime/(core|com)/|host/
 tests/          runtime/(core|com)/|host/|tests/
+bench/Rules     runtime/core/|controls/|bench/
 bench/          runtime/(core|com)/|host/|tests/support/|bench/"
 
 WINDOWS_HEADERS='windows|win(def|user|gdi|base|nls|nt|error|reg)|wtypes|guiddef|initguid|unknwn|objbase|objidl'

@@ -1,0 +1,380 @@
+#include "controls/masked/DateBox.h"
+
+#include "controls/masked/MaskedBox.h"
+#include "resources/ResourceIds.h"
+#include "runtime/forms/Color.h"
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr DISPID ChangeEvent = 1;
+constexpr DISPID ClickEvent = 2;
+constexpr DISPID KeyDownEvent = 3;
+constexpr DISPID KeyPressEvent = 4;
+constexpr DISPID KeyUpEvent = 5;
+
+constexpr long DefaultBackColor = static_cast<long>(SystemColor(COLOR_WINDOW));
+constexpr long DefaultStyle = static_cast<long>(DateFormat::MonthDayYear);
+
+// The period that a form file leaves out.
+double DefaultMaxDate()
+{
+    return DateRules().MaxDate();
+}
+
+double DefaultMinDate()
+{
+    return DateRules().MinDate();
+}
+
+} // namespace
+
+const ControlClass DateBox::Class = {
+    CLSID_DateBox,          __uuidof(_DateBox),  __uuidof(__DateBox), L"DateBox",
+    L"KivControls.DateBox", KIV_TOOLBOX_DATEBOX, {1200, 285},
+};
+
+DateBox::DateBox(IUnknown* outer) : DualControl(Class, outer) {}
+
+void* DateBox::FindInterface(REFIID iid) noexcept
+{
+    if (iid == __uuidof(ISubClass))
+        return static_cast<ISubClass*>(&subClass_);
+    return DualControl::FindInterface(iid);
+}
+
+// --- The control's life ---
+
+void DateBox::UserControl_Initialize()
+{
+    txtDate.OnChange = [this] { txtDate_Change(); };
+    txtDate.OnClick = [this] { txtDate_Click(); };
+    txtDate.OnGotFocus = [this] { txtDate_GotFocus(); };
+    Font(CreateDefaultFont());
+    RegisterOwner(txtDate.hWnd(), &subClass_);
+    if (!ErrorPending())
+        HookWindow(txtDate.hWnd(), PrevWndProc);
+}
+
+void DateBox::UserControl_InitProperties()
+{
+    rules_ = DateRules();
+    Font(Ambient().Font());
+    TakeStyle(rules_.Style());
+    txtDate.Text(rules_.Mask());
+}
+
+void DateBox::UserControl_ReadProperties(PropertyBag& PropBag)
+{
+    rules_ = DateRules();
+    rules_.SetAllowVarious(PropBag.ReadProperty(L"AllowVarious", false));
+    BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
+    Enabled(PropBag.ReadProperty(L"Enabled", true));
+    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
+    ForeColor(
+        static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", static_cast<long>(Ambient().ForeColor()))));
+    TakeStyle(static_cast<DateFormat>(PropBag.ReadProperty(L"Style", DefaultStyle)));
+    // Stored as they are: cutting them down to what the layout shows is for bounds that the host sets.
+    rules_.StoreMaxDate(PropBag.ReadDate(L"MaxDate", DefaultMaxDate()));
+    rules_.StoreMinDate(PropBag.ReadDate(L"MinDate", DefaultMinDate()));
+    txtDate.Text(rules_.Mask());
+}
+
+void DateBox::UserControl_Resize()
+{
+    const SIZE size = TheSurface().PixelSize();
+    txtDate.Move(0, 0, size.cx, size.cy);
+    const LONG needed = txtDate.Size().cy;
+    if (needed > size.cy)
+        RequestSize({size.cx, needed});
+}
+
+void DateBox::UserControl_KeyDown(short& KeyCode, short Shift)
+{
+    RaiseKeyEvent(KeyDownEvent, KeyCode, Shift);
+    if (KeyCode == DeleteKey)
+        Apply(rules_.KeyDown(StateOf(txtDate), KeyCode), txtDate, KeyCode);
+}
+
+void DateBox::UserControl_KeyPress(short& KeyAscii)
+{
+    RaiseKeyEvent(KeyPressEvent, KeyAscii);
+    Apply(rules_.KeyPress(StateOf(txtDate), KeyAscii), txtDate, KeyAscii);
+}
+
+void DateBox::UserControl_KeyUp(short& KeyCode, short Shift)
+{
+    RaiseKeyEvent(KeyUpEvent, KeyCode, Shift);
+}
+
+void DateBox::UserControl_ExitFocus()
+{
+    if (const std::optional<DateEntry> entry = rules_.Read(txtDate.Text()))
+        txtDate.Text(entry->Text);
+}
+
+void DateBox::UserControl_WriteProperties(PropertyBag& PropBag)
+{
+    PropBag.WriteProperty(L"AllowVarious", Variant(rules_.AllowVarious()), Variant(false));
+    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(txtDate.BackColor())),
+                          Variant(DefaultBackColor));
+    PropBag.WriteProperty(L"Enabled", Variant(TheSurface().Enabled()), Variant(true));
+    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(txtDate.ForeColor())),
+                          Variant(static_cast<long>(Ambient().ForeColor())));
+    PropBag.WriteProperty(L"Style", Variant(static_cast<long>(rules_.Style())), Variant(DefaultStyle));
+    PropBag.WriteProperty(L"MaxDate", Variant::Date(rules_.MaxDate()), Variant::Date(DefaultMaxDate()));
+    PropBag.WriteProperty(L"MinDate", Variant::Date(rules_.MinDate()), Variant::Date(DefaultMinDate()));
+    SaveFontProperty(PropBag, TheSurface().Font(), Ambient().Font());
+}
+
+void DateBox::UserControl_Terminate()
+{
+    UnhookWindow(txtDate.hWnd(), PrevWndProc);
+}
+
+void DateBox::FontChanged()
+{
+    txtDate.Font(TheSurface().FontHandle());
+    UserControl_Resize();
+    PropertyChanged(L"Font");
+}
+
+void DateBox::txtDate_Change()
+{
+    RaiseEvent(ChangeEvent);
+    PropertyChanged(L"Value");
+}
+
+void DateBox::txtDate_Click()
+{
+    RaiseEvent(ClickEvent);
+}
+
+void DateBox::txtDate_GotFocus()
+{
+    txtDate.SelectAll();
+}
+
+// Errors are trapped by the service: they must not unwind through the window procedure.
+LRESULT DateBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
+{
+    const auto pasted = [this](std::wstring_view clipboard) { return rules_.Pasted(clipboard); };
+    if (HandleClipboardMessage(msg, txtDate, rules_.Mask(), pasted))
+        return 0;
+    return CallPrevious(PrevWndProc, hwnd, msg, wParam, lParam);
+}
+
+// --- Properties ---
+
+HRESULT DateBox::get_AllowVarious(VARIANT_BOOL* result) noexcept
+{
+    return Get(result, [&] { return rules_.AllowVarious() ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+HRESULT DateBox::put_AllowVarious(VARIANT_BOOL newState) noexcept
+{
+    return Member([&] {
+        rules_.SetAllowVarious(newState != VARIANT_FALSE);
+        PropertyChanged(L"AllowVarious");
+    });
+}
+
+HRESULT DateBox::get_BackColor(OLE_COLOR* result) noexcept
+{
+    return Get(result, [&] { return txtDate.BackColor(); });
+}
+
+HRESULT DateBox::put_BackColor(OLE_COLOR newColor) noexcept
+{
+    return Member([&] { BackColor(newColor); });
+}
+
+void DateBox::BackColor(OLE_COLOR newColor)
+{
+    txtDate.BackColor(newColor);
+    PropertyChanged(L"BackColor");
+}
+
+HRESULT DateBox::get_ForeColor(OLE_COLOR* result) noexcept
+{
+    return Get(result, [&] { return txtDate.ForeColor(); });
+}
+
+HRESULT DateBox::put_ForeColor(OLE_COLOR newColor) noexcept
+{
+    return Member([&] { ForeColor(newColor); });
+}
+
+void DateBox::ForeColor(OLE_COLOR newColor)
+{
+    txtDate.ForeColor(newColor);
+    PropertyChanged(L"ForeColor");
+}
+
+HRESULT DateBox::get_Enabled(VARIANT_BOOL* result) noexcept
+{
+    return Get(result, [&] { return TheSurface().Enabled() ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+HRESULT DateBox::put_Enabled(VARIANT_BOOL newState) noexcept
+{
+    return Member([&] { Enabled(newState != VARIANT_FALSE); });
+}
+
+void DateBox::Enabled(bool newState)
+{
+    TheSurface().Enabled(newState);
+    txtDate.Enabled(newState);
+    PropertyChanged(L"Enabled");
+}
+
+HRESULT DateBox::get_Font(IFontDisp** result) noexcept
+{
+    return Get(result, [&] { return FontObject(TheSurface().Font()).Detach(); });
+}
+
+HRESULT DateBox::putref_Font(IFontDisp* newFont) noexcept
+{
+    // Without a font the container's is as good as any.
+    return Member([&] { Font(newFont ? FontObject(newFont) : Ambient().Font()); });
+}
+
+void DateBox::Font(FontObject newFont)
+{
+    TheSurface().Font(std::move(newFont), [this] { FontChanged(); });
+    FontChanged();
+}
+
+HRESULT DateBox::get_hwnd(LONG* result) noexcept
+{
+    return Get(result, [&] { return HandleToLong(txtDate.hWnd()); });
+}
+
+HRESULT DateBox::get_Style(DateFormatEnums* result) noexcept
+{
+    return Get(result, [&] { return static_cast<DateFormatEnums>(rules_.Style()); });
+}
+
+HRESULT DateBox::put_Style(DateFormatEnums newStyle) noexcept
+{
+    return Member([&] {
+        TakeStyle(static_cast<DateFormat>(newStyle));
+        PropertyChanged(L"Style");
+    });
+}
+
+HRESULT DateBox::get_MaxDate(DATE* result) noexcept
+{
+    return Get(result, [&] { return rules_.MaxDate(); });
+}
+
+HRESULT DateBox::put_MaxDate(DATE newDate) noexcept
+{
+    return Member([&] {
+        const std::optional<double> bound = rules_.AsShown(newDate);
+        if (!bound || !rules_.StoreMaxDate(*bound))
+            throw ComError(InvalidPropertyValue);
+        PropertyChanged(L"MaxDate");
+    });
+}
+
+HRESULT DateBox::get_MinDate(DATE* result) noexcept
+{
+    return Get(result, [&] { return rules_.MinDate(); });
+}
+
+HRESULT DateBox::put_MinDate(DATE newDate) noexcept
+{
+    return Member([&] {
+        const std::optional<double> bound = rules_.AsShown(newDate);
+        if (!bound || !rules_.StoreMinDate(*bound))
+            throw ComError(InvalidPropertyValue);
+        PropertyChanged(L"MinDate");
+    });
+}
+
+HRESULT DateBox::get_Text(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(txtDate.Text()).Detach(); });
+}
+
+HRESULT DateBox::get_Value(VARIANT* result) noexcept
+{
+    return result ? Member([&] { Value().DetachTo(result); }) : E_POINTER;
+}
+
+HRESULT DateBox::put_Value(VARIANT newDate) noexcept
+{
+    return Member([&] { Value(Variant(newDate)); });
+}
+
+Variant DateBox::Value() const
+{
+    const std::optional<std::wstring> date = rules_.Value(txtDate.Text());
+    return date ? Variant(*date) : Variant::Null();
+}
+
+void DateBox::Value(const Variant& newDate)
+{
+    if (newDate.IsNull() || newDate.Type() == VT_EMPTY)
+    {
+        txtDate.Text(rules_.Mask());
+        PropertyChanged(L"Value");
+        return;
+    }
+    std::optional<AssignedDate> assigned;
+    if (newDate.Type() == VT_DATE)
+        assigned = rules_.Assigned(V_DATE(&newDate.Get()));
+    else if (const std::optional<Variant> text = newDate.As(VT_BSTR))
+        assigned = rules_.Assigned(text->Text());
+    if (!assigned)
+        throw ComError(InvalidPropertyValue);
+    txtDate.Text(assigned->Text);
+    if (!IsValidInput(false))
+    {
+        // A text that is no date stays for the host to show; a date that does not fit leaves nothing.
+        if (!assigned->IsDate)
+            throw ComError(InvalidPropertyValue);
+        txtDate.Text(rules_.Mask());
+    }
+    PropertyChanged(L"Value");
+}
+
+// --- Methods ---
+
+HRESULT DateBox::InitStyle() noexcept
+{
+    return Member([&] { TakeStyle(rules_.Style()); });
+}
+
+void DateBox::TakeStyle(DateFormat newStyle)
+{
+    rules_.SetStyle(newStyle);
+    txtDate.MaxLength(static_cast<short>(rules_.MaxLength()));
+}
+
+HRESULT DateBox::IsValidInput(VARIANT_BOOL* ShowMessage, VARIANT_BOOL* result) noexcept
+{
+    const bool show = ShowMessage && *ShowMessage != VARIANT_FALSE;
+    return Get(result, [&] { return IsValidInput(show) ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+bool DateBox::IsValidInput(bool ShowMessage)
+{
+    const DateVerdict verdict = rules_.Judge(txtDate.Text());
+    if (verdict.Valid)
+    {
+        txtDate.Text(verdict.Text);
+        return true;
+    }
+    if (ShowMessage)
+        AppMsgBox(verdict.Message, MB_ICONEXCLAMATION);
+    if (ShowMessage || verdict.SelectsSilently)
+        txtDate.SelectAll();
+    return false;
+}
+
+} // namespace kiv

@@ -1,0 +1,46 @@
+#include "controls/masked/MaskedBox.h"
+
+#include "runtime/com/Boundary.h"
+#include "runtime/forms/Clipboard.h"
+
+namespace kiv
+{
+
+BoxState StateOf(const TextBox& box)
+{
+    const TextBox::Selection selected = box.Selected();
+    return {box.Text(), selected.Start, selected.Length};
+}
+
+void Apply(const KeyOutcome& outcome, TextBox& box, short& key)
+{
+    if (outcome.PassedOn)
+        return;
+    key = 0;
+    for (const std::wstring& text : outcome.Edits)
+        box.Text(text);
+    box.Select(outcome.Box.SelStart, outcome.Box.SelLength);
+}
+
+bool HandleClipboardMessage(UINT message, TextBox& box, std::wstring_view mask, const PasteRule& pasted)
+{
+    switch (message)
+    {
+    case WM_CUT:
+        // The entry is cleared even if the clipboard cannot be had.
+        Boundary([&] { Clipboard::SetText(box.hWnd(), box.SelText()); });
+        box.Text(mask);
+        return true;
+    case WM_PASTE:
+        if (const std::optional<std::wstring> text = pasted(Clipboard::GetText(box.hWnd())))
+            box.Text(*text);
+        return true;
+    case WM_CLEAR:
+        box.Text(mask);
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace kiv

@@ -1,0 +1,343 @@
+#include "controls/masked/NumberBox.h"
+
+#include "controls/masked/MaskedBox.h"
+#include "resources/ResourceIds.h"
+#include "runtime/forms/Color.h"
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr DISPID ChangeEvent = 1;
+constexpr DISPID KeyDownEvent = 2;
+constexpr DISPID KeyPressEvent = 3;
+constexpr DISPID KeyUpEvent = 4;
+
+constexpr long DefaultBackColor = static_cast<long>(SystemColor(COLOR_WINDOW));
+constexpr long DefaultForeColor = static_cast<long>(SystemColor(COLOR_WINDOWTEXT));
+
+} // namespace
+
+const ControlClass NumberBox::Class = {
+    CLSID_NumberBox,          __uuidof(_NumberBox),  __uuidof(__NumberBox), L"NumberBox",
+    L"KivControls.NumberBox", KIV_TOOLBOX_NUMBERBOX, {1440, 285},
+};
+
+NumberBox::NumberBox(IUnknown* outer) : DualControl(Class, outer) {}
+
+void* NumberBox::FindInterface(REFIID iid) noexcept
+{
+    if (iid == __uuidof(ISubClass))
+        return static_cast<ISubClass*>(&subClass_);
+    return DualControl::FindInterface(iid);
+}
+
+// --- The control's life ---
+
+void NumberBox::UserControl_Initialize()
+{
+    for (TextBox* box : {&txtNumber, &txtRTN})
+        box->OnChange = [this] { Box_Change(); };
+    txtRTN.Visible(false);
+    Font(CreateDefaultFont());
+    HookActiveBox();
+}
+
+void NumberBox::UserControl_InitProperties()
+{
+    Font(Ambient().Font());
+    Style(NumberFormat::SSN);
+}
+
+void NumberBox::UserControl_ReadProperties(PropertyBag& PropBag)
+{
+    BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
+    ForeColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", DefaultForeColor)));
+    Enabled(PropBag.ReadProperty(L"Enabled", true));
+    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
+    Style(static_cast<NumberFormat>(PropBag.ReadProperty(L"Style", 0L)));
+    if (rules_.Style() == NumberFormat::Custom)
+        MaxLength(PropBag.ReadProperty(L"MaxLength", txtNumber.MaxLength()));
+}
+
+void NumberBox::UserControl_Resize()
+{
+    const SIZE size = TheSurface().PixelSize();
+    for (TextBox* box : {&txtNumber, &txtRTN})
+        box->Move(0, 0, size.cx, size.cy);
+    const LONG needed = txtNumber.Size().cy;
+    if (needed > size.cy)
+        RequestSize({size.cx, needed});
+}
+
+void NumberBox::UserControl_EnterFocus()
+{
+    activeBox_->SelectAll();
+}
+
+void NumberBox::UserControl_KeyDown(short& KeyCode, short Shift)
+{
+    RaiseKeyEvent(KeyDownEvent, KeyCode, Shift);
+    if (KeyCode == DeleteKey)
+        Apply(rules_.KeyDown(StateOf(*activeBox_), KeyCode), *activeBox_, KeyCode);
+}
+
+void NumberBox::UserControl_KeyPress(short& KeyAscii)
+{
+    RaiseKeyEvent(KeyPressEvent, KeyAscii);
+    Apply(rules_.KeyPress(StateOf(*activeBox_), KeyAscii), *activeBox_, KeyAscii);
+}
+
+void NumberBox::UserControl_KeyUp(short& KeyCode, short Shift)
+{
+    RaiseKeyEvent(KeyUpEvent, KeyCode, Shift);
+}
+
+void NumberBox::UserControl_WriteProperties(PropertyBag& PropBag)
+{
+    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(txtNumber.BackColor())),
+                          Variant(DefaultBackColor));
+    PropBag.WriteProperty(L"Enabled", Variant(TheSurface().Enabled()), Variant(true));
+    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(txtNumber.ForeColor())),
+                          Variant(DefaultForeColor));
+    PropBag.WriteProperty(L"Style", Variant(static_cast<long>(rules_.Style())), Variant(0L));
+    // Without a default: the one that it is read with is the box's own length, which says nothing here.
+    if (rules_.Style() == NumberFormat::Custom)
+        PropBag.WriteProperty(L"MaxLength", Variant(txtNumber.MaxLength()));
+    SaveFontProperty(PropBag, TheSurface().Font(), Ambient().Font());
+}
+
+void NumberBox::UserControl_Terminate()
+{
+    UnhookWindow(hookedWindow_, PrevWndProc);
+}
+
+void NumberBox::FontChanged()
+{
+    GiveFontToBoxes();
+    UserControl_Resize();
+    PropertyChanged(L"Font");
+}
+
+void NumberBox::Box_Change()
+{
+    PropertyChanged(L"Value");
+    RaiseEvent(ChangeEvent);
+}
+
+// Errors are trapped by the service: they must not unwind through the window procedure.
+LRESULT NumberBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
+{
+    const auto pasted = [this](std::wstring_view clipboard) { return rules_.Pasted(clipboard); };
+    if (HandleClipboardMessage(msg, *activeBox_, rules_.Mask(), pasted))
+        return 0;
+    return CallPrevious(PrevWndProc, hwnd, msg, wParam, lParam);
+}
+
+// --- Properties ---
+
+HRESULT NumberBox::get_BackColor(OLE_COLOR* result) noexcept
+{
+    return Get(result, [&] { return txtNumber.BackColor(); });
+}
+
+HRESULT NumberBox::put_BackColor(OLE_COLOR newColor) noexcept
+{
+    return Member([&] { BackColor(newColor); });
+}
+
+void NumberBox::BackColor(OLE_COLOR newColor)
+{
+    for (TextBox* box : {&txtNumber, &txtRTN})
+        box->BackColor(newColor);
+    PropertyChanged(L"BackColor");
+}
+
+HRESULT NumberBox::get_ForeColor(OLE_COLOR* result) noexcept
+{
+    return Get(result, [&] { return txtNumber.ForeColor(); });
+}
+
+HRESULT NumberBox::put_ForeColor(OLE_COLOR newColor) noexcept
+{
+    return Member([&] { ForeColor(newColor); });
+}
+
+void NumberBox::ForeColor(OLE_COLOR newColor)
+{
+    for (TextBox* box : {&txtNumber, &txtRTN})
+        box->ForeColor(newColor);
+    PropertyChanged(L"ForeColor");
+}
+
+HRESULT NumberBox::get_Enabled(VARIANT_BOOL* result) noexcept
+{
+    return Get(result, [&] { return TheSurface().Enabled() ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+HRESULT NumberBox::put_Enabled(VARIANT_BOOL newState) noexcept
+{
+    return Member([&] { Enabled(newState != VARIANT_FALSE); });
+}
+
+void NumberBox::Enabled(bool newState)
+{
+    TheSurface().Enabled(newState);
+    for (TextBox* box : {&txtNumber, &txtRTN})
+        box->Enabled(newState);
+    PropertyChanged(L"Enabled");
+}
+
+HRESULT NumberBox::get_Font(IFontDisp** result) noexcept
+{
+    return Get(result, [&] { return FontObject(TheSurface().Font()).Detach(); });
+}
+
+HRESULT NumberBox::putref_Font(IFontDisp* newFont) noexcept
+{
+    // Without a font the container's is as good as any.
+    return Member([&] { Font(newFont ? FontObject(newFont) : Ambient().Font()); });
+}
+
+void NumberBox::Font(FontObject newFont)
+{
+    TheSurface().Font(std::move(newFont), [this] { FontChanged(); });
+    GiveFontToBoxes();
+    UserControl_Resize();
+    PropertyChanged(L"Font");
+}
+
+HRESULT NumberBox::get_hwnd(LONG* result) noexcept
+{
+    return Get(result, [&] { return HandleToLong(hookedWindow_); });
+}
+
+HRESULT NumberBox::get_MaxLength(short* result) noexcept
+{
+    return Get(result, [&] { return txtNumber.MaxLength(); });
+}
+
+HRESULT NumberBox::put_MaxLength(short newLength) noexcept
+{
+    return Member([&] { MaxLength(newLength); });
+}
+
+void NumberBox::MaxLength(short newLength)
+{
+    if (!rules_.SetMaxLength(newLength))
+        return;
+    txtNumber.MaxLength(newLength);
+    txtNumber.Text(rules_.Mask());
+    PropertyChanged(L"MaxLength");
+}
+
+HRESULT NumberBox::get_Style(NumberFormatEnums* result) noexcept
+{
+    return Get(result, [&] { return static_cast<NumberFormatEnums>(rules_.Style()); });
+}
+
+HRESULT NumberBox::put_Style(NumberFormatEnums newStyle) noexcept
+{
+    return Member([&] { Style(static_cast<NumberFormat>(newStyle)); });
+}
+
+// Any typed number is discarded, even if the style stays the same.
+void NumberBox::Style(NumberFormat newStyle)
+{
+    TextBox* const formerBox = activeBox_;
+    rules_.SetStyle(newStyle);
+    txtNumber.MaxLength(static_cast<short>(rules_.MaxLength()));
+    txtRTN.MaxLength(NumberRules::RoutingLength);
+    activeBox_ = rules_.UsesRoutingBox() ? &txtRTN : &txtNumber;
+    PropertyChanged(L"Style");
+    activeBox_->Text(rules_.Mask());
+    if (activeBox_ == formerBox)
+        return;
+    const bool hadFocus = GetFocus() == formerBox->hWnd();
+    activeBox_->Visible(true);
+    if (hadFocus)
+        SetFocus(activeBox_->hWnd());
+    formerBox->Visible(false);
+    HookActiveBox();
+}
+
+HRESULT NumberBox::get_Text(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(Text()).Detach(); });
+}
+
+HRESULT NumberBox::put_Text(BSTR newText) noexcept
+{
+    return Member([&] { Value(Variant(Bstr::ViewOf(newText))); });
+}
+
+std::wstring NumberBox::Text() const
+{
+    RefuseAtDesignTime();
+    return rules_.Text(activeBox_->Text());
+}
+
+HRESULT NumberBox::get_Value(VARIANT* result) noexcept
+{
+    return result ? Member([&] { Value().DetachTo(result); }) : E_POINTER;
+}
+
+HRESULT NumberBox::put_Value(VARIANT newNumber) noexcept
+{
+    return Member([&] { Value(Variant(newNumber)); });
+}
+
+Variant NumberBox::Value() const
+{
+    RefuseAtDesignTime();
+    const std::optional<std::wstring> number = rules_.Value(activeBox_->Text());
+    return number ? Variant(*number) : Variant::Null();
+}
+
+void NumberBox::Value(const Variant& newNumber)
+{
+    const std::optional<Variant> text = newNumber.IsNull() ? Variant(L"") : newNumber.As(VT_BSTR);
+    const std::optional<std::wstring> shown = text ? rules_.Assigned(text->Text()) : std::nullopt;
+    if (!shown)
+        throw ComError(InvalidPropertyValue);
+    activeBox_->Text(*shown);
+    PropertyChanged(L"Value");
+}
+
+// --- Methods ---
+
+HRESULT NumberBox::IsValidInput(VARIANT_BOOL* ShowMessage, VARIANT_BOOL* result) noexcept
+{
+    const bool show = ShowMessage && *ShowMessage != VARIANT_FALSE;
+    return Get(result, [&] { return IsValidInput(show) ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+bool NumberBox::IsValidInput(bool ShowMessage)
+{
+    const std::optional<std::wstring> complaint = rules_.Complaint(activeBox_->Text());
+    if (complaint && ShowMessage)
+    {
+        AppMsgBox(*complaint, MB_ICONEXCLAMATION);
+        activeBox_->SelectAll();
+    }
+    return !complaint;
+}
+
+void NumberBox::GiveFontToBoxes()
+{
+    for (TextBox* box : {&txtNumber, &txtRTN})
+        box->Font(TheSurface().FontHandle());
+}
+
+void NumberBox::HookActiveBox()
+{
+    UnhookWindow(hookedWindow_, PrevWndProc);
+    hookedWindow_ = activeBox_->hWnd();
+    RegisterOwner(hookedWindow_, &subClass_);
+    if (!ErrorPending())
+        HookWindow(hookedWindow_, PrevWndProc);
+}
+
+} // namespace kiv
