@@ -44,6 +44,9 @@ public:
 
     // A notification of the window to its parent, WM_COMMAND's code.
     virtual void Notified(WORD code);
+    // The window's picture for a device context that is not the window's: a printed form, an inactive
+    // control.
+    virtual void Draw(HDC dc, const RECT& place) const = 0;
     // Colours for the window, which the system asks its parent for; null for the system's own.
     virtual HBRUSH Colors(HDC dc);
 

@@ -4,6 +4,7 @@
 #include "runtime/com/Module.h"
 #include "runtime/core/Scoped.h"
 #include "runtime/forms/Color.h"
+#include "runtime/forms/Constituent.h"
 #include "runtime/forms/ParkingWindow.h"
 #include "runtime/forms/Screen.h"
 
@@ -158,6 +159,21 @@ void Surface::Paint(HDC dc)
     events_.SurfacePaint();
 }
 
+void Surface::PaintWithConstituents(HDC dc)
+{
+    Paint(dc);
+    for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+    {
+        const Constituent* const constituent = Constituent::Of(child);
+        if (!constituent || !constituent->Visible())
+            continue;
+        RECT place = {};
+        GetWindowRect(child, &place);
+        MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
+        constituent->Draw(dc, place);
+    }
+}
+
 void Surface::Refresh()
 {
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
@@ -182,7 +198,7 @@ LRESULT Surface::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         PaintWindow();
         return 0;
     case WM_PRINTCLIENT:
-        Paint(reinterpret_cast<HDC>(wParam));
+        PaintWithConstituents(reinterpret_cast<HDC>(wParam));
         return 0;
     case WM_GETFONT:
         return reinterpret_cast<LRESULT>(font_.Handle());

@@ -79,6 +79,8 @@ public:
     Graphics AcquireGraphics() const;
     // Paints the whole surface, its origin at (0, 0) of the device context.
     void Paint(HDC dc);
+    // The same with the constituents on it, which in a window paint themselves.
+    void PaintWithConstituents(HDC dc);
     // Repaints the window at once.
     void Refresh();
 

@@ -129,7 +129,7 @@ SIZE TextBox::Size() const
 
 int TextBox::LineHeight() const
 {
-    const auto font = reinterpret_cast<HFONT>(SendMessageA(hWnd(), WM_GETFONT, 0, 0));
+    const auto font = reinterpret_cast<HFONT>(Ask(WM_GETFONT));
     const MemoryDc dc(nullptr);
     const kiv::Selection selectedFont(dc.Get(), font);
     TEXTMETRICA metrics = {};
@@ -141,6 +141,20 @@ void TextBox::Notified(WORD code)
 {
     if (code == EN_CHANGE)
         Call(OnChange);
+}
+
+void TextBox::Draw(HDC dc, const RECT& place) const
+{
+    RECT inside = place;
+    DrawEdge(dc, &inside, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+    const GdiObject<HBRUSH> background(CreateSolidBrush(ResolvedColor(backColor_)));
+    FillRect(dc, &inside, background.Get());
+
+    const Graphics graphics(nullptr, dc, reinterpret_cast<HFONT>(Ask(WM_GETFONT)),
+                            ResolvedColor(Enabled() ? foreColor_ : SystemColor(COLOR_GRAYTEXT)),
+                            ResolvedColor(backColor_));
+    InflateRect(&inside, -1, -1);
+    DrawTextA(dc, Ansi(Text()).c_str(), -1, &inside, DT_LEFT | DT_SINGLELINE | DT_NOPREFIX);
 }
 
 HBRUSH TextBox::Colors(HDC dc)

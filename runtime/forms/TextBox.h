@@ -53,6 +53,7 @@ public:
     SIZE Size() const;
 
     void Notified(WORD code) override;
+    void Draw(HDC dc, const RECT& place) const override;
     HBRUSH Colors(HDC dc) override;
 
 protected:

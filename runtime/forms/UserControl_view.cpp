@@ -122,7 +122,7 @@ HRESULT UserControl::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC d
         const SavedDc saved(dc);
         MapTo(dc, *bounds, size, windowBounds);
         IntersectClipRect(dc, 0, 0, size.cx, size.cy);
-        surface_.Paint(dc);
+        surface_.PaintWithConstituents(dc);
     });
 }
 
