@@ -125,6 +125,14 @@ TEST_F(FactoryTest, KeepsTheLibraryLoadedWhileLocked)
     EXPECT_HRESULT_SUCCEEDED(factory->LockServer(FALSE));
 }
 
+TEST_F(FactoryTest, KeepsTheLibraryLoadedWhileAClassObjectLives)
+{
+    ComPtr<IClassFactory> factory = Factory();
+    EXPECT_EQ(Hr(TheLibrary().CanUnloadNow()), Hr(S_FALSE));
+    factory.Reset();
+    EXPECT_EQ(Hr(TheLibrary().CanUnloadNow()), Hr(S_OK));
+}
+
 TEST_F(FactoryTest, KeepsTheLibraryLoadedWhileAnObjectLives)
 {
     ComPtr<IUnknown> control = TheLibrary().Create(CLSID_YesNo);

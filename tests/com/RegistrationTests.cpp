@@ -56,7 +56,12 @@ protected:
         Check(LoadTypeLibEx(TheLibrary().Path().c_str(), REGKIND_NONE, &library));
         return ClassesIn(library.Get());
     }
-    // The library is registered when a test begins, and for whoever runs next.
+    // Registered by this very library when a test begins, and for whoever runs next.
+    void SetUp() override
+    {
+        LibraryTest::SetUp();
+        ASSERT_HRESULT_SUCCEEDED(TheLibrary().Register());
+    }
     void TearDown() override
     {
         EXPECT_HRESULT_SUCCEEDED(TheLibrary().Register());
