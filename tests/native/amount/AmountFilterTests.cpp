@@ -47,7 +47,7 @@ TEST_P(CurrencyFilterTest, Types)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, CurrencyFilterTest, testing::ValuesIn(CurrencyKeyRows), RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, CurrencyFilterTest, testing::ValuesIn(CurrencyKeyRows), NameOfRow);
 
 class PercentFilterTest : public testing::TestWithParam<PercentKeyRow>
 {
@@ -65,7 +65,7 @@ TEST_P(PercentFilterTest, Types)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, PercentFilterTest, testing::ValuesIn(PercentKeyRows), RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, PercentFilterTest, testing::ValuesIn(PercentKeyRows), NameOfRow);
 
 TEST(AmountFilterTest, KnowsThePointKeyOfTheLocale)
 {

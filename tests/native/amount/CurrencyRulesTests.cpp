@@ -53,7 +53,7 @@ TEST_P(CurrencyLetTest, ShowsTheValue)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, CurrencyLetTest, testing::ValuesIn(CurrencyLetRows), RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, CurrencyLetTest, testing::ValuesIn(CurrencyLetRows), NameOfRow);
 
 class CurrencyReadTest : public testing::TestWithParam<CurrencyReadRow>
 {
@@ -72,7 +72,7 @@ TEST_P(CurrencyReadTest, ReadsTheAmount)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, CurrencyReadTest, testing::ValuesIn(CurrencyReadRows), RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, CurrencyReadTest, testing::ValuesIn(CurrencyReadRows), NameOfRow);
 
 class CurrencyExitTest : public testing::TestWithParam<CurrencyExitRow>
 {
@@ -95,7 +95,7 @@ TEST_P(CurrencyExitTest, LeavesTheBox)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, CurrencyExitTest, testing::ValuesIn(CurrencyExitRows), RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, CurrencyExitTest, testing::ValuesIn(CurrencyExitRows), NameOfRow);
 
 class CurrencyPasteTest : public testing::TestWithParam<CurrencyPasteRow>
 {
@@ -116,7 +116,7 @@ TEST_P(CurrencyPasteTest, TakesOrIgnoresTheClipboard)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, CurrencyPasteTest, testing::ValuesIn(CurrencyPasteRows), RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, CurrencyPasteTest, testing::ValuesIn(CurrencyPasteRows), NameOfRow);
 
 TEST(CurrencyRulesTest, ChecksAPasteAtTheBoundsToTheUnit)
 {

@@ -53,7 +53,7 @@ TEST_P(PercentLetTest, ShowsTheValue)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, PercentLetTest, testing::ValuesIn(PercentLetRows), RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, PercentLetTest, testing::ValuesIn(PercentLetRows), NameOfRow);
 
 class PercentReadTest : public testing::TestWithParam<PercentReadRow>
 {
@@ -74,7 +74,7 @@ TEST_P(PercentReadTest, ReadsTheValue)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, PercentReadTest, testing::ValuesIn(PercentReadRows), RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, PercentReadTest, testing::ValuesIn(PercentReadRows), NameOfRow);
 
 class PercentPasteTest : public testing::TestWithParam<PercentPasteRow>
 {
@@ -94,7 +94,7 @@ TEST_P(PercentPasteTest, TakesOrIgnoresTheClipboard)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, PercentPasteTest, testing::ValuesIn(PercentPasteRows), RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, PercentPasteTest, testing::ValuesIn(PercentPasteRows), NameOfRow);
 
 TEST(PercentRulesTest, TakesALonePointForValidButNotForANumber)
 {
