@@ -336,19 +336,44 @@ TEST_F(YesNoPaintTest, MovesTheOptionsWithTheFont)
     EXPECT_EQ(control.TakeOutcome(), "1 Y @Yes");
 }
 
-TEST_F(YesNoPaintTest, LetsGoOfAFontThatItNoLongerHas)
+// How many listen to a font's changes.
+int ListenersOf(const ComPtr<IFont>& font)
+{
+    ComPtr<IConnectionPointContainer> container;
+    ComPtr<IConnectionPoint> point;
+    ComPtr<IEnumConnections> connections;
+    EXPECT_HRESULT_SUCCEEDED(font.As(&container));
+    EXPECT_HRESULT_SUCCEEDED(container->FindConnectionPoint(IID_IPropertyNotifySink, &point));
+    // A font that nobody listens to may fail with CONNECT_E_NOCONNECTION.
+    if (FAILED(point->EnumConnections(&connections)))
+        return 0;
+    int count = 0;
+    CONNECTDATA listener = {};
+    while (connections->Next(1, &listener, nullptr) == S_OK)
+    {
+        listener.pUnk->Release();
+        ++count;
+    }
+    return count;
+}
+
+TEST_F(YesNoPaintTest, ListensToTheFontThatItHasOnly)
 {
     HostedYesNo& control = Shown();
     const ComPtr<IFont> former = FontOf(control);
+    EXPECT_EQ(ListenersOf(former), 1);
     EXPECT_HRESULT_SUCCEEDED(control.Control()->putref_Font(MakeFont().Get()));
+    EXPECT_EQ(ListenersOf(former), 0);
     const YesNoLook look = control.Look();
     EXPECT_HRESULT_SUCCEEDED(former->put_Size(Points(30)));
     ExpectPicture(look);
     Click(control, Spot::NoFirstColumn);
     EXPECT_EQ(control.Value(), 2);
+
+    const ComPtr<IFont> last = FontOf(control);
+    EXPECT_EQ(ListenersOf(last), 1);
     DestroyForm();
-    // The control is gone; the font still tells who listens.
-    EXPECT_HRESULT_SUCCEEDED(former->put_Size(Points(8)));
+    EXPECT_EQ(ListenersOf(last), 0);
 }
 
 TEST_F(YesNoPaintTest, TwoControlsShareAFontObject)
