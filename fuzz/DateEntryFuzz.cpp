@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 // A text for a date box. The first byte is the layout: 'a' to 'h', or 'A' to 'H' with various dates allowed,
-// or none; each later byte is a character.
+// or none; each later byte is a character. A line end at the end is the file's.
 
 namespace
 {
@@ -78,7 +78,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool various = data[0] < 'a';
     rules.SetStyle(static_cast<kiv::DateFormat>(data[0] - (various ? 'A' : 'a')));
     rules.SetAllowVarious(various);
-    const std::wstring text(data + 1, data + size);
+    std::wstring text(data + 1, data + size);
+    if (text.ends_with(L'\n'))
+        text.pop_back();
     CheckEntry(rules, text);
     CheckDate(rules, text);
     return 0;

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 // A text for a number box. The first byte is the style, '0' to '3' or none; the second the most characters,
-// from '0' on; each later byte is a character.
+// from '0' on; each later byte is a character. A line end at the end is the file's.
 
 namespace
 {
@@ -25,7 +25,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     kiv::NumberRules rules;
     rules.SetStyle(static_cast<kiv::NumberFormat>(data[0] - '0'));
     rules.SetMaxLength(data[1] - '0');
-    const std::wstring text(data + 2, data + size);
+    std::wstring text(data + 2, data + size);
+    if (text.ends_with(L'\n'))
+        text.pop_back();
     const bool complete = rules.IsComplete(text);
 
     // What may be pasted is complete, goes in whole, and may be assigned as well.
