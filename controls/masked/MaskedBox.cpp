@@ -18,7 +18,12 @@ void Apply(const KeyOutcome& outcome, TextBox& box, short& key)
         return;
     key = 0;
     for (const std::wstring& text : outcome.Edits)
+    {
         box.Text(text);
+        // The host may have answered the change by another text, which then stands.
+        if (box.Text() != text)
+            return;
+    }
     box.Select(outcome.Box.SelStart, outcome.Box.SelLength);
 }
 
