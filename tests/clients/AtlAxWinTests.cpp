@@ -7,6 +7,7 @@
 #include "tests/support/Text.h"
 
 #include "runtime/com/Errors.h"
+#include "runtime/com/Variant.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -74,15 +75,17 @@ protected:
         return CreateWindowExW(0, L"AtlAxWin", name, WS_CHILD | WS_VISIBLE, 10, 10, 150, 24, host_.Handle(),
                                nullptr, GetModuleHandleW(nullptr), nullptr);
     }
-    ComPtr<_YesNo> ControlIn(HWND container) const
+    template<class Control = _YesNo>
+    ComPtr<Control> ControlIn(HWND container) const
     {
         ComPtr<IUnknown> unknown;
         Check(atl_.AxGetControl(container, &unknown));
-        ComPtr<_YesNo> control;
+        ComPtr<Control> control;
         Check(unknown.As(&control));
         return control;
     }
-    static HWND WindowOf(_YesNo* control)
+    template<class Control>
+    static HWND WindowOf(Control* control)
     {
         long window = 0;
         Check(control->get_hwnd(&window));
@@ -154,11 +157,68 @@ TEST_F(AtlAxWinTest, MayBeDestroyedWhileTheControlIsHeld)
     control.Reset();
 }
 
+// The text box inside the control, which is what a masked control's own window is for.
+TEST_F(AtlAxWinTest, LetsTheUserTypeANumber)
+{
+    const HWND container = CreateContainer(L"KivControls.NumberBox");
+    ASSERT_NE(container, nullptr);
+    {
+        const ComPtr<_NumberBox> control = ControlIn<_NumberBox>(container);
+        EXPECT_EQ(Hr(control->put_Style(SSN)), Hr(S_OK));
+        const HWND box = WindowOf(control.Get());
+        EXPECT_TRUE(IsWindowVisible(box));
+        EXPECT_TRUE(IsChild(container, box));
+        SetForegroundWindow(host_.Handle());
+        SetFocus(box);
+        ASSERT_EQ(GetFocus(), box);
+        for (const char digit : std::string_view("123456789"))
+            TapKey(static_cast<WORD>(digit));
+        HandleInput();
+        Variant value;
+        EXPECT_EQ(Hr(control->get_Value(value.Receive())), Hr(S_OK));
+        EXPECT_EQ(value.Text(), L"123-45-6789");
+        TapKey(VK_BACK);
+        HandleInput();
+        EXPECT_EQ(Hr(control->get_Value(value.Receive())), Hr(S_OK));
+        EXPECT_TRUE(value.IsNull());
+    }
+    DestroyWindow(container);
+}
+
+TEST_F(AtlAxWinTest, LetsTheUserTypeADate)
+{
+    const HWND container = CreateContainer(L"KivControls.DateBox");
+    ASSERT_NE(container, nullptr);
+    {
+        const ComPtr<_DateBox> control = ControlIn<_DateBox>(container);
+        const HWND box = WindowOf(control.Get());
+        EXPECT_TRUE(IsChild(container, box));
+        SetForegroundWindow(host_.Handle());
+        SetFocus(box);
+        ASSERT_EQ(GetFocus(), box);
+        for (const WORD key : {WORD{'1'}, WORD{VK_OEM_2}, WORD{'5'}, WORD{VK_OEM_2}, WORD{'1'}})
+            TapKey(key);
+        HandleInput();
+        Bstr shown;
+        EXPECT_EQ(Hr(control->get_Text(shown.Receive())), Hr(S_OK));
+        EXPECT_EQ(shown.View(), L"1_/5_/1_");
+        Variant value;
+        EXPECT_EQ(Hr(control->get_Value(value.Receive())), Hr(S_OK));
+        EXPECT_EQ(value.Text(), L"01/05/01");
+        SetFocus(host_.Handle());
+        EXPECT_EQ(Hr(control->get_Text(shown.Receive())), Hr(S_OK));
+        EXPECT_EQ(shown.View(), L"01/05/01") << "completed on leaving";
+    }
+    DestroyWindow(container);
+}
+
 TEST_F(AtlAxWinTest, GoesWithTheWholeForm)
 {
     for (int i = 0; i < 10; ++i)
         ASSERT_NE(CreateContainer(L"KivControls.YesNo"), nullptr);
-    EXPECT_EQ(ControlWindows(), 10);
+    ASSERT_NE(CreateContainer(L"KivControls.NumberBox"), nullptr);
+    ASSERT_NE(CreateContainer(L"KivControls.DateBox"), nullptr);
+    EXPECT_EQ(ControlWindows(), 12);
     host_.Destroy();
     EXPECT_EQ(ControlWindows(), 0);
 }

@@ -26,10 +26,13 @@ protected:
         freshBytes_ = Saved(fresh.Get());
     }
 
-    // Loads into a new control, and holds it to be wholly as new if that fails. Tells whether it succeeded.
+    // Loads into a control that has been in use, and holds it to be wholly as new if that fails. Tells whether
+    // it succeeded.
     bool Loads(const Bytes& bytes, const std::string& what) const
     {
-        const ComPtr<_YesNo> control = CreateYesNo();
+        const ComPtr<_YesNo> control = NewControl();
+        EXPECT_HRESULT_SUCCEEDED(control->put_YesText(Bstr(L"used").Get()));
+        EXPECT_HRESULT_SUCCEEDED(control->put_BackColor(1));
         const HRESULT result = Load(control.Get(), bytes);
         if (SUCCEEDED(result))
         {

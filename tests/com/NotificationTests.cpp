@@ -211,7 +211,10 @@ TEST_F(NotificationTest, TakesAnythingButFalseForAVeto)
 {
     control_->InitNew();
     ConnectSinks();
-    events_->OnEvent([&](DISPID, DISPPARAMS& arguments) { *V_BOOLREF(&arguments.rgvarg[0]) = 1; });
+    events_->OnEvent([&](DISPID event, DISPPARAMS& arguments) {
+        if (event == Click)
+            *V_BOOLREF(&arguments.rgvarg[0]) = 1;
+    });
     Type('y');
     EXPECT_EQ(events_->TakeEvents(), Ids{Click});
     EXPECT_EQ(Value(), Neither);

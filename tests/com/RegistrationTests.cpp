@@ -60,6 +60,8 @@ protected:
     void SetUp() override
     {
         LibraryTest::SetUp();
+        // What an earlier library has written must not stand in for what this one writes.
+        ASSERT_HRESULT_SUCCEEDED(TheLibrary().Unregister());
         ASSERT_HRESULT_SUCCEEDED(TheLibrary().Register());
     }
     void TearDown() override

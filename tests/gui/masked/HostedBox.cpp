@@ -56,6 +56,9 @@ HostedBox::HostedBox(host::Form& form, REFCLSID classId, host::SiteOptions optio
 
 void HostedBox::Heard(State& state, const host::EventRecord& event, DISPPARAMS& raised)
 {
+    // What marks the end of the input is no answer.
+    if (event.Name == L"KeyUp" && event.Arguments[0].Value.Long() == VK_F24)
+        return;
     std::wstring heard = event.Name;
     if (event.Name == L"Change")
         heard = ChangeEvent + TextOf(EditOf(state.Control));

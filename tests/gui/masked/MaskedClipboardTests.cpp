@@ -3,6 +3,7 @@
 #include "tests/gui/masked/MaskedTest.h"
 #include "tests/native/masked/DateBoxEntryRows.h"
 #include "tests/native/masked/NumberBoxEntryRows.h"
+#include "tests/support/Thread.h"
 
 #include "runtime/com/Errors.h"
 

@@ -31,7 +31,7 @@ protected:
         EXPECT_EQ(shown[0].Text, message);
         EXPECT_EQ(shown[0].Caption, L"Host of the control tests");
         EXPECT_EQ(shown[0].Buttons, Texts{L"OK"});
-        EXPECT_EQ(shown[0].Icon, LoadIconW(nullptr, IDI_EXCLAMATION));
+        EXPECT_EQ(shown[0].Icon, LoadIconA(nullptr, IDI_EXCLAMATION));
         EXPECT_EQ(box.Look(), (BoxLook{before, 0, static_cast<int>(before.size())})) << "all is selected";
     }
 

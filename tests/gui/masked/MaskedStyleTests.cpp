@@ -2,6 +2,8 @@
 
 #include "tests/gui/masked/MaskedTest.h"
 
+#include <algorithm>
+
 using Microsoft::WRL::ComPtr;
 
 namespace kiv::test
@@ -178,14 +180,20 @@ TEST_F(MaskedStyleTest, SwitchesTenThousandTimes)
     const int windows = Windows();
     const LONG_PTR hook = ProcedureOf(box.Edit());
     const ComPtr<_NumberBox> control = box.Site().Query<_NumberBox>();
-    const ULONGLONG begin = GetTickCount64();
-    for (int turn = 0; turn < 10000; ++turn)
-        ASSERT_HRESULT_SUCCEEDED(control->put_Style(static_cast<NumberFormatEnums>(turn % 4)));
-    const ULONGLONG milliseconds = GetTickCount64() - begin;
-    RecordProperty("milliseconds", static_cast<int>(milliseconds));
-    // A minute is many times what it takes, on a busy machine too; a chain of hooks would take longer and
-    // longer.
-    EXPECT_LT(milliseconds, 60000U);
+    // What a host does with the news is its own.
+    box.Site().OnEvent(nullptr);
+    std::vector<ULONGLONG> milliseconds;
+    for (int part = 0; part < 10; ++part)
+    {
+        const ULONGLONG begin = GetTickCount64();
+        for (int turn = 0; turn < 1000; ++turn)
+            ASSERT_HRESULT_SUCCEEDED(control->put_Style(static_cast<NumberFormatEnums>(turn % 4)));
+        milliseconds.push_back(GetTickCount64() - begin);
+        RecordProperty("part" + std::to_string(part), static_cast<int>(milliseconds.back()));
+        std::cerr << milliseconds.back() << "\n";
+    }
+    // Hooks on hooks, or anything else that piles up, would make every part slower than the one before.
+    EXPECT_LT(milliseconds.back(), 5 * (*std::ranges::min_element(milliseconds) + 20));
     EXPECT_EQ(Windows(), windows);
     EXPECT_EQ(ProcedureOf(box.Edit()), hook);
     box.SetStyle(SSN);
