@@ -139,8 +139,14 @@ int TextBox::LineHeight() const
 
 void TextBox::Notified(WORD code)
 {
-    if (code == EN_CHANGE)
-        Call(OnChange);
+    if (code != EN_CHANGE)
+        return;
+    // Wine's box sends this after a character that it has refused, too.
+    std::wstring text = Text();
+    if (text == toldText_)
+        return;
+    toldText_ = std::move(text);
+    Call(OnChange);
 }
 
 void TextBox::Draw(HDC dc, const RECT& place) const

@@ -64,6 +64,7 @@ private:
     void ReplaceDifference(std::wstring_view current, std::wstring_view text, std::string ansi);
 
     short maxLength_ = 0;
+    std::wstring toldText_; // as OnChange last told it
     OLE_COLOR backColor_;
     OLE_COLOR foreColor_;
     GdiObject<HBRUSH> background_;

@@ -26,8 +26,8 @@ protected:
         freshBytes_ = Saved(fresh.Get());
     }
 
-    // Loads into a control that has been in use, and holds it to be wholly as new if that fails. Tells whether
-    // it succeeded.
+    // Loads into a control that has been in use, and holds it to be wholly as new if that fails. Tells
+    // whether it succeeded.
     bool Loads(const Bytes& bytes, const std::string& what) const
     {
         const ComPtr<_YesNo> control = NewControl();
