@@ -190,10 +190,13 @@ TEST_F(MaskedStyleTest, SwitchesTenThousandTimes)
             ASSERT_HRESULT_SUCCEEDED(control->put_Style(static_cast<NumberFormatEnums>(turn % 4)));
         milliseconds.push_back(GetTickCount64() - begin);
         RecordProperty("part" + std::to_string(part), static_cast<int>(milliseconds.back()));
-        std::cerr << milliseconds.back() << "\n";
     }
-    // Hooks on hooks, or anything else that piles up, would make every part slower than the one before.
-    EXPECT_LT(milliseconds.back(), 5 * (*std::ranges::min_element(milliseconds) + 20));
+    // Hooks on hooks, or anything else that piles up, would make every part slower than the one before. The
+    // fastest of each half counts: a busy machine may hold up any of them.
+    const auto half = milliseconds.begin() + 5;
+    const ULONGLONG early = *std::min_element(milliseconds.begin(), half);
+    const ULONGLONG late = *std::min_element(half, milliseconds.end());
+    EXPECT_LT(late, 2 * early + 100);
     EXPECT_EQ(Windows(), windows);
     EXPECT_EQ(ProcedureOf(box.Edit()), hook);
     box.SetStyle(SSN);
