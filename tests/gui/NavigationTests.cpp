@@ -4,6 +4,8 @@
 
 #include "host/container/Button.h"
 
+#include <algorithm>
+
 namespace kiv::test
 {
 
@@ -93,6 +95,21 @@ TEST_F(NavigationTest, ArrowsAndCharactersStay)
     EXPECT_EQ(First().TakeOutcome(), "1 Y @Yes | Click 1, Value, Text, Change 1");
     EXPECT_EQ(Second().TakeOutcome(), "0 Null @None");
     EXPECT_EQ(TakePressed(), "");
+}
+
+// A container that knows nothing of the control's keys learns of its own ones from the control.
+TEST_F(NavigationTest, HandsTheFormsKeysToItsSite)
+{
+    const auto timesAsked = [&](WORD key) {
+        First().Site().Focus();
+        First().Site().ClearCalls();
+        Key(key);
+        return std::ranges::count(First().Site().Calls(), "IOleControlSite::TranslateAccelerator");
+    };
+    for (const WORD key : {WORD{VK_TAB}, WORD{VK_RETURN}, WORD{VK_ESCAPE}})
+        EXPECT_EQ(timesAsked(key), 1) << key;
+    for (const WORD key : {WORD{VK_LEFT}, WORD{VK_RIGHT}, WORD{VK_SPACE}, WORD{'Y'}})
+        EXPECT_EQ(timesAsked(key), 0) << key;
 }
 
 TEST_F(NavigationTest, EnterAndEscapePressTheFormsButtons)

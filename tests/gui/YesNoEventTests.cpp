@@ -258,6 +258,8 @@ protected:
             TheForm().Destroy();
             break;
         }
+        EXPECT_EQ(Hr(TheLibrary().CanUnloadNow()), Hr(S_FALSE))
+            << "a control lives until its event is over, whoever else lets go of it";
     }
 
     // The form may be gone, and with it who handles the input.
