@@ -39,13 +39,13 @@ const ControlClass YesNo::Class = {
     L"KivControls.YesNo", KIV_TOOLBOX_YESNO, {1800, 300},
 };
 
-YesNo::YesNo(IUnknown* outer) : DualControl(Class, outer) {}
+YesNo::YesNo(IUnknown* outer) : StandardControl(Class, outer) {}
 
 void* YesNo::FindInterface(REFIID iid) noexcept
 {
     if (iid == __uuidof(ISubClass))
         return static_cast<ISubClass*>(&subClass_);
-    return DualControl::FindInterface(iid);
+    return StandardControl::FindInterface(iid);
 }
 
 // --- The control's life ---
@@ -168,12 +168,6 @@ void YesNo::UserControl_Terminate()
     UnhookWindow(TheSurface().hWnd(), PrevWndProc);
 }
 
-void YesNo::FontChanged()
-{
-    CalcLayout();
-    Refresh();
-}
-
 // Errors are trapped by the service: they must not unwind through the window procedure.
 LRESULT YesNo::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
 {
@@ -185,65 +179,14 @@ LRESULT YesNo::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lPar
 
 // --- Properties ---
 
-HRESULT YesNo::get_BackColor(OLE_COLOR* result) noexcept
+void YesNo::Enabled(bool newState)
 {
-    return Get(result, [&] { return TheSurface().BackColor(); });
+    EnableWindow(TheSurface().hWnd(), newState);
+    StandardControl::Enabled(newState);
 }
 
-HRESULT YesNo::put_BackColor(OLE_COLOR newColor) noexcept
+void YesNo::ApplyFont()
 {
-    return Member([&] {
-        TheSurface().BackColor(newColor);
-        PropertyChanged(L"BackColor");
-        Refresh();
-    });
-}
-
-HRESULT YesNo::get_ForeColor(OLE_COLOR* result) noexcept
-{
-    return Get(result, [&] { return TheSurface().ForeColor(); });
-}
-
-HRESULT YesNo::put_ForeColor(OLE_COLOR newColor) noexcept
-{
-    return Member([&] {
-        TheSurface().ForeColor(newColor);
-        PropertyChanged(L"ForeColor");
-        Refresh();
-    });
-}
-
-HRESULT YesNo::get_Enabled(VARIANT_BOOL* result) noexcept
-{
-    return Get(result, [&] { return TheSurface().Enabled() ? VARIANT_TRUE : VARIANT_FALSE; });
-}
-
-HRESULT YesNo::put_Enabled(VARIANT_BOOL newState) noexcept
-{
-    return Member([&] {
-        const bool enabled = newState != VARIANT_FALSE;
-        EnableWindow(TheSurface().hWnd(), enabled);
-        TheSurface().Enabled(enabled);
-        PropertyChanged(L"Enabled");
-        Refresh();
-    });
-}
-
-HRESULT YesNo::get_Font(IFontDisp** result) noexcept
-{
-    return Get(result, [&] { return FontObject(TheSurface().Font()).Detach(); });
-}
-
-HRESULT YesNo::putref_Font(IFontDisp* newFont) noexcept
-{
-    // Without a font the container's is as good as any.
-    return Member([&] { Font(newFont ? FontObject(newFont) : Ambient().Font()); });
-}
-
-void YesNo::Font(FontObject newFont)
-{
-    TheSurface().Font(std::move(newFont), [this] { FontChanged(); });
-    PropertyChanged(L"Font");
     CalcLayout();
     Refresh();
 }

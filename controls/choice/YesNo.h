@@ -4,7 +4,7 @@
 #include "framework/ModuleData.h"
 #include "framework/SubClass.h"
 #include "framework/SubClassOwner.h"
-#include "runtime/forms/DualControl.h"
+#include "runtime/forms/StandardControl.h"
 
 #include <KivControls.h>
 
@@ -13,22 +13,14 @@ namespace kiv
 
 // A yes/no answer that can be unselected again: choosing the selected option returns it to Neither. Draws
 // itself, the options' focus rectangle included, and asks the host before every change that the user makes.
-class YesNo final : public DualControl<_YesNo>
+class YesNo final : public StandardControl<_YesNo>
 {
 public:
     static const ControlClass Class;
 
     explicit YesNo(IUnknown* outer);
 
-    // _YesNo
-    HRESULT STDMETHODCALLTYPE get_BackColor(OLE_COLOR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_BackColor(OLE_COLOR newColor) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_ForeColor(OLE_COLOR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_ForeColor(OLE_COLOR newColor) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Enabled(VARIANT_BOOL newState) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Font(IFontDisp** result) noexcept override;
-    HRESULT STDMETHODCALLTYPE putref_Font(IFontDisp* newFont) noexcept override;
+    // _YesNo, its own part
     HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
     HRESULT STDMETHODCALLTYPE get_YesText(BSTR* result) noexcept override;
     HRESULT STDMETHODCALLTYPE put_YesText(BSTR newText) noexcept override;
@@ -59,10 +51,11 @@ private:
     void UserControl_KeyPress(short& KeyAscii) override;
     void UserControl_WriteProperties(PropertyBag& PropBag) override;
     void UserControl_Terminate() override;
-    void FontChanged();
 
     // Properties.
-    void Font(FontObject newFont);
+    using StandardControl::Enabled;
+    void Enabled(bool newState) override;
+    void ApplyFont() override;
     Variant Text() const;
     void Text(const Variant& newText);
     void Value(long newAnswer);

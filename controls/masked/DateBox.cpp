@@ -37,13 +37,13 @@ const ControlClass DateBox::Class = {
     L"KivControls.DateBox", KIV_TOOLBOX_DATEBOX, {1200, 285},
 };
 
-DateBox::DateBox(IUnknown* outer) : DualControl(Class, outer) {}
+DateBox::DateBox(IUnknown* outer) : StandardControl(Class, outer) {}
 
 void* DateBox::FindInterface(REFIID iid) noexcept
 {
     if (iid == __uuidof(ISubClass))
         return static_cast<ISubClass*>(&subClass_);
-    return DualControl::FindInterface(iid);
+    return StandardControl::FindInterface(iid);
 }
 
 // --- The control's life ---
@@ -135,13 +135,6 @@ void DateBox::UserControl_Terminate()
     UnhookWindow(txtDate.hWnd(), PrevWndProc);
 }
 
-void DateBox::FontChanged()
-{
-    txtDate.Font(TheSurface().FontHandle());
-    UserControl_Resize();
-    PropertyChanged(L"Font");
-}
-
 void DateBox::txtDate_Change()
 {
     RaiseEvent(ChangeEvent);
@@ -182,46 +175,16 @@ HRESULT DateBox::put_AllowVarious(VARIANT_BOOL newState) noexcept
     });
 }
 
-HRESULT DateBox::get_BackColor(OLE_COLOR* result) noexcept
-{
-    return Get(result, [&] { return txtDate.BackColor(); });
-}
-
-HRESULT DateBox::put_BackColor(OLE_COLOR newColor) noexcept
-{
-    return Member([&] { BackColor(newColor); });
-}
-
 void DateBox::BackColor(OLE_COLOR newColor)
 {
     txtDate.BackColor(newColor);
     PropertyChanged(L"BackColor");
 }
 
-HRESULT DateBox::get_ForeColor(OLE_COLOR* result) noexcept
-{
-    return Get(result, [&] { return txtDate.ForeColor(); });
-}
-
-HRESULT DateBox::put_ForeColor(OLE_COLOR newColor) noexcept
-{
-    return Member([&] { ForeColor(newColor); });
-}
-
 void DateBox::ForeColor(OLE_COLOR newColor)
 {
     txtDate.ForeColor(newColor);
     PropertyChanged(L"ForeColor");
-}
-
-HRESULT DateBox::get_Enabled(VARIANT_BOOL* result) noexcept
-{
-    return Get(result, [&] { return TheSurface().Enabled() ? VARIANT_TRUE : VARIANT_FALSE; });
-}
-
-HRESULT DateBox::put_Enabled(VARIANT_BOOL newState) noexcept
-{
-    return Member([&] { Enabled(newState != VARIANT_FALSE); });
 }
 
 void DateBox::Enabled(bool newState)
@@ -231,21 +194,16 @@ void DateBox::Enabled(bool newState)
     PropertyChanged(L"Enabled");
 }
 
-HRESULT DateBox::get_Font(IFontDisp** result) noexcept
+void DateBox::ApplyFont()
 {
-    return Get(result, [&] { return FontObject(TheSurface().Font()).Detach(); });
+    txtDate.Font(TheSurface().FontHandle());
+    UserControl_Resize();
 }
 
-HRESULT DateBox::putref_Font(IFontDisp* newFont) noexcept
+void DateBox::FontChanged()
 {
-    // Without a font the container's is as good as any.
-    return Member([&] { Font(newFont ? FontObject(newFont) : Ambient().Font()); });
-}
-
-void DateBox::Font(FontObject newFont)
-{
-    TheSurface().Font(std::move(newFont), [this] { FontChanged(); });
-    FontChanged();
+    ApplyFont();
+    PropertyChanged(L"Font");
 }
 
 HRESULT DateBox::get_hwnd(LONG* result) noexcept

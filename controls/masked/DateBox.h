@@ -3,7 +3,7 @@
 #include "controls/masked/DateRules.h"
 #include "framework/SubClass.h"
 #include "framework/SubClassOwner.h"
-#include "runtime/forms/DualControl.h"
+#include "runtime/forms/StandardControl.h"
 #include "runtime/forms/TextBox.h"
 
 #include <KivControls.h>
@@ -12,24 +12,16 @@ namespace kiv
 {
 
 // A date in one of eight layouts, overtyped in txtDate and checked against a period.
-class DateBox final : public DualControl<_DateBox>
+class DateBox final : public StandardControl<_DateBox>
 {
 public:
     static const ControlClass Class;
 
     explicit DateBox(IUnknown* outer);
 
-    // _DateBox
+    // _DateBox, its own part
     HRESULT STDMETHODCALLTYPE get_AllowVarious(VARIANT_BOOL* result) noexcept override;
     HRESULT STDMETHODCALLTYPE put_AllowVarious(VARIANT_BOOL newState) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_BackColor(OLE_COLOR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_BackColor(OLE_COLOR newColor) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_ForeColor(OLE_COLOR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_ForeColor(OLE_COLOR newColor) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Enabled(VARIANT_BOOL newState) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Font(IFontDisp** result) noexcept override;
-    HRESULT STDMETHODCALLTYPE putref_Font(IFontDisp* newFont) noexcept override;
     HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
     HRESULT STDMETHODCALLTYPE get_Style(DateFormatEnums* result) noexcept override;
     HRESULT STDMETHODCALLTYPE put_Style(DateFormatEnums newStyle) noexcept override;
@@ -61,16 +53,19 @@ private:
     void UserControl_ExitFocus() override;
     void UserControl_WriteProperties(PropertyBag& PropBag) override;
     void UserControl_Terminate() override;
-    void FontChanged();
     void txtDate_Change();
     void txtDate_Click();
     void txtDate_GotFocus();
 
     // Properties.
-    void BackColor(OLE_COLOR newColor);
-    void ForeColor(OLE_COLOR newColor);
-    void Enabled(bool newState);
-    void Font(FontObject newFont);
+    OLE_COLOR BackColor() const override { return txtDate.BackColor(); }
+    void BackColor(OLE_COLOR newColor) override;
+    OLE_COLOR ForeColor() const override { return txtDate.ForeColor(); }
+    void ForeColor(OLE_COLOR newColor) override;
+    using StandardControl::Enabled;
+    void Enabled(bool newState) override;
+    void ApplyFont() override;
+    void FontChanged() override;
     Variant Value() const;
     void Value(const Variant& newDate);
 

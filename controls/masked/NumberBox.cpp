@@ -25,13 +25,13 @@ const ControlClass NumberBox::Class = {
     L"KivControls.NumberBox", KIV_TOOLBOX_NUMBERBOX, {1440, 285},
 };
 
-NumberBox::NumberBox(IUnknown* outer) : DualControl(Class, outer) {}
+NumberBox::NumberBox(IUnknown* outer) : StandardControl(Class, outer) {}
 
 void* NumberBox::FindInterface(REFIID iid) noexcept
 {
     if (iid == __uuidof(ISubClass))
         return static_cast<ISubClass*>(&subClass_);
-    return DualControl::FindInterface(iid);
+    return StandardControl::FindInterface(iid);
 }
 
 // --- The control's life ---
@@ -114,13 +114,6 @@ void NumberBox::UserControl_Terminate()
     UnhookWindow(hookedWindow_, PrevWndProc);
 }
 
-void NumberBox::FontChanged()
-{
-    GiveFontToBoxes();
-    UserControl_Resize();
-    PropertyChanged(L"Font");
-}
-
 void NumberBox::Box_Change()
 {
     PropertyChanged(L"Value");
@@ -138,16 +131,6 @@ LRESULT NumberBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM 
 
 // --- Properties ---
 
-HRESULT NumberBox::get_BackColor(OLE_COLOR* result) noexcept
-{
-    return Get(result, [&] { return txtNumber.BackColor(); });
-}
-
-HRESULT NumberBox::put_BackColor(OLE_COLOR newColor) noexcept
-{
-    return Member([&] { BackColor(newColor); });
-}
-
 void NumberBox::BackColor(OLE_COLOR newColor)
 {
     for (TextBox* box : {&txtNumber, &txtRTN})
@@ -155,31 +138,11 @@ void NumberBox::BackColor(OLE_COLOR newColor)
     PropertyChanged(L"BackColor");
 }
 
-HRESULT NumberBox::get_ForeColor(OLE_COLOR* result) noexcept
-{
-    return Get(result, [&] { return txtNumber.ForeColor(); });
-}
-
-HRESULT NumberBox::put_ForeColor(OLE_COLOR newColor) noexcept
-{
-    return Member([&] { ForeColor(newColor); });
-}
-
 void NumberBox::ForeColor(OLE_COLOR newColor)
 {
     for (TextBox* box : {&txtNumber, &txtRTN})
         box->ForeColor(newColor);
     PropertyChanged(L"ForeColor");
-}
-
-HRESULT NumberBox::get_Enabled(VARIANT_BOOL* result) noexcept
-{
-    return Get(result, [&] { return TheSurface().Enabled() ? VARIANT_TRUE : VARIANT_FALSE; });
-}
-
-HRESULT NumberBox::put_Enabled(VARIANT_BOOL newState) noexcept
-{
-    return Member([&] { Enabled(newState != VARIANT_FALSE); });
 }
 
 void NumberBox::Enabled(bool newState)
@@ -190,22 +153,16 @@ void NumberBox::Enabled(bool newState)
     PropertyChanged(L"Enabled");
 }
 
-HRESULT NumberBox::get_Font(IFontDisp** result) noexcept
+void NumberBox::ApplyFont()
 {
-    return Get(result, [&] { return FontObject(TheSurface().Font()).Detach(); });
-}
-
-HRESULT NumberBox::putref_Font(IFontDisp* newFont) noexcept
-{
-    // Without a font the container's is as good as any.
-    return Member([&] { Font(newFont ? FontObject(newFont) : Ambient().Font()); });
-}
-
-void NumberBox::Font(FontObject newFont)
-{
-    TheSurface().Font(std::move(newFont), [this] { FontChanged(); });
-    GiveFontToBoxes();
+    for (TextBox* box : {&txtNumber, &txtRTN})
+        box->Font(TheSurface().FontHandle());
     UserControl_Resize();
+}
+
+void NumberBox::FontChanged()
+{
+    ApplyFont();
     PropertyChanged(L"Font");
 }
 
@@ -323,12 +280,6 @@ bool NumberBox::IsValidInput(bool ShowMessage)
         activeBox_->SelectAll();
     }
     return !complaint;
-}
-
-void NumberBox::GiveFontToBoxes()
-{
-    for (TextBox* box : {&txtNumber, &txtRTN})
-        box->Font(TheSurface().FontHandle());
 }
 
 void NumberBox::HookActiveBox()

@@ -3,7 +3,7 @@
 #include "controls/masked/NumberRules.h"
 #include "framework/SubClass.h"
 #include "framework/SubClassOwner.h"
-#include "runtime/forms/DualControl.h"
+#include "runtime/forms/StandardControl.h"
 #include "runtime/forms/TextBox.h"
 
 #include <KivControls.h>
@@ -13,22 +13,14 @@ namespace kiv
 
 // A Social Security, federal identification or routing number, or free digits. The masked styles are
 // overtyped in txtNumber; routing numbers have a box of their own.
-class NumberBox final : public DualControl<_NumberBox>
+class NumberBox final : public StandardControl<_NumberBox>
 {
 public:
     static const ControlClass Class;
 
     explicit NumberBox(IUnknown* outer);
 
-    // _NumberBox
-    HRESULT STDMETHODCALLTYPE get_BackColor(OLE_COLOR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_BackColor(OLE_COLOR newColor) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_ForeColor(OLE_COLOR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_ForeColor(OLE_COLOR newColor) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Enabled(VARIANT_BOOL newState) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Font(IFontDisp** result) noexcept override;
-    HRESULT STDMETHODCALLTYPE putref_Font(IFontDisp* newFont) noexcept override;
+    // _NumberBox, its own part
     HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
     HRESULT STDMETHODCALLTYPE get_MaxLength(short* result) noexcept override;
     HRESULT STDMETHODCALLTYPE put_MaxLength(short newLength) noexcept override;
@@ -58,14 +50,17 @@ private:
     void UserControl_KeyUp(short& KeyCode, short Shift) override;
     void UserControl_WriteProperties(PropertyBag& PropBag) override;
     void UserControl_Terminate() override;
-    void FontChanged();
     void Box_Change();
 
     // Properties.
-    void BackColor(OLE_COLOR newColor);
-    void ForeColor(OLE_COLOR newColor);
-    void Enabled(bool newState);
-    void Font(FontObject newFont);
+    OLE_COLOR BackColor() const override { return txtNumber.BackColor(); }
+    void BackColor(OLE_COLOR newColor) override;
+    OLE_COLOR ForeColor() const override { return txtNumber.ForeColor(); }
+    void ForeColor(OLE_COLOR newColor) override;
+    using StandardControl::Enabled;
+    void Enabled(bool newState) override;
+    void ApplyFont() override;
+    void FontChanged() override;
     void MaxLength(short newLength);
     void Style(NumberFormat newStyle);
     std::wstring Text() const;
@@ -73,7 +68,6 @@ private:
     void Value(const Variant& newNumber);
 
     bool IsValidInput(bool ShowMessage);
-    void GiveFontToBoxes();
     void HookActiveBox();
 
     SubClassOwner<NumberBox> subClass_{*this};
