@@ -78,8 +78,10 @@ void DateBox::UserControl_ReadProperties(PropertyBag& PropBag)
         static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", static_cast<long>(Ambient().ForeColor()))));
     TakeStyle(static_cast<DateFormat>(PropBag.ReadProperty(L"Style", DefaultStyle)));
     // Stored as they are: cutting them down to what the layout shows is for bounds that the host sets.
-    rules_.StoreMaxDate(PropBag.ReadDate(L"MaxDate", DefaultMaxDate()));
-    rules_.StoreMinDate(PropBag.ReadDate(L"MinDate", DefaultMinDate()));
+    if (!rules_.StoreMaxDate(PropBag.ReadDate(L"MaxDate", DefaultMaxDate())))
+        PropBag.ReportUnusable(L"MaxDate");
+    if (!rules_.StoreMinDate(PropBag.ReadDate(L"MinDate", DefaultMinDate())))
+        PropBag.ReportUnusable(L"MinDate");
     txtDate.Text(rules_.Mask());
 }
 

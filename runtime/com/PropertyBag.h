@@ -44,12 +44,13 @@ public:
     // Without a default: always written.
     void WriteProperty(const wchar_t* name, const Variant& value) { WriteValue(name, value); }
 
+    // A stored value cannot be used and the default takes its place.
+    virtual void ReportUnusable(const wchar_t* name) = 0;
+
 protected:
     // The stored value, or nothing; expected is a hint for bags that convert (VT_EMPTY: none).
     virtual std::optional<Variant> ReadValue(const wchar_t* name, VARTYPE expected) = 0;
     virtual void WriteValue(const wchar_t* name, const Variant& value) = 0;
-    // A stored value cannot be used and the default takes its place.
-    virtual void ReportUnusable(const wchar_t* name) = 0;
 
 private:
     std::optional<Variant> ReadAs(const wchar_t* name, VARTYPE type);
@@ -62,10 +63,11 @@ public:
     // source: the control's name, as the error log shows it. log may be null.
     ContainerPropertyBag(IPropertyBag* bag, IErrorLog* log, const wchar_t* source);
 
+    void ReportUnusable(const wchar_t* name) override;
+
 private:
     std::optional<Variant> ReadValue(const wchar_t* name, VARTYPE expected) override;
     void WriteValue(const wchar_t* name, const Variant& value) override;
-    void ReportUnusable(const wchar_t* name) override;
 
     Microsoft::WRL::ComPtr<IPropertyBag> bag_;
     Microsoft::WRL::ComPtr<IErrorLog> log_;

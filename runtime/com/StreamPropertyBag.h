@@ -20,15 +20,15 @@ public:
     // For reading; throws DamagedStream when a value does not fit its type.
     explicit StreamPropertyBag(const PropertyStream& stream);
 
+    // Throws DamagedStream: nothing but our own writing makes these streams.
+    void ReportUnusable(const wchar_t* name) override;
+
     // What has been written, in the order of writing.
     std::vector<StoredProperty> Take() { return std::move(written_); }
 
 private:
     std::optional<Variant> ReadValue(const wchar_t* name, VARTYPE expected) override;
     void WriteValue(const wchar_t* name, const Variant& value) override;
-    // Throws DamagedStream: nothing but our own writing makes these streams.
-    void ReportUnusable(const wchar_t* name) override;
-
     std::map<std::wstring, Variant> values_;
     std::vector<StoredProperty> written_;
 };
