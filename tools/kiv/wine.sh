@@ -46,6 +46,7 @@ make_prefix() {
     wineboot -i &&
         wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
         manage_windows N kiv-com-tests kiv-gui-tests kiv-clients-tests kiv-bench &&
+        check_heap kiv-com-tests kiv-gui-tests kiv-clients-tests &&
         wineserver -w && detach_home && add_fonts && touch "$WINEPREFIX/made-by-kiv"
 }
 
@@ -64,6 +65,15 @@ manage_windows() {
     for program in "${@:2}"; do
         wine reg add "HKCU\\Software\\Wine\\AppDefaults\\$program.exe\\X11 Driver" \
             /v Managed /t REG_SZ /d "$managed" /f 9>&- || return
+    done >/dev/null
+}
+
+# Has the programs' heaps checked, so that the use of something freed ends in a crash instead of going unnoticed.
+check_heap() {
+    local program
+    for program in "$@"; do
+        wine reg add "HKLM\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Image File Execution Options\\$program.exe" \
+            /v GlobalFlag /t REG_DWORD /d 0x70 /f 9>&- || return
     done >/dev/null
 }
 
