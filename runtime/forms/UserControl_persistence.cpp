@@ -46,6 +46,8 @@ void UserControl::LoadFrom(const std::function<void()>& read)
 
 void UserControl::LoadFrom(const PropertyStream& stream)
 {
+    if (stream.WidthHimetric < 0 || stream.HeightHimetric < 0)
+        throw DamagedStream("a control of a negative size");
     StreamPropertyBag bag(stream);
     LoadFrom([&] { UserControl_ReadProperties(bag); });
     SetSize({stream.WidthHimetric, stream.HeightHimetric});
@@ -80,6 +82,8 @@ HRESULT UserControl::InitNew() noexcept
 // A load that fails leaves the control as a new one.
 HRESULT UserControl::LoadOrInitNew(const std::function<void()>& load) noexcept
 {
+    // What is read from may release the control.
+    const ComPtr<IUnknown> held(Outer());
     const HRESULT result = Boundary(load);
     if (FAILED(result))
         InitNew();

@@ -167,6 +167,25 @@ TEST_F(DamagedStreamTest, LeavesAControlThatStillCanBeLoaded)
     EXPECT_EQ(StateOf(control.Get()).YesText, UnusualState().YesText);
 }
 
+TEST_F(DamagedStreamTest, OfImpossibleSizes)
+{
+    for (const std::int32_t size :
+         {0, -1, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()})
+    {
+        PropertyStream stream;
+        stream.WidthHimetric = size;
+        stream.HeightHimetric = size;
+        const ComPtr<_YesNo> control = CreateYesNo();
+        static_cast<void>(Load(control.Get(), EncodePropertyStream(stream)));
+        ComPtr<IOleObject> object;
+        SIZEL extent = {};
+        ASSERT_HRESULT_SUCCEEDED(control.As(&object));
+        EXPECT_HRESULT_SUCCEEDED(object->GetExtent(DVASPECT_CONTENT, &extent));
+        EXPECT_GE(extent.cx, 0) << size;
+        EXPECT_GE(extent.cy, 0) << size;
+    }
+}
+
 } // namespace
 
 } // namespace kiv::test
