@@ -171,6 +171,34 @@ TEST_F(MaskedClipboardTest, CopiesTheSelection)
     }
 }
 
+// The box's own menu, chosen from by its letters: Cut, Paste, Delete.
+TEST_F(MaskedClipboardTest, AnswersTheMenuOfTheBox)
+{
+    HostedBox number = ShownNumberBox();
+    const auto choose = [&](WORD letter) {
+        RECT place = {};
+        GetWindowRect(number.Edit(), &place);
+        PointAt({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+        PressButton(MouseButton::Right);
+        ReleaseButton(MouseButton::Right);
+        TapKey(letter);
+        Settle();
+    };
+    number.Show({L"123-45-6789", 4, 2});
+    choose('T');
+    EXPECT_EQ(ClipboardText(), L"45");
+    EXPECT_EQ(number.Look().Text, L"___-__-____");
+    PutText(L"987-65-4321");
+    choose('P');
+    EXPECT_EQ(number.Text(), L"987-65-4321");
+    PutText(L"987");
+    choose('P');
+    EXPECT_EQ(number.Text(), L"987-65-4321");
+    number.Show({L"987-65-4321", 0, 3});
+    choose('D');
+    EXPECT_EQ(number.Text(), L"___-__-____");
+}
+
 TEST_F(MaskedClipboardTest, ClearsAll)
 {
     HostedBox number = ShownNumberBox();
