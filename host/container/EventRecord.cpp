@@ -23,35 +23,6 @@ VARIANT* ArgumentAt(DISPPARAMS& raised, std::size_t place)
     return &raised.rgvarg[raised.cArgs - 1 - place];
 }
 
-std::size_t SizeOf(VARTYPE type)
-{
-    switch (type)
-    {
-    case VT_I1:
-    case VT_UI1:
-        return 1;
-    case VT_I2:
-    case VT_UI2:
-    case VT_BOOL:
-        return 2;
-    case VT_I4:
-    case VT_UI4:
-    case VT_INT:
-    case VT_UINT:
-    case VT_R4:
-    case VT_ERROR:
-        return 4;
-    case VT_I8:
-    case VT_UI8:
-    case VT_R8:
-    case VT_CY:
-    case VT_DATE:
-        return 8;
-    default:
-        return 0;
-    }
-}
-
 } // namespace
 
 const Variant* EventRecord::Find(std::wstring_view name) const
@@ -93,8 +64,8 @@ bool Return(const EventRecord& event, DISPPARAMS& raised, std::wstring_view argu
         *V_UNKNOWNREF(target) = V_UNKNOWN(&given);
         return true;
     default:
-        std::memcpy(V_BYREF(target), &V_I8(&given), SizeOf(type));
-        return SizeOf(type) != 0;
+        std::memcpy(V_BYREF(target), &V_I8(&given), ScalarSize(type));
+        return ScalarSize(type) != 0;
     }
 }
 

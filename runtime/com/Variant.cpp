@@ -135,6 +135,35 @@ IUnknown* Variant::Object() const
     return Type() == VT_DISPATCH || Type() == VT_UNKNOWN ? V_UNKNOWN(&value_) : nullptr;
 }
 
+std::size_t ScalarSize(VARTYPE type)
+{
+    switch (type)
+    {
+    case VT_I1:
+    case VT_UI1:
+        return 1;
+    case VT_I2:
+    case VT_UI2:
+    case VT_BOOL:
+        return 2;
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_R4:
+    case VT_ERROR:
+        return 4;
+    case VT_I8:
+    case VT_UI8:
+    case VT_R8:
+    case VT_CY:
+    case VT_DATE:
+        return 8;
+    default:
+        return 0;
+    }
+}
+
 bool Identical(const Variant& one, const Variant& other)
 {
     if (one.Type() != other.Type())

@@ -72,6 +72,9 @@ private:
     VARIANT value_;
 };
 
+// Size in bytes of a value that lies in the VARIANT itself, as a number does; 0 for other types.
+std::size_t ScalarSize(VARTYPE type);
+
 // Same type and same content: numbers by value, texts binary, objects by reference.
 bool Identical(const Variant& one, const Variant& other);
 
