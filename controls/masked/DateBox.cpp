@@ -62,6 +62,10 @@ void DateBox::UserControl_Initialize()
 void DateBox::UserControl_InitProperties()
 {
     rules_ = DateRules();
+    // The text box still has what a load that failed gave it.
+    BackColor(static_cast<OLE_COLOR>(DefaultBackColor));
+    ForeColor(Ambient().ForeColor());
+    Enabled(true);
     Font(Ambient().Font());
     TakeStyle(rules_.Style());
     txtDate.Text(rules_.Mask());

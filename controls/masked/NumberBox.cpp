@@ -47,6 +47,10 @@ void NumberBox::UserControl_Initialize()
 
 void NumberBox::UserControl_InitProperties()
 {
+    // The text boxes still have what a load that failed gave them.
+    BackColor(static_cast<OLE_COLOR>(DefaultBackColor));
+    ForeColor(static_cast<OLE_COLOR>(DefaultForeColor));
+    Enabled(true);
     Font(Ambient().Font());
     Style(NumberFormat::SSN);
 }
