@@ -189,6 +189,22 @@ TEST_F(MaskedPersistenceTest, RefusesAStreamThatIsCutOff)
     }
 }
 
+TEST_F(MaskedPersistenceTest, ABoxIsNewAgainAfterALoadThatFails)
+{
+    for (const Subject& subject : Subjects)
+    {
+        SCOPED_TRACE(subject.Name);
+        const MaskedControl control(*subject.ClassId);
+        control.InitNew();
+        const MaskedState fresh = StateOf(control);
+        subject.MakeUnusual(control);
+        EXPECT_NE(StateOf(control), fresh);
+        const auto empty = MakeCom<TestStream>();
+        EXPECT_TRUE(FAILED(control.Query<IPersistStreamInit>()->Load(empty.Get())));
+        EXPECT_EQ(StateOf(control), fresh);
+    }
+}
+
 TEST_F(MaskedPersistenceTest, NumbersAreReadAndWrittenInOrder)
 {
     const Names readAlways = {L"BackColor", L"ForeColor", L"Enabled", L"Font", L"Style"};
