@@ -112,17 +112,9 @@ void DrawCaption(HDC hDC, std::wstring_view text, RECT& rectangle, UINT flags, b
 {
     const std::string ansi = Ansi(text);
     if (enabled)
-    {
         DrawTextA(hDC, ansi.c_str(), -1, &rectangle, flags);
-        return;
-    }
-    const COLORREF textColor = SetTextColor(hDC, GetSysColor(COLOR_BTNHIGHLIGHT));
-    OffsetRect(&rectangle, 1, 1);
-    DrawTextA(hDC, ansi.c_str(), -1, &rectangle, flags);
-    SetTextColor(hDC, GetSysColor(COLOR_BTNSHADOW));
-    OffsetRect(&rectangle, -1, -1);
-    DrawTextA(hDC, ansi.c_str(), -1, &rectangle, flags);
-    SetTextColor(hDC, textColor);
+    else
+        DrawEmbossed(hDC, ansi, rectangle, flags);
 }
 
 int AppMsgBox(std::wstring_view text, UINT flags)

@@ -37,7 +37,7 @@ public:
     void Enabled(bool enabled);
     bool Visible() const;
     void Visible(bool visible);
-    void Font(HFONT font);
+    virtual void Font(HFONT font);
 
     // The constituent of a window, null for other windows.
     static Constituent* Of(HWND window);

@@ -15,8 +15,9 @@ struct ControlClass
     IID Events;     // its default source dispinterface
     const wchar_t* Name;
     const wchar_t* Description;
-    int ToolboxBitmap; // resource number
-    SIZE DefaultSize;  // twips
+    int ToolboxBitmap;      // resource number
+    SIZE DefaultSize;       // twips, border included
+    bool HasBorder = false; // a sunken one around the surface
 };
 
 // All controls are alike to a container: they draw anew when resized, cannot be the target of a link, stay

@@ -64,4 +64,24 @@ int TextWidthInPixels(std::wstring_view text, HFONT font)
     return extent.cx;
 }
 
+int LineHeightInPixels(HFONT font)
+{
+    const HDC dc = PerThread<Ruler>().Dc.Get();
+    const Selection selected(dc, font);
+    TEXTMETRICA metrics = {};
+    GetTextMetricsA(dc, &metrics);
+    return metrics.tmHeight;
+}
+
+void DrawEmbossed(HDC dc, const std::string& text, RECT& rectangle, UINT format)
+{
+    const COLORREF textColor = SetTextColor(dc, GetSysColor(COLOR_BTNHIGHLIGHT));
+    OffsetRect(&rectangle, 1, 1);
+    DrawTextA(dc, text.c_str(), -1, &rectangle, format);
+    SetTextColor(dc, GetSysColor(COLOR_BTNSHADOW));
+    OffsetRect(&rectangle, -1, -1);
+    DrawTextA(dc, text.c_str(), -1, &rectangle, format);
+    SetTextColor(dc, textColor);
+}
+
 } // namespace kiv

@@ -36,7 +36,12 @@ private:
 // Whether a device context records instead of drawing.
 bool IsMetafile(HDC dc);
 
-// Width of a text in pixels, as the screen draws it with a font.
+// Width of a text and height of a line in pixels, as the screen draws them with a font.
 int TextWidthInPixels(std::wstring_view text, HFONT font);
+int LineHeightInPixels(HFONT font);
+
+// The text of something disabled: highlighted a pixel to the right and below, with its shadow on top. format
+// is DrawText's. The rectangle is changed while this draws and ends as it began, and so does the text colour.
+void DrawEmbossed(HDC dc, const std::string& text, RECT& rectangle, UINT format);
 
 } // namespace kiv

@@ -42,12 +42,13 @@ public:
 
 } // namespace
 
-Surface::Surface(SurfaceEvents& events, SIZE size) : events_(events)
+Surface::Surface(SurfaceEvents& events, SIZE size, bool bordered) : events_(events), bordered_(bordered)
 {
     Reset();
     static const WindowClass windowClass(&Surface::WndProc);
-    if (!CreateWindowExA(0, ClassName, "", WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, 0, size.cx,
-                         size.cy, ParkingWindow(), nullptr, ModuleInstance(), this))
+    if (!CreateWindowExA(bordered ? WS_EX_CLIENTEDGE : 0, ClassName, "",
+                         WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, 0, size.cx, size.cy,
+                         ParkingWindow(), nullptr, ModuleInstance(), this))
         ThrowLastError();
 }
 
@@ -135,9 +136,17 @@ SIZE Surface::PixelSize() const
     return {inner.right, inner.bottom};
 }
 
-void Surface::Resize(SIZE pixels)
+SIZE Surface::OuterSize() const
 {
-    SetWindowPos(window_, nullptr, 0, 0, pixels.cx, pixels.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    RECT outer = {};
+    GetWindowRect(window_, &outer);
+    return {outer.right - outer.left, outer.bottom - outer.top};
+}
+
+void Surface::Resize(SIZE outerSize)
+{
+    SetWindowPos(window_, nullptr, 0, 0, outerSize.cx, outerSize.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 Graphics Surface::AcquireGraphics() const
@@ -172,6 +181,19 @@ void Surface::PaintWithConstituents(HDC dc)
         MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
         constituent->Draw(dc, place);
     }
+}
+
+void Surface::PaintWithBorder(HDC dc)
+{
+    if (bordered_)
+    {
+        const SIZE size = OuterSize();
+        RECT inside = {0, 0, size.cx, size.cy};
+        DrawEdge(dc, &inside, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+        IntersectClipRect(dc, inside.left, inside.top, inside.right, inside.bottom);
+        OffsetWindowOrgEx(dc, -inside.left, -inside.top, nullptr);
+    }
+    PaintWithConstituents(dc);
 }
 
 void Surface::Refresh()

@@ -29,8 +29,9 @@ protected:
 class Surface
 {
 public:
-    // size: in pixels. Throws ComError when the window cannot be made.
-    Surface(SurfaceEvents& events, SIZE size);
+    // size: in pixels, with the sunken border that the surface may have. Throws ComError when the window
+    // cannot be made.
+    Surface(SurfaceEvents& events, SIZE size, bool bordered);
     Surface(const Surface&) = delete;
     Surface& operator=(const Surface&) = delete;
     ~Surface();
@@ -71,9 +72,10 @@ public:
     double ScaleHeight() const;
     double TextWidth(std::wstring_view text) const;
 
-    // Inner size, in pixels.
+    // In pixels: the inner size, and that of the window with its border.
     SIZE PixelSize() const;
-    void Resize(SIZE pixels);
+    SIZE OuterSize() const;
+    void Resize(SIZE outerSize);
 
     // The device context to draw on: the painter's while the surface is being painted, else the window's.
     Graphics AcquireGraphics() const;
@@ -81,6 +83,8 @@ public:
     void Paint(HDC dc);
     // The same with the constituents on it, which in a window paint themselves.
     void PaintWithConstituents(HDC dc);
+    // The same within the border, which then begins at (0, 0). Leaves the device context's origin moved.
+    void PaintWithBorder(HDC dc);
     // Repaints the window at once.
     void Refresh();
 
@@ -92,6 +96,7 @@ private:
     SurfaceEvents& events_;
     HWND window_ = nullptr;
     HDC paintDc_ = nullptr;
+    const bool bordered_;
     bool clipped_ = false;
     OLE_COLOR backColor_ = 0;
     OLE_COLOR foreColor_ = 0;

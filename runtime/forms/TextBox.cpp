@@ -15,6 +15,13 @@ namespace
 // The sunken border on both sides, and a pixel of air above and below the line.
 constexpr int VerticalFrame = 2 * (2 + 1);
 
+constexpr int Margin = 1;
+
+DWORD StyleOf(TextBoxLook look)
+{
+    return WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | (look.AlignsRight ? DWORD{ES_RIGHT} : 0);
+}
+
 void Call(const std::function<void()>& handler)
 {
     if (handler)
@@ -32,8 +39,9 @@ std::wstring Wide(std::string_view ansi)
 
 } // namespace
 
-TextBox::TextBox(ConstituentOwner& owner, HWND parent) :
-    Constituent(owner, parent, "EDIT", WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE),
+TextBox::TextBox(ConstituentOwner& owner, HWND parent, TextBoxLook look) :
+    Constituent(owner, parent, "EDIT", StyleOf(look), look.HasBorder ? WS_EX_CLIENTEDGE : 0),
+    look_(look),
     backColor_(SystemColor(COLOR_WINDOW)),
     foreColor_(SystemColor(COLOR_WINDOWTEXT))
 {
@@ -116,7 +124,7 @@ void TextBox::ForeColor(OLE_COLOR color)
 
 void TextBox::Move(int left, int top, int width, int height)
 {
-    SetWindowPos(hWnd(), nullptr, left, top, width, std::max(height, LineHeight() + VerticalFrame),
+    SetWindowPos(hWnd(), nullptr, left, top, width, std::max(height, LeastHeight()),
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -127,14 +135,18 @@ SIZE TextBox::Size() const
     return {outer.right - outer.left, outer.bottom - outer.top};
 }
 
-int TextBox::LineHeight() const
+int TextBox::LeastHeight() const
 {
-    const auto font = reinterpret_cast<HFONT>(Ask(WM_GETFONT));
-    const MemoryDc dc(nullptr);
-    const kiv::Selection selectedFont(dc.Get(), font);
-    TEXTMETRICA metrics = {};
-    GetTextMetricsA(dc.Get(), &metrics);
-    return metrics.tmHeight;
+    const int line = LineHeightInPixels(reinterpret_cast<HFONT>(Ask(WM_GETFONT)));
+    return look_.HasBorder ? line + VerticalFrame : line;
+}
+
+void TextBox::Font(HFONT font)
+{
+    Constituent::Font(font);
+    // A font brings margins of its own.
+    if (!look_.HasBorder)
+        Ask(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELONG(Margin, Margin));
 }
 
 void TextBox::Notified(WORD code)
@@ -152,15 +164,17 @@ void TextBox::Notified(WORD code)
 void TextBox::Draw(HDC dc, const RECT& place) const
 {
     RECT inside = place;
-    DrawEdge(dc, &inside, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+    if (look_.HasBorder)
+        DrawEdge(dc, &inside, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
     const GdiObject<HBRUSH> background(CreateSolidBrush(ResolvedColor(backColor_)));
     FillRect(dc, &inside, background.Get());
 
     const Graphics graphics(nullptr, dc, reinterpret_cast<HFONT>(Ask(WM_GETFONT)),
                             ResolvedColor(Enabled() ? foreColor_ : SystemColor(COLOR_GRAYTEXT)),
                             ResolvedColor(backColor_));
-    InflateRect(&inside, -1, -1);
-    DrawTextA(dc, Ansi(Text()).c_str(), -1, &inside, DT_LEFT | DT_SINGLELINE | DT_NOPREFIX);
+    InflateRect(&inside, -Margin, look_.HasBorder ? -1 : 0);
+    const UINT alignment = look_.AlignsRight ? DT_RIGHT : DT_LEFT;
+    DrawTextA(dc, Ansi(Text()).c_str(), -1, &inside, alignment | DT_SINGLELINE | DT_NOPREFIX);
 }
 
 HBRUSH TextBox::Colors(HDC dc)

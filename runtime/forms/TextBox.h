@@ -12,11 +12,18 @@
 namespace kiv
 {
 
-// A constituent single-line text box: a real EDIT with a sunken border.
+// How a text box looks. Without a border it has a pixel of air at either side.
+struct TextBoxLook
+{
+    bool HasBorder = true; // a sunken one
+    bool AlignsRight = false;
+};
+
+// A constituent single-line text box: a real EDIT.
 class TextBox final : public Constituent
 {
 public:
-    TextBox(ConstituentOwner& owner, HWND parent);
+    TextBox(ConstituentOwner& owner, HWND parent, TextBoxLook look = {});
 
     // Events.
     std::function<void()> OnChange;
@@ -51,7 +58,9 @@ public:
     // Pixels of the surface. The box is never lower than one line of its font needs.
     void Move(int left, int top, int width, int height);
     SIZE Size() const;
+    int LeastHeight() const;
 
+    void Font(HFONT font) override;
     void Notified(WORD code) override;
     void Draw(HDC dc, const RECT& place) const override;
     HBRUSH Colors(HDC dc) override;
@@ -60,9 +69,9 @@ protected:
     bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    int LineHeight() const;
     void ReplaceDifference(std::wstring_view current, std::wstring_view text, std::string ansi);
 
+    const TextBoxLook look_;
     short maxLength_ = 0;
     std::wstring toldText_; // as OnChange last told it
     OLE_COLOR backColor_;

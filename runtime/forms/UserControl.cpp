@@ -14,7 +14,7 @@ UserControl::UserControl(const ControlClass& controlClass, IUnknown* outer) :
     notifications_(Outer(), this, IID_IPropertyNotifySink),
     extent_{MulDiv(controlClass.DefaultSize.cx, HimetricPerInch, TwipsPerInch),
             MulDiv(controlClass.DefaultSize.cy, HimetricPerInch, TwipsPerInch)},
-    surface_(*this, PixelsOf(extent_))
+    surface_(*this, PixelsOf(extent_), controlClass.HasBorder)
 {
 }
 

@@ -159,8 +159,8 @@ protected:
 
     // Repaints the surface, in the window or wherever the container shows it.
     void Refresh();
-    // Asks the container for another size of the control's window, in pixels; without a container it is
-    // taken.
+    // Asks the container for another size of the control's window, in pixels and with its border; without a
+    // container it is taken.
     void RequestSize(SIZE pixels);
     // The window that has the focus when the control has it: the surface's, unless a constituent takes it.
     virtual HWND FocusWindow() const { return surface_.hWnd(); }

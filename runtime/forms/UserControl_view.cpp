@@ -116,13 +116,13 @@ HRESULT UserControl::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC d
     const ComPtr<IUnknown> held(Outer());
     return Boundary([&] {
         EnsureInitialized();
-        const SIZE size = surface_.PixelSize();
+        const SIZE size = surface_.OuterSize();
         if (size.cx == 0 || size.cy == 0 || bounds->left == bounds->right || bounds->top == bounds->bottom)
             return;
         const SavedDc saved(dc);
         MapTo(dc, *bounds, size, windowBounds);
         IntersectClipRect(dc, 0, 0, size.cx, size.cy);
-        surface_.PaintWithConstituents(dc);
+        surface_.PaintWithBorder(dc);
     });
 }
 

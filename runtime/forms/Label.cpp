@@ -1,0 +1,47 @@
+#include "runtime/forms/Label.h"
+
+#include "runtime/forms/Color.h"
+
+namespace kiv
+{
+
+Label::Label(const Surface& surface, Alignment alignment) :
+    surface_(surface),
+    alignment_(alignment),
+    backColor_(SystemColor(COLOR_WINDOW)),
+    foreColor_(SystemColor(COLOR_WINDOWTEXT))
+{
+}
+
+void Label::Move(int left, int top, int width, int height)
+{
+    place_ = {left, top, left + width, top + height};
+}
+
+int Label::LineHeight() const
+{
+    return LineHeightInPixels(surface_.FontHandle());
+}
+
+void Label::Draw() const
+{
+    const Graphics graphics = surface_.AcquireGraphics();
+    const HDC dc = graphics.Dc();
+    const GdiObject<HBRUSH> background(CreateSolidBrush(ResolvedColor(backColor_)));
+    FillRect(dc, &place_, background.Get());
+
+    const UINT format = static_cast<UINT>(alignment_) | DT_SINGLELINE | DT_NOPREFIX;
+    const std::string ansi = Ansi(caption_);
+    RECT place = place_;
+    if (enabled_)
+    {
+        SetTextColor(dc, ResolvedColor(foreColor_));
+        DrawTextA(dc, ansi.c_str(), -1, &place, format);
+    }
+    else
+    {
+        DrawEmbossed(dc, ansi, place, format);
+    }
+}
+
+} // namespace kiv
