@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # Which packages the commands need, and how a bare Debian 12 gets them.
 
-# Purpose, Debian package, the command or file that is used from it.
+# Purpose, Debian package, the command or file that is used from it. Without the extra ones some tests are skipped.
 PACKAGES="\
 build g++                    g++
 build cmake                  cmake
@@ -16,6 +16,14 @@ run   wine32:i386            /usr/lib/wine/wine
 run   wine64                 /usr/lib/wine/wine64
 run   xvfb                   Xvfb
 run   fonts-wine             /usr/share/wine/fonts/tahoma.ttf
+run   libodbc2:i386          /usr/lib/i386-linux-gnu/libodbc.so.2
+run   libodbc2               /usr/lib/x86_64-linux-gnu/libodbc.so.2
+run   libsqliteodbc:i386     /usr/lib/i386-linux-gnu/odbc/libsqlite3odbc.so
+run   libsqliteodbc          /usr/lib/x86_64-linux-gnu/odbc/libsqlite3odbc.so
+run   sqlite3                sqlite3
+extra odbc-postgresql:i386   /usr/lib/i386-linux-gnu/odbc/psqlodbcw.so
+extra odbc-postgresql        /usr/lib/x86_64-linux-gnu/odbc/psqlodbcw.so
+extra postgresql             psql
 check clang-format-14        clang-format-14
 check shellcheck             shellcheck
 fuzz  clang                  clang++
@@ -26,6 +34,7 @@ SETUP_LOG=build/setup.log
 
 # Set where a package of this machine may be taken back to an older version for the sake of ours.
 DOWNGRADE=''
+LISTS_FETCHED=''
 
 cmd_setup() {
     if [[ ${1:-} == --downgrade ]]; then
@@ -34,15 +43,18 @@ cmd_setup() {
     fi
     no_arguments setup "$@"
     ensure build run check fuzz
+    if on_debian_12; then install_extra; fi
     say "All that kiv needs is installed."
 }
+
+on_debian_12() { [[ $(release_value ID) == debian && $(release_value VERSION_ID) == 12 ]]; }
 
 # ensure PURPOSE ...: fast and silent when nothing is missing for these purposes. If something is, everything that
 # is missing gets installed, and at once: where a mirror offers older versions for one architecture than for the other,
 # what was installed earlier for the one may rule out what the other needs.
 ensure() {
     local missing
-    if [[ $(release_value ID) != debian || $(release_value VERSION_ID) != 12 ]]; then
+    if ! on_debian_12; then
         ensure_elsewhere "$@"
         return
     fi
@@ -50,6 +62,7 @@ ensure() {
     ((${#missing[@]} == 0)) && return
     mapfile -t missing < <(missing_packages build run check fuzz)
     install "${missing[@]}"
+    install_extra
 }
 
 release_value() {
@@ -65,12 +78,14 @@ rows_for() {
 }
 
 missing_packages() {
-    local wanted
+    local wanted own
     mapfile -t wanted < <(rows_for "$@" | cut -d' ' -f1)
-    # A package of this machine's own architecture is listed both with and without it.
+    ((${#wanted[@]})) || return 0
+    # A name without an architecture means this machine's own, or none.
+    own=$(dpkg --print-architecture)
     comm -23 <(printf '%s\n' "${wanted[@]}" | LC_ALL=C sort -u) \
-        <(dpkg-query -W -f '${db:Status-Status} ${Package}\n${db:Status-Status} ${Package}:${Architecture}\n' \
-            "${wanted[@]}" 2>/dev/null | sed -n 's/^installed //p' | LC_ALL=C sort -u)
+        <(dpkg-query -W -f '${db:Status-Status} ${Package}:${Architecture}\n' "${wanted[@]}" 2>/dev/null |
+            sed -En "s/:($own|all)\$//; s/^installed //p" | LC_ALL=C sort -u)
 }
 
 # Another system: its packages are its owner's business, so only look whether the tools are there.
@@ -85,8 +100,34 @@ ensure_elsewhere() {
 }
 
 install() {
-    local codename missing log=$SETUP_LOG
-    codename=$(release_value VERSION_CODENAME)
+    local missing
+    fetch "$SETUP_LOG" "$@"
+    mapfile -t missing < <(missing_packages build run check fuzz)
+    ((${#missing[@]} == 0)) && return
+    tail -n 15 "$SETUP_LOG" >&2
+    die "these packages could not be installed: ${missing[*]}" \
+        "The messages above are apt's ($SETUP_LOG* has all of them). See that the network and the package" \
+        "mirror work, then run ./kiv setup again." \
+        "Where the mirror's lists for amd64 and i386 are out of step, it helps to wait until it has caught up, or" \
+        "to let newer packages of this machine go back to $(release_value VERSION_CODENAME)'s versions:" \
+        "./kiv setup --downgrade"
+}
+
+# By itself, so that what can be done without stands in the way of nothing; not tried again by every command.
+install_extra() {
+    local missing
+    mapfile -t missing < <(missing_packages extra)
+    ((${#missing[@]} == 0)) && return
+    fetch "$SETUP_LOG.extra" "${missing[@]}"
+    mapfile -t missing < <(missing_packages extra)
+    ((${#missing[@]} == 0)) ||
+        note "could not be installed: ${missing[*]} ($SETUP_LOG.extra says why). Tests that need them are skipped."
+}
+
+# fetch LOG PACKAGE ...: as far as they can be had.
+fetch() {
+    local log=$1
+    shift
     say "Installing what is missing: $*"
     if ((EUID != 0)) && ! command -v sudo >/dev/null; then
         die "installing packages needs root, and there is no sudo here." \
@@ -96,33 +137,30 @@ install() {
     ((EUID == 0)) || sudo -v
     if [[ " $* " == *:i386\ * ]] && ! dpkg --print-foreign-architectures | grep -qx i386; then
         as_root dpkg --add-architecture i386
+        LISTS_FETCHED=''
     fi
-    # One index that cannot be had need not matter: the packages may well come from the others.
-    step "Package lists" "$log.lists" apt update ||
-        note "some package lists could not be had; going on with the others."
-    step "Packages" "$log" apt install "$@" || install_older "$codename" "$@" || true
-    mapfile -t missing < <(missing_packages build run check fuzz)
-    ((${#missing[@]} == 0)) && return
-    tail -n 15 "$log" >&2
-    die "these packages could not be installed: ${missing[*]}" \
-        "The messages above are apt's ($SETUP_LOG* has all of them). See that the network and the package" \
-        "mirror work, then run ./kiv setup again." \
-        "Where the mirror's lists for amd64 and i386 are out of step, it helps to wait until it has caught up, or" \
-        "to let newer packages of this machine go back to $codename's versions: ./kiv setup --downgrade"
+    if [[ -z $LISTS_FETCHED ]]; then
+        # One index that cannot be had need not matter: the packages may well come from the others.
+        step "Package lists" "$log.lists" apt update ||
+            note "some package lists could not be had; going on with the others."
+        LISTS_FETCHED=yes
+    fi
+    step "Packages" "$log" apt install "$@" || install_older "$log" "$@" || true
 }
 
 # Where the lists of two architectures are out of step, only the versions of the release itself fit together.
-# install_older CODENAME PACKAGE ...
+# install_older LOG PACKAGE ...
 install_older() {
-    local codename=$1 pin
+    local log=$1 codename pin
+    codename=$(release_value VERSION_CODENAME)
     shift
     say "The newest versions do not fit together here; trying those of $codename itself."
-    step "Packages of $codename" "$SETUP_LOG.$codename" apt -t "$codename" install "$@" && return
+    step "Packages of $codename" "$log.$codename" apt -t "$codename" install "$@" && return
     [[ -n $DOWNGRADE ]] || return
     # Installed packages go back as well, but only those that have to. The mirror is the reason, not the machine.
     pin=$(mktemp)
     printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$codename" >"$pin"
-    step "Packages, taking others back" "$SETUP_LOG.older" \
+    step "Packages, taking others back" "$log.older" \
         apt --allow-downgrades -o Dir::Etc::Preferences="$pin" install "$@"
 }
 

@@ -23,11 +23,17 @@ fake() {
 {
     fake sudo '[[ $1 == -v ]] || "$@"'
     fake dpkg 'case $1 in
+        --print-architecture) echo amd64 ;;
         --print-foreign-architectures) cat "$machine/architectures" ;;
         --add-architecture) echo "$2" >>"$machine/architectures" ;;
         esac'
     fake dpkg-query 'for name in "${@:4}"; do
-            grep -qx "$name" "$machine/installed" && printf "installed %s\n" "${name%:*}" "$name"
+            # A name alone means every architecture of the package.
+            for known in "$name" "$name:i386" "$name:all"; do
+                grep -qx "$known" "$machine/installed" || continue
+                [[ $known == *:* ]] || known+=:amd64
+                printf "installed %s\n" "$known"
+            done
         done'
     # Options first, as kiv calls it. What was asked for is kept without those that say nothing about versions.
     fake apt-get 'versions=newest
@@ -59,9 +65,11 @@ on() {
     export update=0 newest=0 release=0 older=0
 }
 
-run() {
+run() { hear ensure "$@"; }
+
+hear() {
     status=0
-    printed=$( (trap - EXIT; ensure "$@") 2>&1) || status=$?
+    printed=$( (trap - EXIT; "$@") 2>&1) || status=$?
     asked=$(<"$machine/asked")
 }
 
@@ -131,6 +139,44 @@ run run
 expect status $status 1
 expect output "$printed" '*could not be installed: cmake wine32:i386*'
 DOWNGRADE=''
+
+# One architecture of a package is not the other; one of no architecture is any.
+PACKAGES='run libodbc2 bash
+run libodbc2:i386 bash
+run fonts bash'
+on debian 12 libodbc2:i386 fonts:all
+run run
+expect calls "$asked" $'update\nnewest: libodbc2'
+
+# What only some tests need comes by itself, and need not come.
+PACKAGES='run wine bash
+extra postgresql bash
+extra odbc-postgresql bash'
+on debian 12 wine
+run run
+expect output "$printed" ''
+expect calls "$asked" ''
+
+on debian 12
+run run
+expect status $status 0
+expect calls "$asked" $'update\nnewest: wine\nnewest: odbc-postgresql postgresql'
+
+on debian 12 wine postgresql
+hear cmd_setup
+expect status $status 0
+expect calls "$asked" $'update\nnewest: odbc-postgresql'
+
+on debian 12 wine
+newest=100 release=100
+hear cmd_setup
+expect status $status 0
+expect output "$printed" '*could not be installed: odbc-postgresql postgresql (*Tests that need them are skipped.*'
+expect calls "$asked" $'update\nnewest: odbc-postgresql postgresql\nrelease: odbc-postgresql postgresql'
+
+on fedora 40
+hear cmd_setup
+expect calls "$asked" ''
 
 # Elsewhere nothing is installed, only looked for.
 PACKAGES='build g++ bash'
