@@ -99,6 +99,13 @@ bool Constituent::Handle(UINT message, WPARAM& wParam, LPARAM lParam)
     case WM_KEYUP:
         owner_.PreviewKeyUp(key);
         break;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK:
+        return !owner_.TakesInput() || Received(message, wParam, lParam);
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
         owner_.ConstituentFocus(message == WM_SETFOCUS, reinterpret_cast<HWND>(wParam));
@@ -107,7 +114,7 @@ bool Constituent::Handle(UINT message, WPARAM& wParam, LPARAM lParam)
         return Received(message, wParam, lParam);
     }
     wParam = static_cast<WPARAM>(static_cast<WORD>(key));
-    return key == 0;
+    return key == 0 || Received(message, wParam, lParam);
 }
 
 // Nothing may unwind through a window procedure: an error leaves the message to the system's control.

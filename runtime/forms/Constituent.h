@@ -11,6 +11,8 @@ namespace kiv
 class ConstituentOwner
 {
 public:
+    // Whether presses of mouse buttons reach the constituent.
+    virtual bool TakesInput() const { return true; }
     // The keys, before the constituent sees them. A key set to 0 goes no further.
     virtual void PreviewKeyDown(short& keyCode) = 0;
     virtual void PreviewKeyPress(short& keyAscii) = 0;
@@ -60,7 +62,8 @@ protected:
     // know or do many times for each key.
     LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
 
-    // The window's own messages that are no keys and no focus; returns true when that is all there is to do.
+    // The window's own messages, after the owner has seen what is its to see; returns true when that is all
+    // there is to do.
     virtual bool Received(UINT message, WPARAM wParam, LPARAM lParam);
 
 private:

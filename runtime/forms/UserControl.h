@@ -217,6 +217,7 @@ private:
     IUnknown* SurfaceOwner() noexcept override { return Outer(); }
 
     // ConstituentOwner (UserControl_window.cpp)
+    bool TakesInput() const override;
     void PreviewKeyDown(short& keyCode) override;
     void PreviewKeyPress(short& keyAscii) override;
     void PreviewKeyUp(short& keyCode) override;
@@ -225,7 +226,6 @@ private:
 
     void MousePressed(short button, LPARAM position);
     void MouseReleased(short button, WPARAM keys, LPARAM position);
-    bool TakesInput() const;
     void FocusGained(HWND from);
     void FocusLost(HWND to);
     bool IsOwn(HWND window) const;
