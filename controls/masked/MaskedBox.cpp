@@ -24,7 +24,9 @@ void Apply(const KeyOutcome& outcome, TextBox& box, short& key)
         if (box.Text() != text)
             return;
     }
-    box.Select(outcome.Box.SelStart, outcome.Box.SelLength);
+    const TextBox::Selection wanted = {outcome.Box.SelStart, outcome.Box.SelLength};
+    if (box.Selected() != wanted)
+        box.Select(wanted.Start, wanted.Length);
 }
 
 bool HandleClipboardMessage(UINT message, TextBox& box, std::wstring_view mask, const PasteRule& pasted)

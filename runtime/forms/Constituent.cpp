@@ -1,8 +1,11 @@
 #include "runtime/forms/Constituent.h"
 
 #include "runtime/com/Boundary.h"
+#include "runtime/com/PerThread.h"
 
 #include <wrl/client.h>
+
+#include <unordered_map>
 
 namespace kiv
 {
@@ -10,8 +13,12 @@ namespace kiv
 namespace
 {
 
-// Leads from a window to its constituent. Not the user-data slot: that belongs to the subclassing service.
-constexpr char PropertyName[] = "KivControls.Constituent";
+// Lead from windows to their constituents. Not the user-data slot, which belongs to the subclassing service,
+// and not a window property, whose reading costs more than all else that is done for a message.
+struct Constituents
+{
+    std::unordered_map<HWND, Constituent*> ByWindow;
+};
 
 } // namespace
 
@@ -23,7 +30,7 @@ Constituent::Constituent(ConstituentOwner& owner, HWND parent, const char* windo
 {
     if (!window_)
         ThrowLastError();
-    SetPropA(window_, PropertyName, this);
+    PerThread<Constituents>().ByWindow[window_] = this;
     previous_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Constituent::WndProc)));
 }
@@ -32,14 +39,16 @@ Constituent::~Constituent()
 {
     if (!window_)
         return;
-    RemovePropA(window_, PropertyName);
+    PerThread<Constituents>().ByWindow.erase(window_);
     SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous_));
     DestroyWindow(window_);
 }
 
 Constituent* Constituent::Of(HWND window)
 {
-    return static_cast<Constituent*>(GetPropA(window, PropertyName));
+    const auto& constituents = PerThread<Constituents>().ByWindow;
+    const auto found = constituents.find(window);
+    return found == constituents.end() ? nullptr : found->second;
 }
 
 bool Constituent::Enabled() const
@@ -120,14 +129,15 @@ bool Constituent::Handle(UINT message, WPARAM& wParam, LPARAM lParam)
 // Nothing may unwind through a window procedure: an error leaves the message to the system's control.
 LRESULT CALLBACK Constituent::WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
-    Constituent* const constituent = Of(window);
+    Constituent* constituent = nullptr;
+    Boundary([&] { constituent = Of(window); });
     if (!constituent)
         return DefWindowProcA(window, message, wParam, lParam);
     const WNDPROC previous = constituent->previous_;
     if (message == WM_NCDESTROY)
     {
         constituent->window_ = nullptr;
-        RemovePropA(window, PropertyName);
+        PerThread<Constituents>().ByWindow.erase(window);
         return CallWindowProcA(previous, window, message, wParam, lParam);
     }
     const Microsoft::WRL::ComPtr<IUnknown> held(constituent->owner_.ConstituentHolder());

@@ -39,6 +39,8 @@ public:
     {
         int Start = 0;
         int Length = 0;
+
+        bool operator==(const Selection&) const = default;
     };
     Selection Selected() const;
     void Select(int start, int length);

@@ -67,8 +67,13 @@ run_tests() {
     local group=$1 arch=$2 program=$3 log status=0 outcome ending
     log=build/test/$arch/$group.log
     shift 3
-    step "Testing $group ($arch)" "$log" \
-        timeout --kill-after=10 "$TEST_LIMIT" "$@" "$program" --gtest_color=no "--gtest_filter=$FILTER" || status=$?
+    run_test_program "$@" || status=$?
+    if ((status != 0)) && never_started "$log"; then
+        note "Wine did not start the program; once more, with Wine started anew."
+        stop_wine
+        status=0
+        run_test_program "$@" || status=$?
+    fi
     ending="ended early with status $status"
     if ((status == 124 || status == 137)); then
         ending="was stopped after $TEST_LIMIT seconds"
@@ -80,6 +85,18 @@ run_tests() {
     tail -n +2 "$log.results"
     read -r -a outcome <"$log.results"
     note_result "$group" "$arch" "${outcome[@]}" "$TOOK"
+}
+
+# run_test_program [RUNNER], for run_tests
+run_test_program() {
+    step "Testing $group ($arch)" "$log" \
+        timeout --kill-after=10 "$TEST_LIMIT" "$@" "$program" --gtest_color=no "--gtest_filter=$FILTER"
+}
+
+# never_started LOG: whether Wine could not make the process, see twice. A program that has begun its tests is never
+# started again.
+never_started() {
+    grep -q 'ShellExecuteEx failed' "$1" && ! grep -q '^\[==========\]' "$1"
 }
 
 # note_result GROUP ARCH PASSED FAILED SKIPPED SECONDS: a row of the table.

@@ -34,7 +34,7 @@ use_prefix() {
     WINE_PREFIXES+=("$WINEPREFIX")
     [[ ! $WINEPREFIX/made-by-kiv -nt tools/kiv/wine.sh ]] || return 0
     rm -rf "$WINEPREFIX"
-    step "Making the Wine prefix $1 (about 15 s)" "build/$1/wine.log" make_prefix || {
+    step "Making the Wine prefix $1 (about 15 s)" "build/$1/wine.log" twice make_prefix || {
         tail -n 10 "build/$1/wine.log" >&2
         die "the Wine prefix build/$1/wine could not be made." "All of Wine's messages: build/$1/wine.log"
     }
@@ -56,6 +56,10 @@ add_fonts() {
     mkdir -p "$WINEPREFIX/drive_c/windows/Fonts" &&
         cp /usr/share/wine/fonts/*.[tf]* "$WINEPREFIX/drive_c/windows/Fonts/"
 }
+
+# twice COMMAND ...: very seldom Wine cannot make a process, and says no more than that; at the next attempt it can.
+# For what does no harm when it is done again.
+twice() { "$@" || "$@"; }
 
 # manage_windows Y|N PROGRAM ...: whether a window manager is asked to frame the program's windows. Where none
 # answers, as on kiv's own display, Wine waits two seconds for one whenever a captioned window goes away; without
@@ -97,7 +101,7 @@ windows_path() { wine winepath -w "$1" 2>/dev/null 9>&- | tr -d '\r'; }
 # register ARCH: as any Windows machine would do it, with the system's own program.
 register() {
     step "Registering the library ($1)" "build/$1/regsvr32.log" \
-        wine regsvr32 /s "$(windows_path "$ROOT/$(library "$1")")"
+        twice wine regsvr32 /s "$(windows_path "$ROOT/$(library "$1")")"
 }
 
 # open_registered_prefix ARCH: where a host finds the library.
