@@ -1,5 +1,8 @@
 #include "runtime/com/PropertyBag.h"
 
+#include "runtime/com/SystemLocale.h"
+#include "runtime/com/VariantNumber.h"
+
 namespace kiv
 {
 
@@ -30,6 +33,25 @@ long PropertyBag::ReadProperty(const wchar_t* name, long defaultValue)
 {
     const std::optional<Variant> stored = ReadAs(name, VT_I4);
     return stored ? stored->Long() : defaultValue;
+}
+
+float PropertyBag::ReadProperty(const wchar_t* name, float defaultValue)
+{
+    const std::optional<Variant> stored = ReadAs(name, VT_R4);
+    return stored ? V_R4(&stored->Get()) : defaultValue;
+}
+
+// Not by the system's conversions, which pass through a double.
+Currency PropertyBag::ReadProperty(const wchar_t* name, Currency defaultValue)
+{
+    const std::optional<Variant> stored = ReadValue(name, VT_CY);
+    if (!stored || stored->Type() == VT_EMPTY)
+        return defaultValue;
+    const std::optional<Decimal> number = NumberIn(*stored, SystemLocale());
+    const std::optional<Currency> amount = number ? Currency::From(*number) : std::nullopt;
+    if (!amount)
+        ReportUnusable(name);
+    return amount.value_or(defaultValue);
 }
 
 std::wstring PropertyBag::ReadProperty(const wchar_t* name, const wchar_t* defaultValue)

@@ -20,6 +20,9 @@ public:
     bool ReadProperty(const wchar_t* name, bool defaultValue);
     short ReadProperty(const wchar_t* name, short defaultValue);
     long ReadProperty(const wchar_t* name, long defaultValue);
+    float ReadProperty(const wchar_t* name, float defaultValue);
+    // Numbers and numeric texts are taken to the nearest ten-thousandth.
+    Currency ReadProperty(const wchar_t* name, Currency defaultValue);
     std::wstring ReadProperty(const wchar_t* name, const wchar_t* defaultValue);
     // An automation date.
     double ReadDate(const wchar_t* name, double defaultValue);

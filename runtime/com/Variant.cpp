@@ -21,10 +21,22 @@ Variant::Variant(long value) noexcept : Variant()
     V_I4(&value_) = value;
 }
 
+Variant::Variant(float value) noexcept : Variant()
+{
+    V_VT(&value_) = VT_R4;
+    V_R4(&value_) = value;
+}
+
 Variant::Variant(double value) noexcept : Variant()
 {
     V_VT(&value_) = VT_R8;
     V_R8(&value_) = value;
+}
+
+Variant::Variant(Currency amount) noexcept : Variant()
+{
+    V_VT(&value_) = VT_CY;
+    V_CY(&value_).int64 = amount.Units();
 }
 
 Variant::Variant(std::wstring_view text) : Variant()
@@ -183,6 +195,10 @@ bool Identical(const Variant& one, const Variant& other)
         return V_I2(&a) == V_I2(&b);
     case VT_I4:
         return V_I4(&a) == V_I4(&b);
+    case VT_R4:
+        return V_R4(&a) == V_R4(&b);
+    case VT_CY:
+        return V_CY(&a).int64 == V_CY(&b).int64;
     case VT_UNKNOWN:
     case VT_DISPATCH:
         return one.Object() == other.Object();

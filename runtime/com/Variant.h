@@ -2,6 +2,7 @@
 
 #include "runtime/com/Bstr.h"
 #include "runtime/com/Errors.h"
+#include "runtime/core/Currency.h"
 
 #include <concepts>
 #include <optional>
@@ -17,7 +18,9 @@ public:
     explicit Variant(bool value) noexcept;
     explicit Variant(short value) noexcept;
     explicit Variant(long value) noexcept;
+    explicit Variant(float value) noexcept;
     explicit Variant(double value) noexcept;
+    explicit Variant(Currency amount) noexcept;
     explicit Variant(std::wstring_view text);
     explicit Variant(const wchar_t* text) : Variant(std::wstring_view(text)) {}
     // References; null is kept as a null reference of its type.

@@ -173,6 +173,9 @@ protected:
     // Key events: the host may change the key, or set it to 0.
     void RaiseKeyEvent(DISPID event, short& KeyCode, short Shift);
     void RaiseKeyEvent(DISPID event, short& KeyAscii);
+    // A property of the extender, which is what the container adds to the control for its own clients
+    // (HelpContextID, ...). Empty when there is none.
+    Variant ExtenderProperty(const wchar_t* name) const;
     // Raises a run-time error, for members that cannot be read while the form is being designed.
     void RefuseAtDesignTime() const;
 
