@@ -1,5 +1,7 @@
 #include "host/container/Mnemonic.h"
 
+#include "runtime/core/Mnemonic.h"
+
 namespace kiv::host
 {
 
@@ -16,16 +18,9 @@ wchar_t UpperCase(wchar_t letter)
 
 bool HasMnemonicOf(std::wstring_view caption, const MSG& message)
 {
-    if (message.message != WM_SYSCHAR)
-        return false;
-    for (std::size_t at = 0; at + 1 < caption.size(); ++at)
-        if (caption[at] == L'&')
-        {
-            if (caption[at + 1] != L'&')
-                return UpperCase(caption[at + 1]) == UpperCase(static_cast<wchar_t>(message.wParam));
-            ++at;
-        }
-    return false;
+    const wchar_t letter = MnemonicOf(caption);
+    return message.message == WM_SYSCHAR && letter != 0 &&
+           UpperCase(letter) == UpperCase(static_cast<wchar_t>(message.wParam));
 }
 
 } // namespace kiv::host

@@ -7,9 +7,11 @@
 #include "runtime/com/MakeCom.h"
 #include "runtime/com/PropertyBag.h"
 #include "runtime/com/StreamPropertyBag.h"
+#include "runtime/forms/AccessKeys.h"
 #include "runtime/forms/AmbientProperties.h"
 #include "runtime/forms/Constituent.h"
 #include "runtime/forms/ControlClass.h"
+#include "runtime/forms/ExtenderProperties.h"
 #include "runtime/forms/Surface.h"
 
 #include <windows.h>
@@ -146,6 +148,8 @@ protected:
     virtual void UserControl_KeyDown(short& KeyCode, short Shift);
     virtual void UserControl_KeyPress(short& KeyAscii);
     virtual void UserControl_KeyUp(short& KeyCode, short Shift);
+    // One of the letters of SetAccessKeys was typed with Alt, wherever the focus is.
+    virtual void UserControl_AccessKeyPress(wchar_t) {}
     // The focus crosses the control's outer edge; moves between its own windows do not count.
     virtual void UserControl_EnterFocus() {}
     virtual void UserControl_ExitFocus() {}
@@ -155,6 +159,7 @@ protected:
     Surface& TheSurface() { return surface_; }
     const Surface& TheSurface() const { return surface_; }
     const AmbientProperties& Ambient() const { return ambient_; }
+    const ExtenderProperties& Extender() const { return extender_; }
     const ControlClass& Class() const { return class_; }
 
     // Repaints the surface, in the window or wherever the container shows it.
@@ -164,12 +169,21 @@ protected:
     void RequestSize(SIZE pixels);
     // The window that has the focus when the control has it: the surface's, unless a constituent takes it.
     virtual HWND FocusWindow() const { return surface_.hWnd(); }
+    // The letters that, with Alt, lead to the control; the container hears of a change.
+    void SetAccessKeys(std::wstring_view letters);
+    // Whether Enter is the control's own while it has the focus, and not for the container's default button.
+    virtual bool TakesReturn() const { return false; }
+    // For an access key: the container hears that the control is active, and the keys go to it.
+    void TakeFocus();
+    bool TakesInput() const override;
     // A persisted or bound property has changed. Not told to anybody while the control is loading.
     void PropertyChanged(const wchar_t* name);
     // Raises an event of the control's source interface; arguments in declared order, by-reference ones
     // asking the host for an answer. The host may do anything in it, but the control lives until this
     // returns.
     void RaiseEvent(DISPID event, std::span<const Variant> arguments = {});
+    // The same, also while the control is loading.
+    void RaiseEventAtAnyTime(DISPID event, std::span<const Variant> arguments = {});
     // Key events: the host may change the key, or set it to 0.
     void RaiseKeyEvent(DISPID event, short& KeyCode, short Shift);
     void RaiseKeyEvent(DISPID event, short& KeyAscii);
@@ -220,7 +234,6 @@ private:
     IUnknown* SurfaceOwner() noexcept override { return Outer(); }
 
     // ConstituentOwner (UserControl_window.cpp)
-    bool TakesInput() const override;
     void PreviewKeyDown(short& keyCode) override;
     void PreviewKeyPress(short& keyAscii) override;
     void PreviewKeyUp(short& keyCode) override;
@@ -240,11 +253,11 @@ private:
 
     // UserControl_object.cpp
     HRESULT ReportMemberError(HRESULT result) noexcept;
+    void TellAccessKeys();
 
     // UserControl_activation.cpp
     void ActivateInPlace();
     void ActivateUi();
-    void TakeFocus();
     void Follow(const RECT& position);
 
     // UserControl_persistence.cpp
@@ -262,6 +275,9 @@ private:
 
     const ControlClass& class_;
     AmbientProperties ambient_;
+    ExtenderProperties extender_;
+    AccessKeys accessKeys_;
+    std::wstring toldAccessKeys_; // as the container knows them
     Microsoft::WRL::ComPtr<IOleClientSite> clientSite_;
     Microsoft::WRL::ComPtr<IOleControlSite> controlSite_;
     Microsoft::WRL::ComPtr<IOleInPlaceSite> inPlaceSite_;

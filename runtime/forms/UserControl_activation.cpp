@@ -106,7 +106,6 @@ void UserControl::ActivateUi()
     announce(document_);
 }
 
-// For a click: the container hears that the control is active, and the keys go to it.
 void UserControl::TakeFocus()
 {
     if (activity_ == Activity::InPlace)
@@ -199,8 +198,8 @@ HRESULT UserControl::TranslateAccelerator(LPMSG message) noexcept
     if (!message)
         return E_POINTER;
     const bool isKey = message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN;
-    const bool isContainers =
-        isKey && (message->wParam == VK_TAB || message->wParam == VK_RETURN || message->wParam == VK_ESCAPE);
+    const bool isContainers = isKey && (message->wParam == VK_TAB || message->wParam == VK_ESCAPE ||
+                                        (message->wParam == VK_RETURN && !TakesReturn()));
     const ComPtr<IOleControlSite> site = controlSite_;
     if (!isContainers || !site)
         return S_FALSE;

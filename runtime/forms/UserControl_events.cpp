@@ -27,8 +27,12 @@ void UserControl::NotifyChanged(DISPID property)
 
 void UserControl::RaiseEvent(DISPID event, std::span<const Variant> arguments)
 {
-    if (loading_)
-        return;
+    if (!loading_)
+        RaiseEventAtAnyTime(event, arguments);
+}
+
+void UserControl::RaiseEventAtAnyTime(DISPID event, std::span<const Variant> arguments)
+{
     if (freezeCount_ == 0)
     {
         Deliver(event, arguments);

@@ -23,6 +23,7 @@ HRESULT UserControl::SetClientSite(IOleClientSite* site) noexcept
         if (site)
             site->QueryInterface(IID_PPV_ARGS(&controlSite_));
         ambient_.Connect(site);
+        extender_.Connect(site);
     });
 }
 
@@ -160,14 +161,34 @@ HRESULT UserControl::GetControlInfo(CONTROLINFO* info) noexcept
 {
     if (!info)
         return E_POINTER;
-    // No mnemonics, and neither Enter nor Esc is kept from the container's buttons.
-    *info = {sizeof(CONTROLINFO), nullptr, 0, 0};
+    *info = {sizeof(CONTROLINFO), nullptr, 0, TakesReturn() ? DWORD{CTRLINFO_EATS_RETURN} : 0};
+    accessKeys_.Describe(*info);
     return S_OK;
 }
 
-HRESULT UserControl::OnMnemonic(MSG*) noexcept
+HRESULT UserControl::OnMnemonic(MSG* message) noexcept
 {
-    return S_OK;
+    const ComPtr<IUnknown> held(Outer());
+    return Boundary([&] {
+        const wchar_t letter = accessKeys_.LetterOf(message);
+        if (letter != 0 && TakesInput())
+            UserControl_AccessKeyPress(letter);
+    });
+}
+
+void UserControl::SetAccessKeys(std::wstring_view letters)
+{
+    accessKeys_.Letters(letters);
+    TellAccessKeys();
+}
+
+void UserControl::TellAccessKeys()
+{
+    if (loading_ || toldAccessKeys_ == accessKeys_.Letters())
+        return;
+    toldAccessKeys_ = accessKeys_.Letters();
+    if (const ComPtr<IOleControlSite> site = controlSite_)
+        site->OnControlInfoChanged();
 }
 
 HRESULT UserControl::OnAmbientPropertyChange(DISPID property) noexcept

@@ -41,6 +41,7 @@ void UserControl::LoadFrom(const std::function<void()>& read)
     hasProperties_ = true;
     dirty_ = false;
     UserControl_Resize();
+    TellAccessKeys();
     Refresh();
 }
 

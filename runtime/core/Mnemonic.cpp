@@ -1,0 +1,19 @@
+#include "runtime/core/Mnemonic.h"
+
+namespace kiv
+{
+
+wchar_t MnemonicOf(std::wstring_view caption)
+{
+    for (std::size_t at = 0; at + 1 < caption.size(); ++at)
+    {
+        if (caption[at] != L'&')
+            continue;
+        ++at;
+        if (caption[at] != L'&')
+            return caption[at];
+    }
+    return 0;
+}
+
+} // namespace kiv

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "runtime/com/Variant.h"
+
+#include <ocidl.h>
+#include <wrl/client.h>
+
+namespace kiv
+{
+
+// What the container itself keeps about a control: its name, its help numbers and the like, read late-bound.
+class ExtenderProperties
+{
+public:
+    void Connect(IUnknown* site);
+
+    // Empty when the container has no such property, or nothing of the kind at all.
+    Variant Get(const wchar_t* property) const;
+
+private:
+    Microsoft::WRL::ComPtr<IOleControlSite> site_;
+};
+
+} // namespace kiv

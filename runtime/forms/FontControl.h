@@ -1,0 +1,55 @@
+#pragma once
+
+#include "runtime/forms/DualControl.h"
+
+namespace kiv
+{
+
+// A control with Enabled and Font, which as they stand here are those of the surface.
+template<class Dual>
+class FontControl : public DualControl<Dual>
+{
+public:
+    HRESULT STDMETHODCALLTYPE get_Enabled(VARIANT_BOOL* result) noexcept override
+    {
+        return this->Get(result, [&] { return Enabled() ? VARIANT_TRUE : VARIANT_FALSE; });
+    }
+    HRESULT STDMETHODCALLTYPE put_Enabled(VARIANT_BOOL newState) noexcept override
+    {
+        return this->Member([&] { Enabled(newState != VARIANT_FALSE); });
+    }
+    HRESULT STDMETHODCALLTYPE get_Font(IFontDisp** result) noexcept override
+    {
+        return this->Get(result, [&] { return FontObject(Font()).Detach(); });
+    }
+    HRESULT STDMETHODCALLTYPE putref_Font(IFontDisp* newFont) noexcept override
+    {
+        // Without a font the container's is as good as any.
+        return this->Member([&] { Font(newFont ? FontObject(newFont) : this->Ambient().Font()); });
+    }
+
+protected:
+    using DualControl<Dual>::DualControl;
+
+    virtual bool Enabled() const { return this->TheSurface().Enabled(); }
+    virtual void Enabled(bool newState)
+    {
+        this->TheSurface().Enabled(newState);
+        this->PropertyChanged(L"Enabled");
+        this->Refresh();
+    }
+    const FontObject& Font() const { return this->TheSurface().Font(); }
+    void Font(FontObject newFont)
+    {
+        this->TheSurface().Font(std::move(newFont), [this] { FontChanged(); });
+        ApplyFont();
+        this->PropertyChanged(L"Font");
+    }
+
+    // Lays the control out for its font.
+    virtual void ApplyFont() = 0;
+    // The font object reports that one of its attributes has changed.
+    virtual void FontChanged() { ApplyFont(); }
+};
+
+} // namespace kiv

@@ -1,0 +1,39 @@
+#include "runtime/core/Mnemonic.h"
+
+#include <gtest/gtest.h>
+
+namespace kiv::test
+{
+
+namespace
+{
+
+TEST(MnemonicTest, IsTheFirstLetterThatASingleAmpersandMarks)
+{
+    const struct
+    {
+        const wchar_t* Caption;
+        wchar_t Letter;
+    } rows[] = {
+        {L"", 0},
+        {L"OK", 0},
+        {L"&OK", L'O'},
+        {L"E&xit", L'x'},
+        {L"Exi&t", L't'},
+        {L"Exit&", 0},
+        {L"&", 0},
+        {L"&&", 0},
+        {L"A && B", 0},
+        {L"A && &B", L'B'},
+        {L"&&&B", L'B'},
+        {L"&One &Two", L'O'},
+        {L"&& & more", L' '},
+        {L"&\u00C9", L'\u00C9'},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(MnemonicOf(row.Caption), row.Letter) << testing::PrintToString(std::wstring(row.Caption));
+}
+
+} // namespace
+
+} // namespace kiv::test
