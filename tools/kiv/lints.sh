@@ -84,7 +84,7 @@ portable_files() {
     local rules
     rules=$(sed -n '/^add_library(kiv_rules/,/)/p' controls/CMakeLists.txt | grep -oE '[A-Za-z/]+\.cpp' |
         sed 's/\.cpp$//' | paste -sd '|')
-    cpp_sources | grep -E "^((runtime/core|tools|fuzz|tests/native|host/formfile)/|controls/($rules)\.)"
+    cpp_sources | grep -E "^((runtime/core|tools|fuzz|tests/native|host/formfile)/|host/data/[A-Za-z]*Query|controls/($rules)\.)"
 }
 
 find_long_files() {
