@@ -1,0 +1,121 @@
+// Number and date boxes as pictures: the text box on them is drawn with them, without a window to see.
+
+#include "tests/com/MaskedControl.h"
+#include "tests/support/LibraryTest.h"
+#include "tests/support/Pixels.h"
+#include "tests/support/Text.h"
+
+#include "runtime/com/Errors.h"
+#include "runtime/core/Units.h"
+
+#include <KivControls.h>
+#include <oleidl.h>
+
+namespace kiv::test
+{
+
+namespace
+{
+
+constexpr COLORREF Paper = RGB(255, 0, 255);
+constexpr COLORREF Back = RGB(0, 200, 0);
+constexpr COLORREF Ink = RGB(0, 0, 200);
+constexpr SIZE CanvasSize = {160, 60};
+constexpr RECT Bounds = {20, 10, 140, 40};
+
+class ViewedBox : public LibraryTest
+{
+protected:
+    // A coloured box, as large as the bounds, so that nothing is scaled.
+    explicit ViewedBox(REFCLSID classId) : control_(classId)
+    {
+        control_.Site().Log().AllowAll();
+        control_.InitNew();
+        control_.Put(L"BackColor", Variant(static_cast<long>(Back)));
+        control_.Put(L"ForeColor", Variant(static_cast<long>(Ink)));
+        SIZEL size = {PixelsToHimetric(Bounds.right - Bounds.left, 96),
+                      PixelsToHimetric(Bounds.bottom - Bounds.top, 96)};
+        Check(control_.Query<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size));
+    }
+
+    Pixels Drawn() const
+    {
+        const Canvas canvas(CanvasSize);
+        const RECT all = {0, 0, CanvasSize.cx, CanvasSize.cy};
+        const HBRUSH brush = CreateSolidBrush(Paper);
+        FillRect(canvas.Dc(), &all, brush);
+        DeleteObject(brush);
+        const RECTL bounds = {Bounds.left, Bounds.top, Bounds.right, Bounds.bottom};
+        EXPECT_EQ(Hr(control_.Query<IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr,
+                                                         canvas.Dc(), &bounds, nullptr, nullptr, 0)),
+                  Hr(S_OK));
+        return canvas.Content();
+    }
+    static int Count(const Pixels& pixels, COLORREF color)
+    {
+        int count = 0;
+        for (int y = 0; y < CanvasSize.cy; ++y)
+        {
+            for (int x = 0; x < CanvasSize.cx; ++x)
+                count += pixels.At(x, y) == color ? 1 : 0;
+        }
+        return count;
+    }
+
+    MaskedControl control_;
+};
+
+class MaskedViewTest : public ViewedBox, public testing::WithParamInterface<const CLSID*>
+{
+protected:
+    MaskedViewTest() : ViewedBox(*GetParam()) {}
+};
+
+class RoutingViewTest : public ViewedBox
+{
+protected:
+    RoutingViewTest() : ViewedBox(CLSID_NumberBox) {}
+};
+
+TEST_P(MaskedViewTest, ShowsTheBoxInsideTheBoundsOnly)
+{
+    const Pixels drawn = Drawn();
+    const int inside = (Bounds.right - Bounds.left) * (Bounds.bottom - Bounds.top);
+    EXPECT_EQ(Count(drawn, Paper), CanvasSize.cx * CanvasSize.cy - inside);
+    EXPECT_EQ(drawn.At(Bounds.left, Bounds.top), GetSysColor(COLOR_BTNSHADOW)) << "the sunken border";
+    EXPECT_EQ(drawn.At(Bounds.right - 1, Bounds.bottom - 1), GetSysColor(COLOR_BTNHIGHLIGHT));
+    EXPECT_GT(Count(drawn, Back), 2000);
+    EXPECT_GT(Count(drawn, Ink), 20) << "the mask";
+}
+
+TEST_P(MaskedViewTest, ShowsTheEntry)
+{
+    const Pixels empty = Drawn();
+    control_.Put(L"Value", Variant(*GetParam() == CLSID_DateBox ? L"12/31/04" : L"123-45-6789"));
+    EXPECT_NE(Difference(empty, Drawn()), "");
+}
+
+TEST_P(MaskedViewTest, IsGreyWhenDisabled)
+{
+    control_.Put(L"Enabled", Variant(false));
+    const Pixels drawn = Drawn();
+    EXPECT_EQ(Count(drawn, Ink), 0);
+    EXPECT_GT(Count(drawn, GetSysColor(COLOR_GRAYTEXT)), 20);
+}
+
+TEST_F(RoutingViewTest, DoesNotShowTheBoxThatIsNotInUse)
+{
+    control_.Put(L"Style", Variant(2L));
+    EXPECT_EQ(Count(Drawn(), Ink), 0) << "an empty routing number, and not the mask under it";
+    control_.Put(L"Text", Variant(L"011000015"));
+    EXPECT_GT(Count(Drawn(), Ink), 20);
+}
+
+INSTANTIATE_TEST_SUITE_P(Boxes, MaskedViewTest, testing::Values(&CLSID_NumberBox, &CLSID_DateBox),
+                         [](const testing::TestParamInfo<const CLSID*>& box) {
+                             return *box.param == CLSID_DateBox ? "DateBox" : "NumberBox";
+                         });
+
+} // namespace
+
+} // namespace kiv::test
