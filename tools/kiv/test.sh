@@ -22,6 +22,7 @@ cmd_test() {
     if chosen native; then run_tests native native build/native/tests/native/kiv-native-tests; fi
     if ((${#windows[@]})); then
         start_display
+        if chosen gui; then prepare_test_data; fi
         for arch in "${ARCHES[@]}"; do test_windows "$arch" "${windows[@]}"; done
     fi
     sum_up
@@ -53,6 +54,7 @@ test_windows() {
     KIVCTLS_OCX=$(windows_path "$ROOT/$(library "$arch")")
     KIV_SOURCE=$(windows_path "$ROOT")
     export KIVCTLS_OCX KIV_SOURCE
+    if chosen gui; then use_test_data "$arch"; fi
     if ! register "$arch"; then
         tail -n 10 "build/$arch/regsvr32.log"
         note_result "regsvr32" "$arch" 0 1 0 "$TOOK"
