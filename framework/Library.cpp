@@ -1,3 +1,4 @@
+#include "controls/choice/PicCommand.h"
 #include "controls/choice/YesNo.h"
 #include "controls/masked/DateBox.h"
 #include "controls/masked/NumberBox.h"
@@ -33,6 +34,7 @@ constexpr LibraryClass ClassOf = {&Control::Class, &CreateControl<Control>};
 // Every class that the library offers.
 constexpr LibraryClass Classes[] = {
     ClassOf<YesNo>,
+    ClassOf<PicCommand>,
     ClassOf<NumberBox>,
     ClassOf<DateBox>,
 };

@@ -82,6 +82,14 @@ Picture LoadBitmapPicture(const char* name)
     return picture;
 }
 
+void* HandleOf(const Picture& picture)
+{
+    OLE_HANDLE handle = 0;
+    if (!picture || FAILED(picture->get_Handle(&handle)))
+        return nullptr;
+    return LongToHandle(static_cast<LONG>(handle));
+}
+
 } // namespace
 
 ModuleData& Module()
@@ -102,10 +110,12 @@ void Main()
 
 HBITMAP BitmapOf(const Picture& picture)
 {
-    OLE_HANDLE handle = 0;
-    if (!picture || FAILED(picture->get_Handle(&handle)))
-        return nullptr;
-    return static_cast<HBITMAP>(LongToHandle(static_cast<LONG>(handle)));
+    return static_cast<HBITMAP>(HandleOf(picture));
+}
+
+HICON IconOf(const Picture& picture)
+{
+    return static_cast<HICON>(HandleOf(picture));
 }
 
 } // namespace kiv

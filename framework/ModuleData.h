@@ -49,7 +49,8 @@ ModuleData& Module();
 // fails to load leaves its place empty.
 void Main();
 
-// The handle of a bitmap picture, null for no picture. The picture keeps it.
+// The handle of a bitmap or an icon picture, null for no picture. The picture keeps it.
 HBITMAP BitmapOf(const Picture& picture);
+HICON IconOf(const Picture& picture);
 
 } // namespace kiv

@@ -36,7 +36,7 @@ protected:
     {
         this->TheSurface().Enabled(newState);
         this->PropertyChanged(L"Enabled");
-        this->Refresh();
+        this->UserControl::Refresh(); // the interface may have one of its own
     }
     const FontObject& Font() const { return this->TheSurface().Font(); }
     void Font(FontObject newFont)

@@ -67,6 +67,7 @@ void Surface::Reset()
     backColor_ = SystemColor(COLOR_BTNFACE);
     foreColor_ = SystemColor(COLOR_BTNTEXT);
     enabled_ = true;
+    EnableWindow(window_, TRUE);
 }
 
 void Surface::MoveUnder(HWND parent)

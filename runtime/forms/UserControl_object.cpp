@@ -171,7 +171,7 @@ HRESULT UserControl::OnMnemonic(MSG* message) noexcept
     const ComPtr<IUnknown> held(Outer());
     return Boundary([&] {
         const wchar_t letter = accessKeys_.LetterOf(message);
-        if (letter != 0 && TakesInput())
+        if (letter != 0 && activity_ != Activity::Inactive && TakesInput())
             UserControl_AccessKeyPress(letter);
     });
 }

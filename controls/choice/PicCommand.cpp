@@ -1,0 +1,234 @@
+#include "controls/choice/PicCommand.h"
+
+#include "framework/ModuleData.h"
+#include "resources/ResourceIds.h"
+#include "runtime/core/Mnemonic.h"
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr DISPID ClickEvent = 1;
+
+} // namespace
+
+const ControlClass PicCommand::Class = {
+    CLSID_PicCommand, __uuidof(_PicCommand),     __uuidof(__PicCommand),
+    L"PicCommand",    L"KivControls.PicCommand", KIV_TOOLBOX_PICCOMMAND,
+    {1800, 375},
+};
+
+PicCommand::PicCommand(IUnknown* outer) : FontControl(Class, outer) {}
+
+void* PicCommand::FindInterface(REFIID iid) noexcept
+{
+    if (iid == __uuidof(ISubClass))
+        return static_cast<ISubClass*>(&subClass_);
+    return FontControl::FindInterface(iid);
+}
+
+// --- The control's life ---
+
+void PicCommand::UserControl_Initialize()
+{
+    if (!Module().SharedPictures.checkmark)
+        Main();
+    cmd.OnClick = [this] { cmd_Click(); };
+    SetWindowLongPtrA(cmd.hWnd(), GWL_STYLE, GetWindowLongPtrA(cmd.hWnd(), GWL_STYLE) | BS_OWNERDRAW);
+    Font(CreateDefaultFont());
+    for (const HWND window : {TheSurface().hWnd(), cmd.hWnd()})
+        RegisterOwner(window, &subClass_);
+    HookWindow(TheSurface().hWnd(), PrevWndProc);
+    HookWindow(cmd.hWnd(), PrevWndProcOfCmd);
+}
+
+void PicCommand::UserControl_InitProperties()
+{
+    DetailStatus = 0;
+    PictureType = 0;
+    cmd.Enabled(true);
+    const std::optional<Variant> name = Extender().Get(L"Name").As(VT_BSTR);
+    Caption = name ? name->Text() : std::wstring();
+    TakeCaption();
+    Font(Ambient().Font());
+}
+
+void PicCommand::UserControl_ReadProperties(PropertyBag& PropBag)
+{
+    DetailStatus = PropBag.ReadProperty(L"DetailStatus", 0L);
+    PictureType = PropBag.ReadProperty(L"PictureType", 0L);
+    // The button's alone, unlike the property.
+    cmd.Enabled(PropBag.ReadProperty(L"Enabled", true));
+    Caption = PropBag.ReadProperty(L"Caption", L"");
+    TakeCaption();
+    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
+    // A stored True presses the button.
+    cmd.Value(PropBag.ReadProperty(L"Value", false));
+}
+
+void PicCommand::UserControl_Resize()
+{
+    const SIZE size = TheSurface().PixelSize();
+    cmd.Move(0, 0, size.cx, size.cy, false);
+}
+
+void PicCommand::UserControl_AccessKeyPress(wchar_t)
+{
+    if (!cmd.Enabled())
+        return;
+    TakeFocus();
+    // The host may have answered the focus by disabling the button.
+    if (cmd.Enabled())
+        cmd.Value(true);
+}
+
+void PicCommand::UserControl_WriteProperties(PropertyBag& PropBag)
+{
+    PropBag.WriteProperty(L"DetailStatus", Variant(DetailStatus), Variant(0L));
+    PropBag.WriteProperty(L"PictureType", Variant(PictureType), Variant(0L));
+    PropBag.WriteProperty(L"Enabled", Variant(cmd.Enabled()), Variant(true));
+    PropBag.WriteProperty(L"Caption", Variant(Caption), Variant(L""));
+    PropBag.WriteProperty(L"Value", Variant(cmd.Value()), Variant(false));
+    SaveFontProperty(PropBag, Font(), Ambient().Font());
+}
+
+void PicCommand::UserControl_Terminate()
+{
+    UnhookWindow(TheSurface().hWnd(), PrevWndProc);
+    UnhookWindow(cmd.hWnd(), PrevWndProcOfCmd);
+}
+
+// Also while the control is loading: a stored Value that presses the button is a click like any other.
+void PicCommand::cmd_Click()
+{
+    RaiseEventAtAnyTime(ClickEvent);
+}
+
+// Errors are trapped by the service: they must not unwind through the window procedure.
+LRESULT PicCommand::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
+{
+    if (hwnd == cmd.hWnd())
+    {
+        if (msg != WM_PAINT && msg != WM_ENABLE)
+            return CallPrevious(PrevWndProcOfCmd, hwnd, msg, wParam, lParam);
+        PaintButton(hwnd, msg);
+        return 0;
+    }
+    if (msg != WM_DRAWITEM)
+        return CallPrevious(PrevWndProc, hwnd, msg, wParam, lParam);
+    const DRAWITEMSTRUCT item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+    DrawButton(item);
+    return 0;
+}
+
+// --- Properties ---
+
+HRESULT PicCommand::get_DetailStatus(DetailStatusEnums* result) noexcept
+{
+    return Get(result, [&] { return static_cast<DetailStatusEnums>(DetailStatus); });
+}
+
+HRESULT PicCommand::put_DetailStatus(DetailStatusEnums newStatus) noexcept
+{
+    return Member([&] { SetDetailStatus(newStatus); });
+}
+
+// Any number is taken: one that is no status shows no picture.
+void PicCommand::SetDetailStatus(long newStatus)
+{
+    DetailStatus = newStatus;
+    PropertyChanged(L"DetailStatus");
+    PropertyChanged(L"BoundDetailStatus");
+    RepaintButton();
+}
+
+HRESULT PicCommand::get_BoundDetailStatus(VARIANT* result) noexcept
+{
+    return result ? Member([&] { Variant(DetailStatus).DetachTo(result); }) : E_POINTER;
+}
+
+HRESULT PicCommand::put_BoundDetailStatus(VARIANT newStatus) noexcept
+{
+    return Member([&] { SetBoundDetailStatus(Variant(newStatus)); });
+}
+
+void PicCommand::SetBoundDetailStatus(const Variant& newStatus)
+{
+    const std::optional<Variant> status = newStatus.IsNull() ? Variant(0L) : newStatus.As(VT_I4);
+    if (!status)
+        throw ComError(InvalidPropertyValue);
+    SetDetailStatus(status->Long());
+}
+
+HRESULT PicCommand::get_PictureType(ButtonPictureTypeEnums* result) noexcept
+{
+    return Get(result, [&] { return static_cast<ButtonPictureTypeEnums>(PictureType); });
+}
+
+// Any number is taken, as for DetailStatus.
+HRESULT PicCommand::put_PictureType(ButtonPictureTypeEnums newType) noexcept
+{
+    return Member([&] {
+        PictureType = newType;
+        PropertyChanged(L"PictureType");
+        RepaintButton();
+    });
+}
+
+void PicCommand::Enabled(bool newState)
+{
+    EnableWindow(TheSurface().hWnd(), newState);
+    TheSurface().Enabled(newState);
+    cmd.Enabled(newState);
+    PropertyChanged(L"Enabled");
+}
+
+HRESULT PicCommand::get_Caption(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(Caption).Detach(); });
+}
+
+HRESULT PicCommand::put_Caption(BSTR newText) noexcept
+{
+    return Member([&] {
+        Caption = Bstr::ViewOf(newText);
+        TakeCaption();
+        PropertyChanged(L"Caption");
+        RepaintButton();
+    });
+}
+
+// The button's window has the caption too, for those who listen to a screen reader instead of looking.
+void PicCommand::TakeCaption()
+{
+    cmd.Caption(Caption);
+    const wchar_t mnemonic = MnemonicOf(Caption);
+    SetAccessKeys(std::wstring_view(&mnemonic, mnemonic != 0 ? 1 : 0));
+}
+
+HRESULT PicCommand::get_hwnd(LONG* result) noexcept
+{
+    return Get(result, [&] { return HandleToLong(TheSurface().hWnd()); });
+}
+
+HRESULT PicCommand::get_Value(VARIANT_BOOL* result) noexcept
+{
+    return Get(result, [&] { return cmd.Value() ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+HRESULT PicCommand::put_Value(VARIANT_BOOL newState) noexcept
+{
+    return Member([&] {
+        cmd.Value(newState != VARIANT_FALSE);
+        PropertyChanged(L"Value");
+    });
+}
+
+HRESULT PicCommand::Refresh() noexcept
+{
+    return Member([&] { RepaintButton(); });
+}
+
+} // namespace kiv

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "controls/choice/PicCommandRules.h"
+#include "framework/SubClass.h"
+#include "framework/SubClassOwner.h"
+#include "runtime/forms/CommandButton.h"
+#include "runtime/forms/FontControl.h"
+
+#include <KivControls.h>
+
+namespace kiv
+{
+
+// A push button with a small picture beside its caption: what it leads to, or how complete that is. The
+// button inside is a real, owner-drawn one, whose painting the control does itself.
+class PicCommand final : public FontControl<_PicCommand>
+{
+public:
+    static const ControlClass Class;
+
+    explicit PicCommand(IUnknown* outer);
+
+    // _PicCommand, its own part
+    HRESULT STDMETHODCALLTYPE get_DetailStatus(DetailStatusEnums* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_DetailStatus(DetailStatusEnums newStatus) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_BoundDetailStatus(VARIANT* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_BoundDetailStatus(VARIANT newStatus) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_PictureType(ButtonPictureTypeEnums* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_PictureType(ButtonPictureTypeEnums newType) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_Caption(BSTR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_Caption(BSTR newText) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_Value(VARIANT_BOOL* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_Value(VARIANT_BOOL newState) noexcept override;
+    HRESULT STDMETHODCALLTYPE Refresh() noexcept override;
+
+    LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+
+protected:
+    void* FindInterface(REFIID iid) noexcept override;
+    HWND FocusWindow() const override { return cmd.Enabled() ? cmd.hWnd() : TheSurface().hWnd(); }
+    bool TakesReturn() const override { return true; }
+
+private:
+    // The control's life, in its order.
+    void UserControl_Initialize() override;
+    void UserControl_InitProperties() override;
+    void UserControl_ReadProperties(PropertyBag& PropBag) override;
+    void UserControl_Resize() override;
+    void UserControl_AccessKeyPress(wchar_t letter) override;
+    void UserControl_WriteProperties(PropertyBag& PropBag) override;
+    void UserControl_Terminate() override;
+    void cmd_Click();
+
+    // Properties.
+    bool Enabled() const override { return cmd.Enabled(); }
+    void Enabled(bool newState) override;
+    void ApplyFont() override { RepaintButton(); }
+    void SetDetailStatus(long newStatus);
+    void SetBoundDetailStatus(const Variant& newStatus);
+    void TakeCaption();
+
+    // Painting (PicCommand_paint.cpp)
+    void RepaintButton();
+    void PaintButton(HWND button, UINT msg);
+    void DrawButton(const DRAWITEMSTRUCT& item);
+    void DrawFace(const DRAWITEMSTRUCT& item, const PixelRect& inside, const ButtonPicture& picture,
+                  HICON icon);
+
+    SubClassOwner<PicCommand> subClass_{*this};
+    long DetailStatus = 0;
+    long PictureType = 0;
+    std::wstring Caption;
+    CommandButton cmd{*this, TheSurface().hWnd()};
+    WndProcSlot PrevWndProc = 0;
+    WndProcSlot PrevWndProcOfCmd = 0;
+};
+
+} // namespace kiv

@@ -1,0 +1,162 @@
+// How a PicCommand paints its button.
+
+#include "controls/choice/PicCommand.h"
+
+#include "framework/ModuleData.h"
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr UINT CaptionFormat = DT_SINGLELINE | DT_VCENTER | DT_CENTER;
+constexpr short FocusInset = -4;
+
+HICON SharedIcon(ButtonIcon icon)
+{
+    const SharedPictures& pictures = Module().SharedPictures;
+    switch (icon)
+    {
+    case ButtonIcon::Partial:
+        return IconOf(pictures.partial);
+    case ButtonIcon::CheckMark:
+        return IconOf(pictures.checkmark);
+    case ButtonIcon::Plus:
+        return IconOf(pictures.plus);
+    case ButtonIcon::Minus:
+        return IconOf(pictures.minus);
+    case ButtonIcon::Note:
+        return IconOf(pictures.note);
+    case ButtonIcon::Graph:
+        return IconOf(pictures.graph);
+    case ButtonIcon::WebLink:
+        return IconOf(pictures.weblink);
+    default:
+        return nullptr;
+    }
+}
+
+PixelRect ToPixelRect(const RECT& rectangle)
+{
+    return {static_cast<int>(rectangle.left), static_cast<int>(rectangle.top),
+            static_cast<int>(rectangle.right), static_cast<int>(rectangle.bottom)};
+}
+
+RECT ToRect(const PixelRect& rectangle)
+{
+    return {rectangle.Left, rectangle.Top, rectangle.Right, rectangle.Bottom};
+}
+
+COLORREF ColorOf(FrameColor color)
+{
+    switch (color)
+    {
+    case FrameColor::Face:
+        return GetSysColor(COLOR_BTNFACE);
+    case FrameColor::Shadow:
+        return GetSysColor(COLOR_BTNSHADOW);
+    case FrameColor::Highlight:
+        return GetSysColor(COLOR_BTNHIGHLIGHT);
+    default:
+        return RGB(0, 0, 0);
+    }
+}
+
+void DrawFrame(HDC dc, const ButtonFrame& frame)
+{
+    for (const FrameStroke& stroke : frame.Strokes)
+    {
+        const GdiObject<HPEN> pen(CreatePen(PS_SOLID, 1, ColorOf(stroke.Color)));
+        const Selection selected(dc, pen.Get());
+        MoveToEx(dc, stroke.Points.front().X, stroke.Points.front().Y, nullptr);
+        for (std::size_t at = 1; at < stroke.Points.size(); ++at)
+            LineTo(dc, stroke.Points[at].X, stroke.Points[at].Y);
+    }
+}
+
+} // namespace
+
+void PicCommand::RepaintButton()
+{
+    UserControl::Refresh();
+    cmd.Refresh();
+}
+
+// WM_PAINT of the button, or WM_ENABLE, which shows the new state at once.
+void PicCommand::PaintButton(HWND button, UINT msg)
+{
+    DRAWITEMSTRUCT item = {};
+    item.CtlType = ODT_BUTTON;
+    item.itemAction = ODA_DRAWENTIRE;
+    item.itemState = GetFocus() == button ? UINT{ODS_FOCUS} : 0U;
+    item.hwndItem = button;
+    GetClientRect(button, &item.rcItem);
+    if (msg == WM_PAINT)
+    {
+        PAINTSTRUCT paint = {};
+        item.hDC = BeginPaint(button, &paint);
+        Boundary([&] { DrawButton(item); });
+        EndPaint(button, &paint);
+    }
+    else
+    {
+        item.hDC = GetDC(button);
+        Boundary([&] { DrawButton(item); });
+        ReleaseDC(button, item.hDC);
+    }
+}
+
+void PicCommand::DrawButton(const DRAWITEMSTRUCT& item)
+{
+    ButtonPicture picture = ButtonPictureOf(PictureType, DetailStatus);
+    const HICON icon = SharedIcon(picture.Icon);
+    // An icon that could not be loaded is left out.
+    if (!icon)
+        picture = {};
+    const bool isLink = IsLinkStyle(picture.Icon);
+    const bool pressed = (item.itemState & ODS_SELECTED) != 0;
+    const bool framed = (item.itemState & ODS_FOCUS) != 0 && !isLink;
+
+    const ButtonFrame frame = ButtonFrameOf(ToPixelRect(item.rcItem), pressed, framed);
+    DrawFrame(item.hDC, frame);
+    switch (item.itemAction)
+    {
+    case ODA_DRAWENTIRE:
+    case ODA_SELECT:
+        DrawFace(item, frame.Inside, picture, icon);
+        break;
+    case ODA_FOCUS:
+        break;
+    default:
+        return;
+    }
+    if (!isLink)
+        DrawFocusIfFocused(item, FocusInset);
+}
+
+void PicCommand::DrawFace(const DRAWITEMSTRUCT& item, const PixelRect& inside, const ButtonPicture& picture,
+                          HICON icon)
+{
+    const HDC dc = item.hDC;
+    const RECT face = ToRect(inside);
+    const GdiObject<HBRUSH> brush(CreateSolidBrush(GetSysColor(COLOR_BTNFACE)));
+    FillRect(dc, &face, brush.Get());
+
+    RECT text = item.rcItem;
+    if ((item.itemState & ODS_SELECTED) != 0)
+        OffsetRect(&text, 1, 1);
+    const auto font = reinterpret_cast<HFONT>(SendMessageA(TheSurface().hWnd(), WM_GETFONT, 0, 0));
+    // Measured as it stands, "&" included: hosts have always seen the icon so far to the left.
+    const int captionWidth = icon && PictureType != 0 ? TextWidthInPixels(Caption, font) : 0;
+    const ButtonLayout layout = ButtonLayoutOf(ToPixelRect(text), picture, PictureType, captionWidth);
+    {
+        const Graphics graphics(nullptr, dc, font, GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE));
+        RECT caption = ToRect(layout.Caption);
+        DrawCaption(dc, Caption, caption, CaptionFormat, cmd.Enabled());
+    }
+    if (icon)
+        DrawIconEx(dc, layout.Icon.X, layout.Icon.Y, icon, 0, 0, 0, nullptr, DI_NORMAL);
+}
+
+} // namespace kiv
