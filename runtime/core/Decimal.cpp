@@ -116,7 +116,12 @@ std::optional<Decimal> Decimal::FromSingle(float number)
 
 std::optional<Decimal> Decimal::FromDouble(double number, int significant)
 {
-    return FromBinary(number, significant - 1);
+    // Enough digits to tell a half from what is next to one.
+    constexpr int ExactEnough = 40;
+    const auto exact = FromBinary(number, ExactEnough);
+    if (!exact)
+        return std::nullopt;
+    return exact->Rounded(significant - exact->Point(), Halves::AwayFromZero);
 }
 
 char Decimal::DigitOf(int power) const

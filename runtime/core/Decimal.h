@@ -28,7 +28,8 @@ public:
     // number.
     static std::optional<Decimal> FromDouble(double number);
     static std::optional<Decimal> FromSingle(float number);
-    // The nearest number of so many significant digits, 1 or more.
+    // The nearest number of so many significant digits, 1 or more; halves go away from zero, as in all that
+    // Windows writes.
     static std::optional<Decimal> FromDouble(double number, int significant);
 
     bool IsZero() const { return digits_.empty(); }

@@ -41,7 +41,11 @@ INSTANTIATE_TEST_SUITE_P(
                     Double{999999999999999.9, L"1E+15"}, Double{1.5e15, L"1.5E+15"},
                     Double{123456789012345678.0, L"1.23456789012346E+17"}, Double{-1e300, L"-1E+300"},
                     Double{0.0001, L"0.0001"}, Double{0.00012345, L"0.00012345"}, Double{0.00001, L"1E-05"},
-                    Double{-0.00001234, L"-1.234E-05"}, Double{1e-100, L"1E-100"}));
+                    Double{-0.00001234, L"-1.234E-05"}, Double{1e-100, L"1E-100"},
+                    // Halves go away from zero.
+                    Double{629850497307618.5, L"629850497307619"},
+                    Double{-629850497307618.5, L"-629850497307619"},
+                    Double{2834477454520305.0, L"2.83447745452031E+15"}));
 
 TEST(PlainTextTest, NamesWhatIsNoNumber)
 {
@@ -71,7 +75,8 @@ INSTANTIATE_TEST_SUITE_P(Rows, PlainSingleTest,
                                          Single{99.99999F, L"99.99999"}, Single{33.3333333F, L"33.33333"},
                                          Single{1234567, L"1234567"}, Single{12345678, L"1.234568E+07"},
                                          Single{16777216, L"1.677722E+07"}, Single{0.0001F, L"0.0001"},
-                                         Single{0.00001F, L"1E-05"}, Single{-2.5F, L"-2.5"}));
+                                         Single{0.00001F, L"1E-05"}, Single{-2.5F, L"-2.5"},
+                                         Single{64.015625F, L"64.01563"}, Single{456589.25F, L"456589.3"}));
 
 } // namespace
 
