@@ -1,5 +1,6 @@
 #include "bench/Bench.h"
 #include "bench/NumberBoxBench.h"
+#include "bench/NumbersBench.h"
 #include "bench/RulesBench.h"
 #include "bench/YesNoBench.h"
 #include "runtime/com/Errors.h"
@@ -35,6 +36,7 @@ void Run()
     kiv::bench::RunYesNoRows(FactoryOf(CLSID_YesNo).Get(), parent);
     kiv::bench::RunNumberBoxRows(FactoryOf(CLSID_NumberBox).Get(), parent);
     kiv::bench::RunRulesRows();
+    kiv::bench::RunNumbersRows();
     DestroyWindow(parent);
 }
 

@@ -9,6 +9,8 @@ namespace
 {
 
 constexpr int GroupSize = 3;
+// "-99,999,999,999,999.9999" and a little.
+constexpr std::size_t LongestAmount = 32;
 
 constexpr bool IsDigitPlace(wchar_t character)
 {
@@ -56,15 +58,18 @@ struct Pattern
     int LeastDecimals = 0;
 };
 
-// Writes the part before the point from right to left, as the digits fall into their places.
+// Appends the part before the point to a text: from right to left, as the digits fall into their places, and
+// then turned round.
 class WholePart
 {
 public:
-    WholePart(const Decimal& number, const Pattern& pattern, wchar_t separator) :
+    WholePart(std::wstring& text, const Decimal& number, const Pattern& pattern, wchar_t separator) :
+        text_(text),
         number_(number),
         separator_(pattern.Grouped ? separator : L'\0'),
         end_(std::max(number.Point(), pattern.LeastWholeDigits))
     {
+        const std::size_t start = text_.size();
         int places = CountDigitPlaces(pattern.Whole);
         if (places == 0 && CountDigitPlaces(pattern.Decimals) != 0)
             DigitsUpTo(end_);
@@ -73,11 +78,10 @@ public:
             if (IsDigitPlace(*character))
                 DigitsUpTo(--places == 0 ? end_ : std::min(power_ + 1, end_));
             else if (*character != L',')
-                reversed_.push_back(*character);
+                text_.push_back(*character);
         }
+        std::reverse(text_.begin() + static_cast<std::ptrdiff_t>(start), text_.end());
     }
-
-    std::wstring Text() const { return {reversed_.rbegin(), reversed_.rend()}; }
 
 private:
     void DigitsUpTo(int end)
@@ -85,24 +89,23 @@ private:
         for (; power_ < end; ++power_)
         {
             if (separator_ != 0 && power_ > 0 && power_ % GroupSize == 0)
-                reversed_.push_back(separator_);
-            reversed_.push_back(static_cast<wchar_t>(number_.DigitOf(power_)));
+                text_.push_back(separator_);
+            text_.push_back(static_cast<wchar_t>(number_.DigitOf(power_)));
         }
     }
 
+    std::wstring& text_;
     const Decimal& number_;
     wchar_t separator_;
     // One above the highest power shown.
     int end_;
     int power_ = 0;
-    std::wstring reversed_;
 };
 
-std::wstring DecimalPart(const Decimal& number, const Pattern& pattern)
+void AppendDecimals(std::wstring& text, const Decimal& number, const Pattern& pattern)
 {
     const int written = static_cast<int>(number.Digits().size()) - number.Point();
     const int shown = std::max(written, pattern.LeastDecimals);
-    std::wstring text;
     int place = 0;
     for (const wchar_t character : pattern.Decimals)
     {
@@ -114,7 +117,6 @@ std::wstring DecimalPart(const Decimal& number, const Pattern& pattern)
         else if (++place <= shown)
             text.push_back(static_cast<wchar_t>(number.DigitOf(-place)));
     }
-    return text;
 }
 
 } // namespace
@@ -122,13 +124,20 @@ std::wstring DecimalPart(const Decimal& number, const Pattern& pattern)
 std::wstring Format(const Decimal& number, std::wstring_view pattern, const NumberLocale& locale)
 {
     const Pattern parts(pattern);
-    const Decimal rounded = number.Shifted(-GroupSize * parts.Thousandths)
-                                .Rounded(CountDigitPlaces(parts.Decimals), Halves::AwayFromZero);
-    std::wstring text = rounded.IsNegative() ? L"-" : L"";
-    text += WholePart(rounded, parts, locale.GroupSeparator).Text();
+    const int decimals = CountDigitPlaces(parts.Decimals);
+    const Decimal rounded =
+        parts.Thousandths == 0
+            ? number.Rounded(decimals, Halves::AwayFromZero)
+            : number.Shifted(-GroupSize * parts.Thousandths).Rounded(decimals, Halves::AwayFromZero);
+    std::wstring text;
+    // What an amount takes at most, so that it is allocated once.
+    text.reserve(LongestAmount);
+    if (rounded.IsNegative())
+        text.push_back(L'-');
+    WholePart(text, rounded, parts, locale.GroupSeparator);
     if (parts.HasPoint)
-        text += locale.DecimalPoint;
-    text += DecimalPart(rounded, parts);
+        text.push_back(locale.DecimalPoint);
+    AppendDecimals(text, rounded, parts);
     return text;
 }
 
