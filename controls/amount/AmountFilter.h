@@ -2,7 +2,7 @@
 
 #include "controls/amount/CurrencyRules.h"
 #include "controls/amount/PercentRules.h"
-#include "controls/masked/OvertypeEditor.h"
+#include "controls/entry/BoxState.h"
 
 namespace kiv
 {

@@ -37,14 +37,7 @@ const ControlClass DateBox::Class = {
     L"KivControls.DateBox", KIV_TOOLBOX_DATEBOX, {1200, 285},
 };
 
-DateBox::DateBox(IUnknown* outer) : StandardControl(Class, outer) {}
-
-void* DateBox::FindInterface(REFIID iid) noexcept
-{
-    if (iid == __uuidof(ISubClass))
-        return static_cast<ISubClass*>(&subClass_);
-    return StandardControl::FindInterface(iid);
-}
+DateBox::DateBox(IUnknown* outer) : EntryControl(Class, outer) {}
 
 // --- The control's life ---
 
@@ -54,9 +47,7 @@ void DateBox::UserControl_Initialize()
     txtDate.OnClick = [this] { txtDate_Click(); };
     txtDate.OnGotFocus = [this] { txtDate_GotFocus(); };
     Font(CreateDefaultFont());
-    RegisterOwner(txtDate.hWnd(), &subClass_);
-    if (!ErrorPending())
-        HookWindow(txtDate.hWnd(), PrevWndProc);
+    HookBox(txtDate);
 }
 
 void DateBox::UserControl_InitProperties()
@@ -138,7 +129,7 @@ void DateBox::UserControl_WriteProperties(PropertyBag& PropBag)
 
 void DateBox::UserControl_Terminate()
 {
-    UnhookWindow(txtDate.hWnd(), PrevWndProc);
+    UnhookBox();
 }
 
 void DateBox::txtDate_Change()
@@ -157,7 +148,6 @@ void DateBox::txtDate_GotFocus()
     txtDate.SelectAll();
 }
 
-// Errors are trapped by the service: they must not unwind through the window procedure.
 LRESULT DateBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
 {
     const auto pasted = [this](std::wstring_view clipboard) { return rules_.Pasted(clipboard); };
@@ -265,16 +255,6 @@ HRESULT DateBox::get_Text(BSTR* result) noexcept
     return Get(result, [&] { return Bstr(txtDate.Text()).Detach(); });
 }
 
-HRESULT DateBox::get_Value(VARIANT* result) noexcept
-{
-    return result ? Member([&] { Value().DetachTo(result); }) : E_POINTER;
-}
-
-HRESULT DateBox::put_Value(VARIANT newDate) noexcept
-{
-    return Member([&] { Value(Variant(newDate)); });
-}
-
 Variant DateBox::Value() const
 {
     const std::optional<std::wstring> date = rules_.Value(txtDate.Text());
@@ -318,12 +298,6 @@ void DateBox::TakeStyle(DateFormat newStyle)
 {
     rules_.SetStyle(newStyle);
     txtDate.MaxLength(static_cast<short>(rules_.MaxLength()));
-}
-
-HRESULT DateBox::IsValidInput(VARIANT_BOOL* ShowMessage, VARIANT_BOOL* result) noexcept
-{
-    const bool show = ShowMessage && *ShowMessage != VARIANT_FALSE;
-    return Get(result, [&] { return IsValidInput(show) ? VARIANT_TRUE : VARIANT_FALSE; });
 }
 
 bool DateBox::IsValidInput(bool ShowMessage)

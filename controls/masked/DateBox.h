@@ -1,18 +1,13 @@
 #pragma once
 
+#include "controls/entry/EntryControl.h"
 #include "controls/masked/DateRules.h"
-#include "framework/SubClass.h"
-#include "framework/SubClassOwner.h"
-#include "runtime/forms/StandardControl.h"
-#include "runtime/forms/TextBox.h"
-
-#include <KivControls.h>
 
 namespace kiv
 {
 
 // A date in one of eight layouts, overtyped in txtDate and checked against a period.
-class DateBox final : public StandardControl<_DateBox>
+class DateBox final : public EntryControl<_DateBox>
 {
 public:
     static const ControlClass Class;
@@ -30,15 +25,11 @@ public:
     HRESULT STDMETHODCALLTYPE get_MinDate(DATE* result) noexcept override;
     HRESULT STDMETHODCALLTYPE put_MinDate(DATE newDate) noexcept override;
     HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Value(VARIANT* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Value(VARIANT newDate) noexcept override;
     HRESULT STDMETHODCALLTYPE InitStyle() noexcept override;
-    HRESULT STDMETHODCALLTYPE IsValidInput(VARIANT_BOOL* ShowMessage, VARIANT_BOOL* result) noexcept override;
 
-    LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+    LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
 
 protected:
-    void* FindInterface(REFIID iid) noexcept override;
     HWND FocusWindow() const override { return txtDate.hWnd(); }
 
 private:
@@ -62,20 +53,18 @@ private:
     void BackColor(OLE_COLOR newColor) override;
     OLE_COLOR ForeColor() const override { return txtDate.ForeColor(); }
     void ForeColor(OLE_COLOR newColor) override;
-    using StandardControl::Enabled;
+    using EntryControl::Enabled;
     void Enabled(bool newState) override;
     void ApplyFont() override;
     void FontChanged() override;
-    Variant Value() const;
-    void Value(const Variant& newDate);
+    Variant Value() const override;
+    void Value(const Variant& newDate) override;
 
     void TakeStyle(DateFormat newStyle);
-    bool IsValidInput(bool ShowMessage);
+    bool IsValidInput(bool ShowMessage) override;
 
-    SubClassOwner<DateBox> subClass_{*this};
     DateRules rules_;
     TextBox txtDate{*this, TheSurface().hWnd()};
-    WndProcSlot PrevWndProc = 0;
 };
 
 } // namespace kiv

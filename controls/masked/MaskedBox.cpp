@@ -6,12 +6,6 @@
 namespace kiv
 {
 
-BoxState StateOf(const TextBox& box)
-{
-    const TextBox::Selection selected = box.Selected();
-    return {box.Text(), selected.Start, selected.Length};
-}
-
 void Apply(const KeyOutcome& outcome, TextBox& box, short& key)
 {
     if (outcome.PassedOn)

@@ -13,8 +13,6 @@ namespace kiv
 
 // What stands between the rules of masked entry and the text box that shows the entry.
 
-BoxState StateOf(const TextBox& box);
-
 // Shows what a key did. The key becomes 0 unless the box is to get it.
 void Apply(const KeyOutcome& outcome, TextBox& box, short& key);
 

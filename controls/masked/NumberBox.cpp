@@ -25,14 +25,7 @@ const ControlClass NumberBox::Class = {
     L"KivControls.NumberBox", KIV_TOOLBOX_NUMBERBOX, {1440, 285},
 };
 
-NumberBox::NumberBox(IUnknown* outer) : StandardControl(Class, outer) {}
-
-void* NumberBox::FindInterface(REFIID iid) noexcept
-{
-    if (iid == __uuidof(ISubClass))
-        return static_cast<ISubClass*>(&subClass_);
-    return StandardControl::FindInterface(iid);
-}
+NumberBox::NumberBox(IUnknown* outer) : EntryControl(Class, outer) {}
 
 // --- The control's life ---
 
@@ -42,7 +35,7 @@ void NumberBox::UserControl_Initialize()
         box->OnChange = [this] { Box_Change(); };
     txtRTN.Visible(false);
     Font(CreateDefaultFont());
-    HookActiveBox();
+    HookBox(*activeBox_);
 }
 
 void NumberBox::UserControl_InitProperties()
@@ -115,7 +108,7 @@ void NumberBox::UserControl_WriteProperties(PropertyBag& PropBag)
 
 void NumberBox::UserControl_Terminate()
 {
-    UnhookWindow(hookedWindow_, PrevWndProc);
+    UnhookBox();
 }
 
 void NumberBox::Box_Change()
@@ -124,7 +117,6 @@ void NumberBox::Box_Change()
     RaiseEvent(ChangeEvent);
 }
 
-// Errors are trapped by the service: they must not unwind through the window procedure.
 LRESULT NumberBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
 {
     const auto pasted = [this](std::wstring_view clipboard) { return rules_.Pasted(clipboard); };
@@ -172,7 +164,7 @@ void NumberBox::FontChanged()
 
 HRESULT NumberBox::get_hwnd(LONG* result) noexcept
 {
-    return Get(result, [&] { return HandleToLong(hookedWindow_); });
+    return Get(result, [&] { return HandleToLong(HookedWindow()); });
 }
 
 HRESULT NumberBox::get_MaxLength(short* result) noexcept
@@ -221,7 +213,7 @@ void NumberBox::Style(NumberFormat newStyle)
     if (hadFocus)
         SetFocus(activeBox_->hWnd());
     formerBox->Visible(false);
-    HookActiveBox();
+    HookBox(*activeBox_);
 }
 
 HRESULT NumberBox::get_Text(BSTR* result) noexcept
@@ -238,16 +230,6 @@ std::wstring NumberBox::Text() const
 {
     RefuseAtDesignTime();
     return rules_.Text(activeBox_->Text());
-}
-
-HRESULT NumberBox::get_Value(VARIANT* result) noexcept
-{
-    return result ? Member([&] { Value().DetachTo(result); }) : E_POINTER;
-}
-
-HRESULT NumberBox::put_Value(VARIANT newNumber) noexcept
-{
-    return Member([&] { Value(Variant(newNumber)); });
 }
 
 Variant NumberBox::Value() const
@@ -269,12 +251,6 @@ void NumberBox::Value(const Variant& newNumber)
 
 // --- Methods ---
 
-HRESULT NumberBox::IsValidInput(VARIANT_BOOL* ShowMessage, VARIANT_BOOL* result) noexcept
-{
-    const bool show = ShowMessage && *ShowMessage != VARIANT_FALSE;
-    return Get(result, [&] { return IsValidInput(show) ? VARIANT_TRUE : VARIANT_FALSE; });
-}
-
 bool NumberBox::IsValidInput(bool ShowMessage)
 {
     const std::optional<std::wstring> complaint = rules_.Complaint(activeBox_->Text());
@@ -284,15 +260,6 @@ bool NumberBox::IsValidInput(bool ShowMessage)
         activeBox_->SelectAll();
     }
     return !complaint;
-}
-
-void NumberBox::HookActiveBox()
-{
-    UnhookWindow(hookedWindow_, PrevWndProc);
-    hookedWindow_ = activeBox_->hWnd();
-    RegisterOwner(hookedWindow_, &subClass_);
-    if (!ErrorPending())
-        HookWindow(hookedWindow_, PrevWndProc);
 }
 
 } // namespace kiv

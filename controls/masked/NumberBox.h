@@ -1,19 +1,14 @@
 #pragma once
 
+#include "controls/entry/EntryControl.h"
 #include "controls/masked/NumberRules.h"
-#include "framework/SubClass.h"
-#include "framework/SubClassOwner.h"
-#include "runtime/forms/StandardControl.h"
-#include "runtime/forms/TextBox.h"
-
-#include <KivControls.h>
 
 namespace kiv
 {
 
 // A Social Security, federal identification or routing number, or free digits. The masked styles are
 // overtyped in txtNumber; routing numbers have a box of their own.
-class NumberBox final : public StandardControl<_NumberBox>
+class NumberBox final : public EntryControl<_NumberBox>
 {
 public:
     static const ControlClass Class;
@@ -28,14 +23,10 @@ public:
     HRESULT STDMETHODCALLTYPE put_Style(NumberFormatEnums newStyle) noexcept override;
     HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) noexcept override;
     HRESULT STDMETHODCALLTYPE put_Text(BSTR newText) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Value(VARIANT* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Value(VARIANT newNumber) noexcept override;
-    HRESULT STDMETHODCALLTYPE IsValidInput(VARIANT_BOOL* ShowMessage, VARIANT_BOOL* result) noexcept override;
 
-    LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+    LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
 
 protected:
-    void* FindInterface(REFIID iid) noexcept override;
     HWND FocusWindow() const override { return activeBox_->hWnd(); }
 
 private:
@@ -57,26 +48,22 @@ private:
     void BackColor(OLE_COLOR newColor) override;
     OLE_COLOR ForeColor() const override { return txtNumber.ForeColor(); }
     void ForeColor(OLE_COLOR newColor) override;
-    using StandardControl::Enabled;
+    using EntryControl::Enabled;
     void Enabled(bool newState) override;
     void ApplyFont() override;
     void FontChanged() override;
     void MaxLength(short newLength);
     void Style(NumberFormat newStyle);
     std::wstring Text() const;
-    Variant Value() const;
-    void Value(const Variant& newNumber);
+    Variant Value() const override;
+    void Value(const Variant& newNumber) override;
 
-    bool IsValidInput(bool ShowMessage);
-    void HookActiveBox();
+    bool IsValidInput(bool ShowMessage) override;
 
-    SubClassOwner<NumberBox> subClass_{*this};
     NumberRules rules_;
     TextBox txtNumber{*this, TheSurface().hWnd()};
     TextBox txtRTN{*this, TheSurface().hWnd()};
     TextBox* activeBox_ = &txtNumber;
-    HWND hookedWindow_ = nullptr;
-    WndProcSlot PrevWndProc = 0;
 };
 
 } // namespace kiv

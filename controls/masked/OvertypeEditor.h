@@ -1,21 +1,13 @@
 #pragma once
 
+#include "controls/entry/BoxState.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kiv
 {
-
-// What a single-line text box shows: its text, and its selection in characters from 0.
-struct BoxState
-{
-    std::wstring Text;
-    int SelStart = 0;
-    int SelLength = 0;
-
-    bool operator==(const BoxState&) const = default;
-};
 
 // What a key does to a box.
 struct KeyOutcome
@@ -44,20 +36,6 @@ struct OvertypeTemplate
 };
 
 constexpr wchar_t BlankPlace = L'_';
-
-// Characters that a text box receives for editing keys and for cutting, copying and pasting by keyboard.
-constexpr short CtrlC = 3;
-constexpr short Backspace = 8;
-constexpr short CtrlV = 22;
-constexpr short CtrlX = 24;
-
-constexpr bool IsClipboardKey(short keyAscii)
-{
-    return keyAscii == CtrlC || keyAscii == CtrlV || keyAscii == CtrlX;
-}
-
-// The key code of Delete, which makes no character.
-constexpr short DeleteKey = 46;
 
 inline KeyOutcome PassOn(const BoxState& box)
 {
