@@ -1,3 +1,4 @@
+#include "controls/amount/CurrencyBox.h"
 #include "controls/choice/PicCommand.h"
 #include "controls/choice/YesNo.h"
 #include "controls/masked/DateBox.h"
@@ -37,6 +38,7 @@ constexpr LibraryClass Classes[] = {
     ClassOf<PicCommand>,
     ClassOf<NumberBox>,
     ClassOf<DateBox>,
+    ClassOf<CurrencyBox>,
 };
 
 std::vector<const ControlClass*> PublishedClasses()

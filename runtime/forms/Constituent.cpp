@@ -76,6 +76,11 @@ void Constituent::Font(HFONT font)
     SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
+void Constituent::HelpContextID(long topic)
+{
+    SetWindowContextHelpId(window_, static_cast<DWORD>(topic));
+}
+
 LRESULT Constituent::Ask(UINT message, WPARAM wParam, LPARAM lParam) const
 {
     return window_ ? CallWindowProcA(previous_, window_, message, wParam, lParam) : 0;

@@ -40,6 +40,8 @@ public:
     bool Visible() const;
     void Visible(bool visible);
     virtual void Font(HFONT font);
+    // The help topic for the window; 0 for none.
+    void HelpContextID(long topic);
 
     // The constituent of a window, null for other windows.
     static Constituent* Of(HWND window);

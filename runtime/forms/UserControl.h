@@ -142,6 +142,9 @@ protected:
     virtual void UserControl_Resize() {}
     virtual void UserControl_Paint() {}
     // Coordinates in twips of the surface. Button and Shift are the bits that the events of forms carry.
+    static constexpr short LeftButton = 1;
+    static constexpr short RightButton = 2;
+    static constexpr short MiddleButton = 4;
     virtual void UserControl_MouseDown(short Button, short Shift, double X, double Y);
     virtual void UserControl_MouseUp(short Button, short Shift, double X, double Y);
     // A key set to 0 goes no further.
@@ -187,9 +190,6 @@ protected:
     // Key events: the host may change the key, or set it to 0.
     void RaiseKeyEvent(DISPID event, short& KeyCode, short Shift);
     void RaiseKeyEvent(DISPID event, short& KeyAscii);
-    // A property of the extender, which is what the container adds to the control for its own clients
-    // (HelpContextID, ...). Empty when there is none.
-    Variant ExtenderProperty(const wchar_t* name) const;
     // Raises a run-time error, for members that cannot be read while the form is being designed.
     void RefuseAtDesignTime() const;
 

@@ -200,25 +200,6 @@ HRESULT UserControl::OnAmbientPropertyChange(DISPID property) noexcept
     return S_OK;
 }
 
-Variant UserControl::ExtenderProperty(const wchar_t* name) const
-{
-    // The container may answer by dropping this site.
-    const ComPtr<IOleControlSite> site = controlSite_;
-    ComPtr<IDispatch> extender;
-    DISPID property = DISPID_UNKNOWN;
-    DISPPARAMS none = {};
-    Variant value;
-    std::wstring writableName = name;
-    LPOLESTR names = writableName.data();
-    const bool known =
-        site && SUCCEEDED(site->GetExtendedControl(&extender)) && extender &&
-        SUCCEEDED(extender->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &property));
-    if (!known || FAILED(extender->Invoke(property, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET,
-                                          &none, value.Receive(), nullptr, nullptr)))
-        return Variant();
-    return value;
-}
-
 HRESULT UserControl::GetClassInfo(ITypeInfo** typeInfo) noexcept
 {
     if (!typeInfo)

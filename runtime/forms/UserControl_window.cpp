@@ -11,11 +11,6 @@ namespace kiv
 namespace
 {
 
-// The bits of Button in the events of forms.
-constexpr short LeftButton = 1;
-constexpr short RightButton = 2;
-constexpr short MiddleButton = 4;
-
 double TwipsX(LPARAM position)
 {
     return GET_X_LPARAM(position) * Screen::TwipsPerPixelX();
