@@ -10,10 +10,11 @@ const char* const usageText = R"(FolioHost shows a form file with its controls.
   FolioHost [options] FORM
 
   --design           show the form as a designer would: nothing answers, a click selects, a drag moves
+  --database SOURCE  give this database to the controls: an SQLite file, or an ODBC connection string
   --save FILE        when the form is closed, write it into FILE
   --script FILE      play FILE with real keys and mouse clicks, then close the form
   --log FILE         write events, message boxes and answers into FILE, as on the terminal
-  --shot FILE.png    when the form is closed, draw a picture of its window into FILE.png
+  --shot FILE.png    when the form is closed or the script says so, draw a picture of its window into FILE.png
   --timeout SECONDS  give up after that time (with --script 120, otherwise never)
   --help             this text
 
@@ -66,6 +67,8 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
             line.Shot = FromUtf8(value());
         else if (argument == "--save")
             line.Save = FromUtf8(value());
+        else if (argument == "--database")
+            line.Database = value();
         else if (argument == "--timeout")
             line.TimeoutSeconds = ReadSeconds(value());
         else if (argument.starts_with("--"))

@@ -178,6 +178,13 @@ std::vector<ControlSite*> FormPage::Sites() const
     return sites;
 }
 
+void FormPage::GiveDatabase(IDispatch* database)
+{
+    for (ControlSite* site : Sites())
+        if (site->HasMember(L"Database"))
+            site->Put(L"Database", Variant(database));
+}
+
 void FormPage::SaveItem(FormBlock& block)
 {
     FormItem* const item = form_->Find(Wide(block.Name));

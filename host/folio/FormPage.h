@@ -22,6 +22,9 @@ public:
     Form& Window() { return *form_; }
     std::vector<ControlSite*> Sites() const; // in tab order
 
+    // For every control that reads code tables: that has a property Database. Throws ComError.
+    void GiveDatabase(IDispatch* database);
+
     // What controls complained of while they were loaded, as "file:line: what".
     const std::vector<std::string>& Warnings() const { return warnings_; }
 

@@ -95,7 +95,7 @@ void Journal::Write(const ShownMessageBox& box)
 
 void Journal::WriteAnswer(const ControlSite& site)
 {
-    for (const wchar_t* property : {L"Value", L"Text"})
+    for (const wchar_t* property : {L"Value", L"Text", L"EnumCode"})
         if (const std::optional<Variant> answer = TryGet(site, property))
             WriteLine(JsonObject()
                           .Add("control", site.Name())

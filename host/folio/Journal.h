@@ -22,7 +22,7 @@ public:
     // Writes every event of the control from now on.
     void Follow(ControlSite& site);
     void Write(const ShownMessageBox& box);
-    // The answer that the control holds: its Value, and its Text where it has one.
+    // The answer that the control holds: its Value, Text or EnumCode, whichever it has.
     void WriteAnswer(const ControlSite& site);
 
     // Sets the first Boolean by-reference argument of the next such event to True.

@@ -19,8 +19,9 @@ constexpr DWORD lookAgainMs = 5;
 
 } // namespace
 
-ScriptPlayer::ScriptPlayer(Form& form, Journal& journal, const MessageBoxWatch& boxes, Script script) :
-    form_(form), journal_(journal), boxes_(boxes), script_(std::move(script))
+ScriptPlayer::ScriptPlayer(Form& form, Journal& journal, const MessageBoxWatch& boxes, ScriptProps props,
+                           Script script) :
+    form_(form), journal_(journal), boxes_(boxes), props_(std::move(props)), script_(std::move(script))
 {
 }
 
@@ -66,7 +67,7 @@ void ScriptPlayer::Play()
         if (!Try(step, [&] { PlayStep(step); }))
             break;
     if (!script_.Steps.empty())
-        Try(script_.Steps.back(), [this] { CloseMessageBoxes(); });
+        Try(script_.Steps.back(), [this] { CloseWindows(); });
     // A script that leaves the form open is done with it.
     form_.Post([this] { SendMessageW(form_.Window(), WM_CLOSE, 0, 0); });
 }
@@ -93,18 +94,21 @@ bool ScriptPlayer::Try(const ScriptStep& step, const std::function<void()>& work
     return false;
 }
 
-// A form cannot be closed under a message box. One that nobody answered is a mistake, if it is the first.
-void ScriptPlayer::CloseMessageBoxes()
+// A form is not to be closed under a window that waits for the user. One that nobody answered is a mistake,
+// if it is the first.
+void ScriptPlayer::CloseWindows()
 {
-    std::string text;
+    std::string unanswered;
     const auto open = [&] {
         bool isOpen = false;
         form_.Invoke([&] {
             if (const ShownMessageBox* const current = boxes_.Current())
-            {
-                text = Utf8(current->Text);
-                isOpen = true;
-            }
+                unanswered = "the message box " + QuoteFormText(Utf8(current->Text)) + " is not answered";
+            else if (!IsWindowEnabled(form_.Window()))
+                unanswered = "a window in front of the form is still open";
+            else
+                return;
+            isOpen = true;
         });
         return isOpen;
     };
@@ -116,8 +120,8 @@ void ScriptPlayer::CloseMessageBoxes()
         SendKey(escape);
         Settle();
     }
-    if (!text.empty() && mistakes_.empty())
-        throw Failure{"the message box " + QuoteFormText(text) + " is not answered"};
+    if (!unanswered.empty() && mistakes_.empty())
+        throw Failure{unanswered};
 }
 
 void ScriptPlayer::OnForm(const std::function<void()>& work) const

@@ -6,6 +6,9 @@
 #include "host/folio/Journal.h"
 #include "host/script/Script.h"
 
+#include <wrl/client.h>
+
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -13,12 +16,20 @@
 namespace kiv::host
 {
 
+// What a script can use beside the form.
+struct ScriptProps
+{
+    Microsoft::WRL::ComPtr<IDispatch> Database; // or null
+    std::filesystem::path Shot;                 // where a picture goes; empty: nowhere
+};
+
 // Plays a script against a form the way a person would: keys and mouse go to the system, what comes of them
 // is awaited. Runs on a thread of its own, so that it can also answer what the form's thread waits in.
 class ScriptPlayer
 {
 public:
-    ScriptPlayer(Form& form, Journal& journal, const MessageBoxWatch& boxes, Script script);
+    ScriptPlayer(Form& form, Journal& journal, const MessageBoxWatch& boxes, ScriptProps props,
+                 Script script);
     ScriptPlayer(const ScriptPlayer&) = delete;
     ScriptPlayer& operator=(const ScriptPlayer&) = delete;
     ~ScriptPlayer(); // waits for the thread
@@ -26,6 +37,8 @@ public:
     void Start();
     // On the form's thread, while it is being closed: holds the answers against the script's last section.
     void CheckAnswers();
+    // On the form's thread: whether the script has chosen the moment for the picture.
+    bool TookPicture() const { return tookPicture_; }
     // Once the form is gone: waits for the script's end. What went wrong, as "script:line: what"; empty when
     // all that was expected came to pass.
     std::vector<std::string> Finish();
@@ -41,7 +54,7 @@ private:
     // False when the work fails, which is then one of the mistakes.
     bool Try(const ScriptStep& step, const std::function<void()>& work);
     void PlayStep(const ScriptStep& step);
-    void CloseMessageBoxes();
+    void CloseWindows();
 
     void AwaitKeyboard() const;
     void Press(const KeyChord& key) const;
@@ -50,6 +63,17 @@ private:
     void MoveFocus(const ScriptStep& step);
     void Click(const ScriptStep& step);
     void AnswerMessageBox(const ScriptStep& step);
+
+    // The window that is open in front of the form, as a dialog is; null when there is none. On the form's
+    // thread, as all of these.
+    HWND WindowInFront() const;
+    HWND ListInFront() const; // throws Failure
+    POINT PointInFront(const ScriptStep& step) const;
+    void ExpectWindow(const ScriptStep& step);
+    void ExpectListItem(const ScriptStep& step);
+    void TakePicture();
+    void CloseDatabase();
+
     void Set(const ScriptStep& step);
     void Call(const ScriptStep& step);
     void ExpectValue(const ScriptStep& step);
@@ -67,11 +91,13 @@ private:
     Form& form_;
     Journal& journal_;
     const MessageBoxWatch& boxes_;
+    ScriptProps props_;
     Script script_;
     std::vector<std::string> mistakes_; // the thread's, and after it ends Finish's
     std::vector<std::string> wrongAnswers_;
     std::string failedCall_; // on the form's thread
     bool calling_ = false;   // on the form's thread
+    bool tookPicture_ = false;
     HANDLE thread_ = nullptr;
 };
 

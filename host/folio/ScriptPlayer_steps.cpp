@@ -127,6 +127,16 @@ void ScriptPlayer::PlayStep(const ScriptStep& step)
         });
     case ScriptVerb::AnswerMessageBox:
         return AnswerMessageBox(step);
+    case ScriptVerb::ExpectWindow:
+    case ScriptVerb::ExpectNoWindow:
+        return ExpectWindow(step);
+    case ScriptVerb::ExpectListItem:
+    case ScriptVerb::ExpectNoListItem:
+        return ExpectListItem(step);
+    case ScriptVerb::Shot:
+        return TakePicture();
+    case ScriptVerb::CloseDatabase:
+        return CloseDatabase();
     case ScriptVerb::Veto:
         return OnForm([&] {
             Site(step.Item);
@@ -198,7 +208,7 @@ POINT ScriptPlayer::PointIn(const ScriptStep& step) const
 void ScriptPlayer::Click(const ScriptStep& step)
 {
     POINT point = {};
-    OnForm([&] { point = PointIn(step); });
+    OnForm([&] { point = step.Part == ScriptPart::FormItem ? PointIn(step) : PointInFront(step); });
     ClickAt(point, step.Verb == ScriptVerb::RightClick ? MouseButton::Right : MouseButton::Left);
     if (step.Verb == ScriptVerb::DoubleClick)
         ClickAt(point, MouseButton::Left);

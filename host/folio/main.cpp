@@ -1,4 +1,5 @@
 #include "host/container/MessageBoxWatch.h"
+#include "host/data/Database.h"
 #include "host/folio/CommandLine.h"
 #include "host/folio/FormPage.h"
 #include "host/folio/Journal.h"
@@ -6,6 +7,7 @@
 #include "host/folio/ScriptPlayer.h"
 #include "host/folio/Text.h"
 #include "runtime/com/Errors.h"
+#include "runtime/com/MakeCom.h"
 
 #include <windows.h>
 
@@ -19,6 +21,8 @@
 
 namespace kiv::host
 {
+
+using Microsoft::WRL::ComPtr;
 
 namespace
 {
@@ -103,7 +107,12 @@ bool Show(const CommandLine& line)
     if (!line.Script.empty())
         script = LoadScript(line.Script);
     Journal journal(line.Log);
+    ComPtr<Database> database;
+    if (!line.Database.empty() && !line.Design)
+        database = MakeCom<Database>(ConnectionStringOf(Wide(line.Database)));
     FormPage page(line.Form, line.Design);
+    if (database)
+        page.GiveDatabase(database.Get());
     for (const std::string& warning : page.Warnings())
         Complain(warning);
     for (ControlSite* site : page.Sites())
@@ -111,7 +120,7 @@ bool Show(const CommandLine& line)
     const MessageBoxWatch boxes([&](const ShownMessageBox& box) { journal.Write(box); });
     std::optional<ScriptPlayer> player;
     if (script)
-        player.emplace(page.Window(), journal, boxes, std::move(*script));
+        player.emplace(page.Window(), journal, boxes, ScriptProps{database, line.Shot}, std::move(*script));
 
     // While all still stands: once the form closes, its controls have no answers any more.
     std::exception_ptr failed;
@@ -123,7 +132,7 @@ bool Show(const CommandLine& line)
                     journal.WriteAnswer(*site);
             if (player)
                 player->CheckAnswers();
-            if (!line.Shot.empty())
+            if (!line.Shot.empty() && !(player && player->TookPicture()))
                 SavePicture(page.Window().Window(), line.Shot);
             if (!line.Save.empty())
                 page.Save(line.Save);

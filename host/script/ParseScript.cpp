@@ -45,9 +45,11 @@ public:
         return false;
     }
 
+    bool AtQuote() const { return rest_.starts_with('"'); }
+
     std::string Quoted(std::string_view what)
     {
-        if (!rest_.starts_with('"'))
+        if (!AtQuote())
             Missing(what);
         return std::get<std::string>(ParseFormValue(TakeValue(false)));
     }
@@ -190,12 +192,29 @@ void ReadExpectation(Line& line, ScriptStep& step)
     }
     else if (line.Take("no"))
     {
-        if (!line.Take("event"))
-            throw std::invalid_argument("\"no event\" is expected");
-        step.Verb = ScriptVerb::ExpectNoEvent;
-        step.Item = line.Word("a name");
-        if (!line.AtEnd())
-            step.Member = line.Word("an event");
+        if (line.Take("window"))
+            step.Verb = ScriptVerb::ExpectNoWindow;
+        else if (line.Take("item"))
+            step.Verb = ScriptVerb::ExpectNoListItem;
+        else if (line.Take("event"))
+        {
+            step.Verb = ScriptVerb::ExpectNoEvent;
+            step.Item = line.Word("a name");
+            if (!line.AtEnd())
+                step.Member = line.Word("an event");
+        }
+        else
+            throw std::invalid_argument("\"no event\", \"no window\" or \"no item\" is expected");
+    }
+    else if (line.Take("window"))
+    {
+        step.Verb = ScriptVerb::ExpectWindow;
+        step.Text = line.Quoted("the window's caption in quotes");
+    }
+    else if (line.Take("item"))
+    {
+        step.Verb = ScriptVerb::ExpectListItem;
+        step.Text = line.Quoted("a text in quotes");
     }
     else
     {
@@ -207,8 +226,18 @@ void ReadExpectation(Line& line, ScriptStep& step)
 void ReadClick(Line& line, ScriptStep& step, ScriptVerb verb)
 {
     step.Verb = verb;
-    step.Item = line.Word("a name");
-    line.Spot(step.Spot);
+    const std::string word = line.Word("a name");
+    if (line.AtQuote() && SameFormName(word, "item"))
+        step.Part = ScriptPart::ListItem;
+    else if (line.AtQuote() && SameFormName(word, "button"))
+        step.Part = ScriptPart::Button;
+    else
+    {
+        step.Item = word;
+        line.Spot(step.Spot);
+        return;
+    }
+    step.Text = line.Quoted("a text in quotes");
 }
 
 void ReadStep(Line& line, ScriptStep& step)
@@ -264,7 +293,14 @@ void ReadStep(Line& line, ScriptStep& step)
         line.Member(step);
         line.Arguments(step);
     }
-    else if (!line.Take("close"))
+    else if (line.Take("shot"))
+        step.Verb = ScriptVerb::Shot;
+    else if (line.Take("close"))
+    {
+        if (line.Take("database"))
+            step.Verb = ScriptVerb::CloseDatabase;
+    }
+    else
         throw std::invalid_argument("\"" + line.Word({}) + "\" is no step");
     line.End();
 }

@@ -13,23 +13,37 @@ namespace kiv::host
 
 enum class ScriptVerb
 {
-    Focus,            // Item
-    Keys,             // Keys
-    Type,             // Text
-    Clipboard,        // Text
-    Click,            // Item, Spot
-    RightClick,       // Item, Spot
-    DoubleClick,      // Item, Spot
-    ExpectValue,      // Item.Member = Values[0]
-    ExpectFocus,      // Item
-    ExpectSelected,   // Item
-    ExpectEvent,      // Item, Member
-    ExpectNoEvent,    // Item, Member (empty: any)
+    Focus,          // Item
+    Keys,           // Keys
+    Type,           // Text
+    Clipboard,      // Text
+    Click,          // Item, Spot; or Part, Text
+    RightClick,     // likewise
+    DoubleClick,    // likewise
+    ExpectValue,    // Item.Member = Values[0]
+    ExpectFocus,    // Item
+    ExpectSelected, // Item
+    ExpectEvent,    // Item, Member
+    ExpectNoEvent,  // Item, Member (empty: any)
+    ExpectWindow,   // Text (its caption)
+    ExpectNoWindow,
+    ExpectListItem, // Text (how it begins)
+    ExpectNoListItem,
     AnswerMessageBox, // Text, Member (the button's caption; empty: the first button)
     Veto,             // Item, Member
     Set,              // Item.Member = Values[0]
     Call,             // Item.Member Values
+    Shot,
+    CloseDatabase,
     Close,
+};
+
+// What a click is meant for: an item of the form, or something in the window that is open in front of it.
+enum class ScriptPart
+{
+    FormItem, // Item
+    ListItem, // Text: how it begins
+    Button,   // Text: its caption
 };
 
 // Where in an item the mouse goes; with none of the words, X and Y in pixels from its corner.
@@ -57,6 +71,7 @@ struct ScriptStep
     std::string Item;
     std::string Member;
     std::string Text;
+    ScriptPart Part = ScriptPart::FormItem;
     ScriptSpot Spot;
     std::vector<KeyChord> Keys;
     std::vector<ScriptValue> Values;

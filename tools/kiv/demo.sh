@@ -3,6 +3,7 @@
 
 # A script gives up by itself after 120 seconds; a host that takes longer hangs.
 HOST_LIMIT=150
+DEMO_CODES=build/demo/codes.db
 
 cmd_demo() {
     local headless='' argument arch host status=0
@@ -21,8 +22,8 @@ cmd_demo() {
     build_product "$arch"
     [[ -z $headless ]] || start_display
     open_registered_prefix "$arch"
-    mkdir -p build/demo
-    host=("$(host_program "$arch")" --log "$(windows_path "$ROOT/build/demo/transcript.jsonl")")
+    make_codes "$DEMO_CODES" examples/codes.sql
+    host=("$(host_program "$arch")" --database "$(windows_path "$ROOT/$DEMO_CODES")" --log "$(windows_path "$ROOT/build/demo/transcript.jsonl")")
     if [[ -n $headless ]]; then
         manage_windows N FolioHost
         say "A script answers the interview:"
@@ -58,18 +59,20 @@ conclude_demo() {
 # Each form in docs/pictures/ has a script that brings it into the state to be shown. The README shows the demo's.
 cmd_docs() {
     no_arguments docs "$@"
-    local base picture
+    local base picture host
     ensure build run
     lock_tree docs
     build_product x86
     start_display
     open_registered_prefix x86
     manage_windows N FolioHost
+    make_codes "$DEMO_CODES" examples/codes.sql
+    host=("$(host_program x86)" --database "$(windows_path "$ROOT/$DEMO_CODES")")
     mkdir -p docs/pictures
     while read -r base; do
         picture=docs/pictures/${base##*/}.png
         step "$picture" "build/docs/${base##*/}.log" \
-            play_script "$(host_program x86)" "$ROOT/$base" "$ROOT/$picture" || {
+            play_script "${host[@]}" "$ROOT/$base" "$ROOT/$picture" || {
             tail -n 10 "build/docs/${base##*/}.log" >&2
             die "the host made no picture of $base.form." "Its messages are in build/docs/${base##*/}.log."
         }

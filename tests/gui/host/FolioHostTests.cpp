@@ -93,7 +93,8 @@ TEST_F(FolioHost, PlaysTheSampleInterview)
     const TemporaryFile shot(L".png");
     const ProcessOutcome outcome =
         Run(L"--script " + Example(L"interview.script") + L" --log " + Quoted(log.Path()) + L" --shot " +
-            Quoted(shot.Path()) + L" " + Example(L"interview.form"));
+            Quoted(shot.Path()) + L" --database " + Quoted(RequiredVariable(L"KIV_CODES")) + L" " +
+            Example(L"interview.form"));
     ASSERT_EQ(outcome.ExitCode, 0U) << outcome.Output;
     const std::string written = Read(log);
     EXPECT_EQ(Lines(outcome.Output), written);
@@ -128,6 +129,10 @@ TEST_F(FolioHost, SaysWhatIsNotAsExpected)
          ":2: expected the message \"Other\", got \"Yes/No"},
         {"call ynOne.ShowAboutBox\n", ":1: the message box \"Yes/No custom control"},
         {"key Enter\nkey y\n", ":2: the form is closed already\n"},
+        {"expect window \"Other\"\n", ":1: expected the window \"Other\", got none\n"},
+        {"expect item \"Other\"\n", ":1: no window with a list is open in front of the form\n"},
+        {"click button \"OK\"\n", ":1: there is no button \"OK\" in front of the form\n"},
+        {"close database\n", ":1: there is no database to be closed\n"},
     };
     WriteForm(onePage);
     for (const Row& row : rows)
@@ -168,9 +173,14 @@ TEST_F(FolioHost, RefusesWhatItCannotUse)
     EXPECT_NE(outcome.Output.find(ScriptPath() + ":1: \"dance\" is no step"), std::string::npos)
         << outcome.Output;
     for (const wchar_t* arguments :
-         {L"", L"--dance x.form", L"missing.form", L"--timeout soon x.form", L"--log"})
+         {L"", L"--dance x.form", L"missing.form", L"--timeout soon x.form", L"--log", L"--database"})
         EXPECT_EQ(Run(arguments).ExitCode, 2U) << Narrow(arguments);
     EXPECT_EQ(Run(L"--help").ExitCode, 0U);
+    WriteScript("");
+    const ProcessOutcome missing = Play(L"--database missing.db");
+    EXPECT_EQ(missing.ExitCode, 2U);
+    EXPECT_NE(missing.Output.find("missing.db: there is no such database"), std::string::npos)
+        << missing.Output;
 }
 
 TEST_F(FolioHost, WarnsOfWhatAControlCannotLoad)

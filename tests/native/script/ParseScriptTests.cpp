@@ -58,6 +58,10 @@ TEST(ParseScript, ReadsStepsWithANameAndAMember)
         {"expect no event yn Click", ScriptVerb::ExpectNoEvent, "yn", "Click"},
         {"veto yn Click", ScriptVerb::Veto, "yn", "Click"},
         {"call yn.ShowAboutBox", ScriptVerb::Call, "yn", "ShowAboutBox"},
+        {"expect no window", ScriptVerb::ExpectNoWindow, "", ""},
+        {"expect no item", ScriptVerb::ExpectNoListItem, "", ""},
+        {"shot ' now", ScriptVerb::Shot, "", ""},
+        {"close database", ScriptVerb::CloseDatabase, "", ""},
         {"close", ScriptVerb::Close, "", ""},
     };
     for (const Row& row : rows)
@@ -130,6 +134,22 @@ TEST(ParseScript, ReadsWhereToClick)
     EXPECT_EQ(point.Spot.Y, -4);
 }
 
+TEST(ParseScript, ReadsWhatIsInFrontOfTheForm)
+{
+    const ScriptStep item = OnlyStep("doubleclick item \"7\" & Chr(9) & \"C\" ' why");
+    EXPECT_EQ(item.Verb, ScriptVerb::DoubleClick);
+    EXPECT_EQ(item.Part, ScriptPart::ListItem);
+    EXPECT_EQ(item.Text, "7\tC");
+    EXPECT_EQ(OnlyStep("click button \"OK\"").Part, ScriptPart::Button);
+    // Something on the form can have that name as well.
+    EXPECT_EQ(OnlyStep("click item left").Part, ScriptPart::FormItem);
+    EXPECT_EQ(OnlyStep("click item left").Item, "item");
+    EXPECT_EQ(OnlyStep("expect window \"County\"").Verb, ScriptVerb::ExpectWindow);
+    EXPECT_EQ(OnlyStep("expect window \"County\"").Text, "County");
+    EXPECT_EQ(OnlyStep("expect item \"7\"").Verb, ScriptVerb::ExpectListItem);
+    EXPECT_EQ(OnlyStep("expect item \"7\"").Text, "7");
+}
+
 TEST(ParseScript, KeepsTheAnswersApart)
 {
     const Script script = ParseScript("key y\n\nanswers\n\n  yn.Value = 1\n  yn.Text = Null ' none\n", "s");
@@ -161,7 +181,11 @@ TEST(ParseScript, SaysWhereAndWhatIsWrong)
         {"expect yn.Value = one",
          "s:1: \"one\" is no value: a number, True, False or a text in quotes is expected"},
         {"expect yn.Text = \"a\" b", "s:1: unexpected \"b\""},
-        {"expect no focus", "s:1: \"no event\" is expected"},
+        {"expect no focus", "s:1: \"no event\", \"no window\" or \"no item\" is expected"},
+        {"expect window County", "s:1: the window's caption in quotes is expected"},
+        {"expect item 7", "s:1: a text in quotes is expected"},
+        {"click button \"OK\" left", "s:1: unexpected \"left\""},
+        {"close window", "s:1: unexpected \"window\""},
         {"expect event yn", "s:1: an event is expected"},
         {"answer box", "s:1: \"messagebox\" is expected"},
         {"answer messagebox OK", "s:1: the message's text in quotes is expected"},
