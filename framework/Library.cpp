@@ -1,4 +1,5 @@
 #include "controls/amount/CurrencyBox.h"
+#include "controls/amount/PercentBox.h"
 #include "controls/choice/PicCommand.h"
 #include "controls/choice/YesNo.h"
 #include "controls/masked/DateBox.h"
@@ -34,11 +35,8 @@ constexpr LibraryClass ClassOf = {&Control::Class, &CreateControl<Control>};
 
 // Every class that the library offers.
 constexpr LibraryClass Classes[] = {
-    ClassOf<YesNo>,
-    ClassOf<PicCommand>,
-    ClassOf<NumberBox>,
-    ClassOf<DateBox>,
-    ClassOf<CurrencyBox>,
+    ClassOf<YesNo>,   ClassOf<PicCommand>,  ClassOf<NumberBox>,
+    ClassOf<DateBox>, ClassOf<CurrencyBox>, ClassOf<PercentBox>,
 };
 
 std::vector<const ControlClass*> PublishedClasses()

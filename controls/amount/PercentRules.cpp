@@ -101,7 +101,7 @@ std::wstring PercentTextOf(const std::optional<Decimal>& value, const PercentLim
     return Format(shown, PercentPattern(limits), locale);
 }
 
-bool IsValidPercent(std::wstring_view text, const PercentLimits& limits, const NumberLocale& locale)
+bool CheckPercentRange(std::wstring_view text, const PercentLimits& limits, const NumberLocale& locale)
 {
     return text.empty() || IsLonePoint(text, locale) || IsInRange(ValOf(text, locale), limits);
 }
@@ -114,7 +114,14 @@ std::wstring PercentRangeMessage(const PercentLimits& limits, const NumberLocale
 
 PercentReading ReadPercent(std::wstring_view text, const PercentLimits& limits, const NumberLocale& locale)
 {
-    if (text.empty() || !IsValidPercent(text, limits, locale))
+    return CheckPercentRange(text, limits, locale) ? PercentTextToValue(text, limits, locale)
+                                                   : PercentReading();
+}
+
+PercentReading PercentTextToValue(std::wstring_view text, const PercentLimits& limits,
+                                  const NumberLocale& locale)
+{
+    if (text.empty())
         return {};
     const auto number = ParseNumber(text, locale);
     if (!number)

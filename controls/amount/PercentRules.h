@@ -41,7 +41,7 @@ std::wstring PercentTextOf(const std::optional<Decimal>& value, const PercentLim
                            const NumberLocale& locale);
 
 // IsValidInput, and what it tells the user about a text that is not. Blank and a lone point are valid.
-bool IsValidPercent(std::wstring_view text, const PercentLimits& limits, const NumberLocale& locale);
+bool CheckPercentRange(std::wstring_view text, const PercentLimits& limits, const NumberLocale& locale);
 std::wstring PercentRangeMessage(const PercentLimits& limits, const NumberLocale& locale);
 
 // What Value reads from the box's text.
@@ -64,6 +64,9 @@ struct PercentReading
 };
 
 PercentReading ReadPercent(std::wstring_view text, const PercentLimits& limits, const NumberLocale& locale);
+// The same without a look at the range.
+PercentReading PercentTextToValue(std::wstring_view text, const PercentLimits& limits,
+                                  const NumberLocale& locale);
 
 // The value to assign for a text from the clipboard; none if the paste is ignored.
 std::optional<Decimal> PastedPercent(std::wstring_view clipboard, const PercentLimits& limits,

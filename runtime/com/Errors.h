@@ -27,6 +27,7 @@ constexpr HRESULT RunTimeError(int number)
     return static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number));
 }
 
+constexpr HRESULT TypeMismatch = RunTimeError(13);
 constexpr HRESULT InvalidPropertyValue = RunTimeError(380);
 constexpr HRESULT InvalidPropertyIndex = RunTimeError(381);
 constexpr HRESULT GetNotSupportedAtDesignTime = RunTimeError(383);

@@ -70,7 +70,7 @@ TEST_P(PercentReadTest, ReadsTheValue)
             row.Value == nullptr ? PercentReading{}
                                  : PercentReading{PercentReading::Kind::Number, Localized(row.Value, locale)};
         EXPECT_EQ(ReadPercent(text, limits, locale), expected);
-        EXPECT_EQ(IsValidPercent(text, limits, locale), row.Valid);
+        EXPECT_EQ(CheckPercentRange(text, limits, locale), row.Valid);
     }
 }
 
@@ -101,7 +101,7 @@ TEST(PercentRulesTest, TakesALonePointForValidButNotForANumber)
     for (const NumberLocale& locale : NumberLocales)
     {
         const std::wstring point(1, locale.DecimalPoint);
-        EXPECT_TRUE(IsValidPercent(point, {}, locale));
+        EXPECT_TRUE(CheckPercentRange(point, {}, locale));
         EXPECT_EQ(ReadPercent(point, {}, locale), (PercentReading{PercentReading::Kind::Mismatch, L""}));
         EXPECT_EQ(ExitPercent(point, locale), (AmountExit{L"", false}));
     }
@@ -110,9 +110,9 @@ TEST(PercentRulesTest, TakesALonePointForValidButNotForANumber)
 TEST(PercentRulesTest, TakesBlankAndALonePointForValidWhateverTheRange)
 {
     const PercentLimits limits = Bounded(5, 10);
-    EXPECT_TRUE(IsValidPercent(L"", limits, {}));
-    EXPECT_TRUE(IsValidPercent(L".", limits, {}));
-    EXPECT_FALSE(IsValidPercent(L"0", limits, {}));
+    EXPECT_TRUE(CheckPercentRange(L"", limits, {}));
+    EXPECT_TRUE(CheckPercentRange(L".", limits, {}));
+    EXPECT_FALSE(CheckPercentRange(L"0", limits, {}));
 }
 
 TEST(PercentRulesTest, ReadsNoNumberFromATextThatIsNone)
@@ -125,9 +125,9 @@ TEST(PercentRulesTest, ChecksTheRangeInclusively)
 {
     const PercentLimits limits = Bounded(0.1F, 33.3F);
     for (const wchar_t* const text : {L"0.1", L".1", L"33.3", L"33.30", L"5"})
-        EXPECT_TRUE(IsValidPercent(text, limits, {})) << text;
+        EXPECT_TRUE(CheckPercentRange(text, limits, {})) << text;
     for (const wchar_t* const text : {L"0.09", L"33.4", L"33.30001", L"0"})
-        EXPECT_FALSE(IsValidPercent(text, limits, {})) << text;
+        EXPECT_FALSE(CheckPercentRange(text, limits, {})) << text;
     // Pasting a bound passes, though 0.1 is no single.
     EXPECT_TRUE(PastedPercent(L"0.1", limits, {}));
 }
@@ -136,9 +136,9 @@ TEST(PercentRulesTest, HasNoRoomForNumbersThatNoSingleHolds)
 {
     // A bound that only a form written by hand can have.
     const PercentLimits limits = Bounded(0, std::numeric_limits<float>::infinity());
-    EXPECT_TRUE(IsValidPercent(std::wstring(38, L'9'), limits, {}));
-    EXPECT_FALSE(IsValidPercent(std::wstring(40, L'9'), limits, {}));
-    EXPECT_FALSE(IsValidPercent(std::wstring(400, L'9'), limits, {}));
+    EXPECT_TRUE(CheckPercentRange(std::wstring(38, L'9'), limits, {}));
+    EXPECT_FALSE(CheckPercentRange(std::wstring(40, L'9'), limits, {}));
+    EXPECT_FALSE(CheckPercentRange(std::wstring(400, L'9'), limits, {}));
 }
 
 TEST(PercentRulesTest, LeavesTheTextAsItIs)
