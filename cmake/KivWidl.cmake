@@ -20,6 +20,8 @@ foreach(need "KIV_WIDL|the IDL compiler widl|wine64-tools" "KIV_WINE_IDL_DIR|oai
 endforeach()
 
 set(KIV_CONTRACT_IDL ${CMAKE_SOURCE_DIR}/framework/KivControls.idl)
+# Its parts, by family of controls.
+file(GLOB KIV_CONTRACT_PARTS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/framework/contract/*.idl)
 set(KIV_CONTRACT_NAMES ${CMAKE_SOURCE_DIR}/framework/KivControls.names)
 
 # Adds the command that compiles the contract: kiv_compile_contract(<x86|x64> <-h|-t> <output>).
@@ -33,7 +35,7 @@ function(kiv_compile_contract arch kind output)
     add_custom_command(
         OUTPUT ${output}
         COMMAND ${CMAKE_COMMAND} -E env WIDL_TIME_OVERRIDE=0 TZ=UTC ${KIV_WIDL} ${machine}
-            -I${KIV_WINE_IDL_DIR} -L${KIV_STDOLE_DIR} ${kind} -o ${output} ${KIV_CONTRACT_IDL}
-        DEPENDS ${KIV_CONTRACT_IDL}
+            -I${CMAKE_SOURCE_DIR} -I${KIV_WINE_IDL_DIR} -L${KIV_STDOLE_DIR} ${kind} -o ${output} ${KIV_CONTRACT_IDL}
+        DEPENDS ${KIV_CONTRACT_IDL} ${KIV_CONTRACT_PARTS}
         COMMENT "Compiling the contract for ${arch} (widl ${kind})" VERBATIM)
 endfunction()
