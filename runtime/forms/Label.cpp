@@ -1,6 +1,7 @@
 #include "runtime/forms/Label.h"
 
 #include "runtime/forms/Color.h"
+#include "runtime/forms/SavedDc.h"
 
 namespace kiv
 {
@@ -30,7 +31,10 @@ void Label::Draw() const
     const GdiObject<HBRUSH> background(CreateSolidBrush(ResolvedColor(backColor_)));
     FillRect(dc, &place_, background.Get());
 
-    const UINT format = static_cast<UINT>(alignment_) | DT_SINGLELINE | DT_NOPREFIX;
+    // The last character of a line may reach a pixel beyond its width.
+    const SavedDc saved(dc);
+    IntersectClipRect(dc, place_.left - 1, place_.top, place_.right + 1, place_.bottom);
+    const UINT format = static_cast<UINT>(alignment_) | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP;
     const std::string ansi = Ansi(caption_);
     RECT place = place_;
     if (enabled_)

@@ -2,6 +2,7 @@
 
 #include "runtime/forms/Color.h"
 #include "runtime/forms/Graphics.h"
+#include "runtime/forms/SavedDc.h"
 
 #include <algorithm>
 #include <limits>
@@ -172,9 +173,11 @@ void TextBox::Draw(HDC dc, const RECT& place) const
     const Graphics graphics(nullptr, dc, reinterpret_cast<HFONT>(Ask(WM_GETFONT)),
                             ResolvedColor(Enabled() ? foreColor_ : SystemColor(COLOR_GRAYTEXT)),
                             ResolvedColor(backColor_));
+    const SavedDc saved(dc);
+    IntersectClipRect(dc, inside.left, inside.top, inside.right, inside.bottom);
     InflateRect(&inside, -Margin, look_.HasBorder ? -1 : 0);
     const UINT alignment = look_.AlignsRight ? DT_RIGHT : DT_LEFT;
-    DrawTextA(dc, Ansi(Text()).c_str(), -1, &inside, alignment | DT_SINGLELINE | DT_NOPREFIX);
+    DrawTextA(dc, Ansi(Text()).c_str(), -1, &inside, alignment | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP);
 }
 
 HBRUSH TextBox::Colors(HDC dc)

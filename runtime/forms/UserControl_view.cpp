@@ -2,6 +2,7 @@
 
 #include "runtime/core/Scoped.h"
 #include "runtime/core/Units.h"
+#include "runtime/forms/SavedDc.h"
 #include "runtime/forms/Screen.h"
 
 using Microsoft::WRL::ComPtr;
@@ -11,24 +12,6 @@ namespace kiv
 
 namespace
 {
-
-// Puts a device context back as it was.
-class SavedDc
-{
-public:
-    explicit SavedDc(HDC dc) : dc_(dc), saved_(SaveDC(dc)) {}
-    SavedDc(const SavedDc&) = delete;
-    SavedDc& operator=(const SavedDc&) = delete;
-    ~SavedDc()
-    {
-        if (saved_ != 0)
-            RestoreDC(dc_, saved_);
-    }
-
-private:
-    HDC dc_;
-    int saved_;
-};
 
 // Lets a surface of size pixels at (0, 0) fill the bounds of a container's device context.
 void MapTo(HDC dc, const RECTL& bounds, SIZE size, const RECTL* windowBounds)

@@ -51,17 +51,6 @@ protected:
                   Hr(S_OK));
         return canvas.Content();
     }
-    static int Count(const Pixels& pixels, COLORREF color)
-    {
-        int count = 0;
-        for (int y = 0; y < CanvasSize.cy; ++y)
-        {
-            for (int x = 0; x < CanvasSize.cx; ++x)
-                count += pixels.At(x, y) == color ? 1 : 0;
-        }
-        return count;
-    }
-
     MaskedControl control_;
 };
 
@@ -81,11 +70,11 @@ TEST_P(MaskedViewTest, ShowsTheBoxInsideTheBoundsOnly)
 {
     const Pixels drawn = Drawn();
     const int inside = (Bounds.right - Bounds.left) * (Bounds.bottom - Bounds.top);
-    EXPECT_EQ(Count(drawn, Paper), CanvasSize.cx * CanvasSize.cy - inside);
+    EXPECT_EQ(drawn.Count(Paper), CanvasSize.cx * CanvasSize.cy - inside);
     EXPECT_EQ(drawn.At(Bounds.left, Bounds.top), GetSysColor(COLOR_BTNSHADOW)) << "the sunken border";
     EXPECT_EQ(drawn.At(Bounds.right - 1, Bounds.bottom - 1), GetSysColor(COLOR_BTNHIGHLIGHT));
-    EXPECT_GT(Count(drawn, Back), 2000);
-    EXPECT_GT(Count(drawn, Ink), 20) << "the mask";
+    EXPECT_GT(drawn.Count(Back), 2000);
+    EXPECT_GT(drawn.Count(Ink), 20) << "the mask";
 }
 
 TEST_P(MaskedViewTest, ShowsTheEntry)
@@ -99,16 +88,16 @@ TEST_P(MaskedViewTest, IsGreyWhenDisabled)
 {
     control_.Put(L"Enabled", Variant(false));
     const Pixels drawn = Drawn();
-    EXPECT_EQ(Count(drawn, Ink), 0);
-    EXPECT_GT(Count(drawn, GetSysColor(COLOR_GRAYTEXT)), 20);
+    EXPECT_EQ(drawn.Count(Ink), 0);
+    EXPECT_GT(drawn.Count(GetSysColor(COLOR_GRAYTEXT)), 20);
 }
 
 TEST_F(RoutingViewTest, DoesNotShowTheBoxThatIsNotInUse)
 {
     control_.Put(L"Style", Variant(2L));
-    EXPECT_EQ(Count(Drawn(), Ink), 0) << "an empty routing number, and not the mask under it";
+    EXPECT_EQ(Drawn().Count(Ink), 0) << "an empty routing number, and not the mask under it";
     control_.Put(L"Text", Variant(L"011000015"));
-    EXPECT_GT(Count(Drawn(), Ink), 20);
+    EXPECT_GT(Drawn().Count(Ink), 20);
 }
 
 INSTANTIATE_TEST_SUITE_P(Boxes, MaskedViewTest, testing::Values(&CLSID_NumberBox, &CLSID_DateBox),

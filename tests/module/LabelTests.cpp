@@ -77,7 +77,7 @@ public:
         SetTextColor(canvas_.Dc(), color);
         RECT place = Place;
         OffsetRect(&place, shift, shift);
-        DrawTextW(canvas_.Dc(), Caption, -1, &place, alignment | DT_SINGLELINE | DT_NOPREFIX);
+        DrawTextW(canvas_.Dc(), Caption, -1, &place, alignment | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP);
         return *this;
     }
     Pixels Content() const { return canvas_.Content(); }
@@ -102,6 +102,17 @@ TEST(LabelTest, ShowsItsCaptionAsItIsOnItsBackground)
         EXPECT_EQ(Difference(Expected(sheet).Write(LabelFore, row.Format).Content(), sheet.Painted()), "");
         EXPECT_FALSE(Expected(sheet).Content() == sheet.Painted());
     }
+}
+
+TEST(LabelTest, ShowsTheWholeOfALastDigitThatIsWiderThanItsPlace)
+{
+    const auto inkOf = [](const wchar_t* caption, Label::Alignment alignment) {
+        Sheet sheet(alignment);
+        sheet.TheLabel.Caption(caption);
+        return sheet.Painted().Count(LabelFore);
+    };
+    for (const wchar_t* caption : {L"0.5", L"1,204.75", L"4"})
+        EXPECT_EQ(inkOf(caption, Label::Alignment::Right), inkOf(caption, Label::Alignment::Left));
 }
 
 TEST(LabelTest, IsEmbossedWhileDisabled)

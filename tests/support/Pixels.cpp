@@ -24,6 +24,11 @@ COLORREF FromBits(DWORD bits)
 
 Pixels::Pixels(SIZE size) : size_(size), colors_(static_cast<std::size_t>(size.cx * size.cy)) {}
 
+int Pixels::Count(COLORREF color) const
+{
+    return static_cast<int>(std::ranges::count(colors_, color));
+}
+
 bool Pixels::operator==(const Pixels& other) const
 {
     return size_.cx == other.size_.cx && size_.cy == other.size_.cy && colors_ == other.colors_;

@@ -18,6 +18,9 @@ public:
     COLORREF At(int x, int y) const { return colors_[Index(x, y)]; }
     void Set(int x, int y, COLORREF color) { colors_[Index(x, y)] = color; }
 
+    // How many pixels have the colour.
+    int Count(COLORREF color) const;
+
     bool operator==(const Pixels& other) const;
 
 private:
