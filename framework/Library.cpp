@@ -2,6 +2,7 @@
 #include "controls/amount/PercentBox.h"
 #include "controls/choice/PicCommand.h"
 #include "controls/choice/YesNo.h"
+#include "controls/lists/ChkCombo.h"
 #include "controls/masked/DateBox.h"
 #include "controls/masked/NumberBox.h"
 #include "framework/ModuleData.h"
@@ -35,8 +36,8 @@ constexpr LibraryClass ClassOf = {&Control::Class, &CreateControl<Control>};
 
 // Every class that the library offers.
 constexpr LibraryClass Classes[] = {
-    ClassOf<YesNo>,   ClassOf<PicCommand>,  ClassOf<NumberBox>,
-    ClassOf<DateBox>, ClassOf<CurrencyBox>, ClassOf<PercentBox>,
+    ClassOf<YesNo>,       ClassOf<PicCommand>, ClassOf<NumberBox>, ClassOf<DateBox>,
+    ClassOf<CurrencyBox>, ClassOf<PercentBox>, ClassOf<ChkCombo>,
 };
 
 std::vector<const ControlClass*> PublishedClasses()

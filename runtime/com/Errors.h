@@ -27,10 +27,12 @@ constexpr HRESULT RunTimeError(int number)
     return static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number));
 }
 
+constexpr HRESULT Overflow = RunTimeError(6);
 constexpr HRESULT TypeMismatch = RunTimeError(13);
 constexpr HRESULT InvalidPropertyValue = RunTimeError(380);
 constexpr HRESULT InvalidPropertyIndex = RunTimeError(381);
 constexpr HRESULT GetNotSupportedAtDesignTime = RunTimeError(383);
+constexpr HRESULT NotPermittedAtDesignTime = RunTimeError(387);
 
 inline void Check(HRESULT result)
 {

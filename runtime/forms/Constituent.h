@@ -46,7 +46,7 @@ public:
     // The constituent of a window, null for other windows.
     static Constituent* Of(HWND window);
 
-    // A notification of the window to its parent, WM_COMMAND's code.
+    // A notification of the window to its parent: WM_COMMAND's or WM_HSCROLL's code.
     virtual void Notified(WORD code);
     // The window's picture for a device context that is not the window's: a printed form, an inactive
     // control.

@@ -25,6 +25,15 @@ std::string Ansi(std::wstring_view text)
     return ansi;
 }
 
+std::wstring Wide(std::string_view ansi)
+{
+    const int length = static_cast<int>(ansi.size());
+    std::wstring text(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, nullptr, 0)), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, text.data(), static_cast<int>(text.size()));
+    return text;
+}
+
 Graphics::Graphics(HWND window, HDC dc, HFONT font, COLORREF textColor, COLORREF backColor) :
     window_(window), dc_(dc), saved_(SaveDC(dc))
 {

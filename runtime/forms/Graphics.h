@@ -8,8 +8,9 @@
 namespace kiv
 {
 
-// The ANSI code page's form of a text, which is what the controls' windows draw and hold.
+// The ANSI code page's form of a text, which is what the controls' windows draw and hold, and back.
 std::string Ansi(std::wstring_view text);
+std::wstring Wide(std::string_view ansi);
 
 // A surface's device context in use, with the surface's font and colours in force. A window's is given back
 // and a painter's put back as it was when this ends.

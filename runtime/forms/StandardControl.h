@@ -36,14 +36,14 @@ protected:
     {
         this->TheSurface().BackColor(newColor);
         this->PropertyChanged(L"BackColor");
-        this->Refresh();
+        this->UserControl::Refresh(); // a class may publish a Refresh of its own
     }
     virtual OLE_COLOR ForeColor() const { return this->TheSurface().ForeColor(); }
     virtual void ForeColor(OLE_COLOR newColor)
     {
         this->TheSurface().ForeColor(newColor);
         this->PropertyChanged(L"ForeColor");
-        this->Refresh();
+        this->UserControl::Refresh();
     }
 };
 

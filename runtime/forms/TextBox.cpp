@@ -29,15 +29,6 @@ void Call(const std::function<void()>& handler)
         handler();
 }
 
-std::wstring Wide(std::string_view ansi)
-{
-    const int length = static_cast<int>(ansi.size());
-    std::wstring text(
-        static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, nullptr, 0)), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, text.data(), static_cast<int>(text.size()));
-    return text;
-}
-
 } // namespace
 
 TextBox::TextBox(ConstituentOwner& owner, HWND parent, TextBoxLook look) :

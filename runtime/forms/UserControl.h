@@ -179,6 +179,8 @@ protected:
     // For an access key: the container hears that the control is active, and the keys go to it.
     void TakeFocus();
     bool TakesInput() const override;
+    // Whether a key that otherwise is the container's (Tab, Enter, Esc) is the control's own just now.
+    virtual bool Wants(WPARAM) const { return false; }
     // A persisted or bound property has changed. Not told to anybody while the control is loading.
     void PropertyChanged(const wchar_t* name);
     // Raises an event of the control's source interface; arguments in declared order, by-reference ones
@@ -291,6 +293,7 @@ private:
     ConnectionPoint notifications_;
     Activity activity_ = Activity::Inactive;
     bool deactivating_ = false;
+    bool hasFocus_ = false; // as UserControl_EnterFocus and UserControl_ExitFocus told it
     bool requestingSize_ = false;
     SIZEL extent_ = {}; // HIMETRIC
     bool initializeRan_ = false;

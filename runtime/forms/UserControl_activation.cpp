@@ -201,9 +201,15 @@ HRESULT UserControl::TranslateAccelerator(LPMSG message) noexcept
     const bool isContainers = isKey && (message->wParam == VK_TAB || message->wParam == VK_ESCAPE ||
                                         (message->wParam == VK_RETURN && !TakesReturn()));
     const ComPtr<IOleControlSite> site = controlSite_;
+    const ComPtr<IUnknown> held(Outer());
+    if (isContainers && Wants(message->wParam))
+    {
+        ::TranslateMessage(message);
+        DispatchMessageA(message);
+        return S_OK;
+    }
     if (!isContainers || !site)
         return S_FALSE;
-    const ComPtr<IUnknown> held(Outer());
     return site->TranslateAccelerator(message, static_cast<DWORD>(ShiftState()));
 }
 

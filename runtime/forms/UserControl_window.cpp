@@ -75,6 +75,10 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
         if (Constituent* const constituent = Constituent::Of(reinterpret_cast<HWND>(lParam)))
             constituent->Notified(HIWORD(wParam));
         return 0;
+    case WM_HSCROLL:
+        if (Constituent* const constituent = Constituent::Of(reinterpret_cast<HWND>(lParam)))
+            constituent->Notified(LOWORD(wParam));
+        return 0;
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
         if (Constituent* const constituent = Constituent::Of(reinterpret_cast<HWND>(lParam)))
@@ -149,9 +153,11 @@ bool UserControl::IsOwn(HWND window) const
     return window && (window == surface_.hWnd() || IsChild(surface_.hWnd(), window));
 }
 
+// Told once for each time, however often a window of the control hears that it has the focus: a control may
+// send such messages among its own windows.
 void UserControl::FocusGained(HWND from)
 {
-    if (IsOwn(from))
+    if (IsOwn(from) || std::exchange(hasFocus_, true))
         return;
     // A focus that came by a click or a Tab key makes the control the active one.
     if (activity_ == Activity::InPlace && ambient_.UserMode())
@@ -163,7 +169,7 @@ void UserControl::FocusGained(HWND from)
 
 void UserControl::FocusLost(HWND to)
 {
-    if (IsOwn(to))
+    if (IsOwn(to) || surface_.ContainsFocus() || !std::exchange(hasFocus_, false))
         return;
     UserControl_ExitFocus();
     if (controlSite_)

@@ -1,0 +1,364 @@
+#include "controls/lists/ChkCombo.h"
+
+#include "resources/ResourceIds.h"
+#include "runtime/core/Scoped.h"
+#include "runtime/forms/Color.h"
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr DISPID ClickEvent = DISPID_CLICK;
+
+constexpr long DefaultBackColor = static_cast<long>(SystemColor(COLOR_WINDOW));
+constexpr long DefaultForeColor = static_cast<long>(SystemColor(COLOR_BTNTEXT));
+
+} // namespace
+
+const ControlClass ChkCombo::Class = {
+    CLSID_ChkCombo,          __uuidof(_ChkCombo),  __uuidof(__ChkCombo), L"ChkCombo",
+    L"KivControls.ChkCombo", KIV_TOOLBOX_CHKCOMBO, {1800, 330},
+};
+
+ChkCombo::ChkCombo(IUnknown* outer) : StandardControl(Class, outer) {}
+
+void* ChkCombo::FindInterface(REFIID iid) noexcept
+{
+    if (iid == __uuidof(ISubClass))
+        return static_cast<ISubClass*>(&subClass_);
+    return StandardControl::FindInterface(iid);
+}
+
+// --- The control's life ---
+
+void ChkCombo::UserControl_Initialize()
+{
+    HScroll1.OnChange = [this] { HScroll1_Change(); };
+    HScroll1.LargeChange(SelectionPage);
+    MoveSelection(-1);
+    const SIZE size = TheSurface().PixelSize();
+    combo_.Move(0, 0, size.cx, size.cy, false);
+    Font(CreateDefaultFont());
+    for (const HWND window : {TheSurface().hWnd(), combo_.hWnd(), HScroll1.hWnd()})
+        RegisterOwner(window, &subClass_);
+    HookWindow(TheSurface().hWnd(), controlPrevWndProc_);
+    HookWindow(combo_.hWnd(), comboPrevWndProc_);
+    HookWindow(HScroll1.hWnd(), scrollBarPrevWndProc_);
+}
+
+void ChkCombo::UserControl_InitProperties()
+{
+    Font(Ambient().Font());
+    BackColor(static_cast<OLE_COLOR>(DefaultBackColor));
+    ForeColor(static_cast<OLE_COLOR>(DefaultForeColor));
+    Enabled(true);
+}
+
+void ChkCombo::UserControl_ReadProperties(PropertyBag& PropBag)
+{
+    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
+    BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
+    Enabled(PropBag.ReadProperty(L"Enabled", true));
+    ForeColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", DefaultForeColor)));
+}
+
+// The control is as high as the closed combo box, whose height follows from its items'.
+void ChkCombo::UserControl_Resize()
+{
+    if (resizing_)
+        return;
+    const Scoped<bool> resizing(resizing_, true);
+    const int closed = combo_.ClosedHeight();
+    if (closed != TheSurface().PixelSize().cy)
+        RequestSize({TheSurface().PixelSize().cx, closed});
+    const SIZE size = TheSurface().PixelSize();
+    combo_.Move(0, 0, size.cx, size.cy, false);
+}
+
+void ChkCombo::UserControl_KeyDown(short& KeyCode, short Shift)
+{
+    HScroll1_KeyDown(KeyCode, Shift);
+}
+
+void ChkCombo::UserControl_KeyPress(short& KeyAscii)
+{
+    HScroll1_KeyPress(KeyAscii);
+}
+
+void ChkCombo::UserControl_WriteProperties(PropertyBag& PropBag)
+{
+    const Surface& surface = TheSurface();
+    SaveFontProperty(PropBag, surface.Font(), Ambient().Font());
+    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(surface.BackColor())),
+                          Variant(DefaultBackColor));
+    PropBag.WriteProperty(L"Enabled", Variant(surface.Enabled()), Variant(true));
+    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(surface.ForeColor())),
+                          Variant(DefaultForeColor));
+}
+
+// The combo box goes with the control, whose part it is.
+void ChkCombo::UserControl_Terminate()
+{
+    UnhookWindow(TheSurface().hWnd(), controlPrevWndProc_);
+    UnhookWindow(combo_.hWnd(), comboPrevWndProc_);
+    UnhookWindow(HScroll1.hWnd(), scrollBarPrevWndProc_);
+}
+
+void ChkCombo::HScroll1_Change()
+{
+    if (internalChange_)
+        return;
+    list_.PreviousIndex(static_cast<short>(combo_.Selected()));
+    combo_.Select(HScroll1.Value());
+    FollowShift(HScroll1.Value());
+    RaiseClick();
+}
+
+void ChkCombo::HScroll1_KeyDown(short& KeyCode, short Shift)
+{
+    if (KeyCode == VK_F4 && Shift == 0)
+    {
+        KeyCode = 0;
+        combo_.DropDown(!combo_.IsDropped());
+    }
+    else if (KeyCode == VK_HOME && HScroll1.Value() < 0)
+    {
+        KeyCode = VK_DOWN; // one step from nothing selected is the first item, too
+    }
+}
+
+void ChkCombo::HScroll1_KeyPress(short& KeyAscii)
+{
+    if (KeyAscii != VK_ESCAPE && !(KeyAscii == VK_RETURN && combo_.IsDropped()))
+        return;
+    KeyAscii = 0;
+    combo_.DropDown(false);
+}
+
+// With the list open, Enter and Esc close it instead of pressing the form's buttons.
+bool ChkCombo::Wants(WPARAM key) const
+{
+    return (key == VK_RETURN || key == VK_ESCAPE) && combo_.IsDropped();
+}
+
+// --- Properties ---
+
+void ChkCombo::Enabled(bool newState)
+{
+    EnableWindow(TheSurface().hWnd(), newState);
+    StandardControl::Enabled(newState);
+}
+
+void ChkCombo::ApplyFont()
+{
+    combo_.Font(TheSurface().FontHandle());
+    UserControl_Resize();
+}
+
+void ChkCombo::FontChanged()
+{
+    ApplyFont();
+    PropertyChanged(L"Font");
+}
+
+HRESULT ChkCombo::get_hwnd(LONG* result) noexcept
+{
+    return Get(result, [&] { return HandleToLong(combo_.hWnd()); });
+}
+
+HRESULT ChkCombo::get_Text(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(Wide(combo_.ItemText(combo_.Selected()))).Detach(); });
+}
+
+HRESULT ChkCombo::get_ListIndex(short* result) noexcept
+{
+    return Get(result, [&] { return HScroll1.Value(); });
+}
+
+HRESULT ChkCombo::put_ListIndex(short newSelection) noexcept
+{
+    return Member([&] { ListIndex(newSelection); });
+}
+
+// Selecting what is selected already raises nothing, but becomes what was selected before.
+void ChkCombo::ListIndex(short newSelection)
+{
+    if (!list_.CanSelect(newSelection))
+        throw ComError(InvalidPropertyValue);
+    list_.PreviousIndex(HScroll1.Value());
+    if (newSelection == HScroll1.Value())
+        return;
+    MoveSelection(newSelection);
+    combo_.Select(newSelection);
+    RaiseClick();
+}
+
+HRESULT ChkCombo::get_ListCount(short* result) noexcept
+{
+    return Get(result, [&] { return static_cast<short>(combo_.Count()); });
+}
+
+HRESULT ChkCombo::get_NewIndex(short* result) noexcept
+{
+    return Get(result, [&] { return list_.NewIndex(); });
+}
+
+HRESULT ChkCombo::get_PreviousIndex(short* result) noexcept
+{
+    return Get(result, [&] { return list_.PreviousIndex(); });
+}
+
+HRESULT ChkCombo::get_List(short Index, BSTR* result) noexcept
+{
+    return Get(result, [&] {
+        RequireItem(Index);
+        return Bstr(Wide(combo_.ItemText(Index))).Detach();
+    });
+}
+
+HRESULT ChkCombo::put_List(short Index, BSTR newText) noexcept
+{
+    return Member([&] { List(Index, Bstr::ViewOf(newText)); });
+}
+
+// A combo box cannot change a text, so another item takes the place. The new one comes before the old one
+// goes: when there is no room for it nothing has changed.
+void ChkCombo::List(short Index, std::wstring_view newText)
+{
+    RequireItem(Index);
+    const long data = combo_.ItemData(Index);
+    combo_.Insert(Ansi(newText), Index);
+    combo_.ItemData(Index, data);
+    combo_.Remove(Index + 1);
+    FollowShift(HScroll1.Value());
+    combo_.RepaintItem(Index);
+}
+
+HRESULT ChkCombo::get_ItemData(short Index, LONG* result) noexcept
+{
+    return Get(result, [&] {
+        RequireItem(Index);
+        return combo_.ItemData(Index);
+    });
+}
+
+HRESULT ChkCombo::put_ItemData(short Index, LONG newData) noexcept
+{
+    return Member([&] {
+        RequireRunTime();
+        RequireItem(Index);
+        combo_.ItemData(Index, newData);
+    });
+}
+
+HRESULT ChkCombo::get_ListCompletionStatus(short Index, DetailStatusEnums* result) noexcept
+{
+    return Get(result, [&] {
+        RequireRunTime();
+        RequireItem(Index);
+        return static_cast<DetailStatusEnums>(list_.Status(Index));
+    });
+}
+
+HRESULT ChkCombo::put_ListCompletionStatus(short Index, DetailStatusEnums newStatus) noexcept
+{
+    return Member([&] {
+        RequireRunTime();
+        RequireItem(Index);
+        list_.Status(Index, newStatus);
+        combo_.RepaintItem(Index);
+    });
+}
+
+// --- Methods ---
+
+HRESULT ChkCombo::AddItem(BSTR Item, short Index) noexcept
+{
+    return Member([&] { Insert(Bstr::ViewOf(Item), Index); });
+}
+
+void ChkCombo::Insert(std::wstring_view Item, short Index)
+{
+    if (!list_.CanInsert(Index))
+        throw ComError(InvalidPropertyIndex);
+    if (list_.IsFull())
+        throw ComError(Overflow);
+    const auto inserted = static_cast<short>(combo_.Insert(Ansi(Item), Index));
+    list_.Inserted(inserted);
+    FollowShift(AfterInsertion(HScroll1.Value(), inserted));
+}
+
+HRESULT ChkCombo::RemoveItem(short Index) noexcept
+{
+    return Member([&] { Remove(Index); });
+}
+
+void ChkCombo::Remove(short Index)
+{
+    RequireItem(Index);
+    combo_.Remove(Index);
+    list_.Removed(Index);
+    FollowShift(AfterRemoval(HScroll1.Value(), Index));
+}
+
+HRESULT ChkCombo::Clear() noexcept
+{
+    return Member([&] { RemoveAll(); });
+}
+
+void ChkCombo::RemoveAll()
+{
+    list_.Cleared();
+    combo_.Clear();
+    MoveSelection(-1);
+}
+
+// The items take up new colours this way.
+HRESULT ChkCombo::Refresh() noexcept
+{
+    return Member([&] {
+        UserControl::Refresh();
+        InvalidateRect(combo_.hWnd(), nullptr, TRUE);
+    });
+}
+
+// --- Items and selection ---
+
+void ChkCombo::RequireItem(short Index) const
+{
+    if (!list_.Holds(Index))
+        throw ComError(InvalidPropertyIndex);
+}
+
+void ChkCombo::RequireRunTime() const
+{
+    if (!Ambient().UserMode())
+        throw ComError(NotPermittedAtDesignTime);
+}
+
+// HScroll1 takes an index over without a Click.
+void ChkCombo::MoveSelection(short index)
+{
+    const Scoped<bool> internalChange(internalChange_, true);
+    const SelectionRange range = ReachableSelections(index, list_.Count());
+    HScroll1.Range(range.Min, range.Max);
+    HScroll1.Value(index);
+}
+
+// Keeps the selected item selected, where it is now.
+void ChkCombo::FollowShift(short index)
+{
+    MoveSelection(index);
+    if (combo_.Selected() != index)
+        combo_.Select(index);
+}
+
+void ChkCombo::RaiseClick()
+{
+    RaiseEvent(ClickEvent);
+}
+
+} // namespace kiv

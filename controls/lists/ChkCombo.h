@@ -1,0 +1,108 @@
+#pragma once
+
+#include "controls/lists/ChkComboRules.h"
+#include "framework/SubClass.h"
+#include "framework/SubClassOwner.h"
+#include "runtime/forms/ComboBox.h"
+#include "runtime/forms/ScrollBar.h"
+#include "runtime/forms/StandardControl.h"
+
+#include <KivControls.h>
+
+namespace kiv
+{
+
+// A drop-down list whose items carry a completion status, drawn as an icon in front of the text. The focus is
+// with HScroll1, which nobody sees: its value is the selection, kept equal to the combo box's own.
+class ChkCombo final : public StandardControl<_ChkCombo>
+{
+public:
+    static const ControlClass Class;
+
+    explicit ChkCombo(IUnknown* outer);
+
+    // _ChkCombo, its own part
+    HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_ListIndex(short* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_ListIndex(short newSelection) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_ListCount(short* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_NewIndex(short* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_PreviousIndex(short* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_List(short Index, BSTR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_List(short Index, BSTR newText) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_ItemData(short Index, LONG* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_ItemData(short Index, LONG newData) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_ListCompletionStatus(short Index,
+                                                       DetailStatusEnums* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_ListCompletionStatus(short Index,
+                                                       DetailStatusEnums newStatus) noexcept override;
+    HRESULT STDMETHODCALLTYPE AddItem(BSTR Item, short Index) noexcept override;
+    HRESULT STDMETHODCALLTYPE RemoveItem(short Index) noexcept override;
+    HRESULT STDMETHODCALLTYPE Clear() noexcept override;
+    HRESULT STDMETHODCALLTYPE Refresh() noexcept override;
+
+    LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+
+protected:
+    void* FindInterface(REFIID iid) noexcept override;
+    HWND FocusWindow() const override { return HScroll1.hWnd(); }
+    bool Wants(WPARAM key) const override;
+
+private:
+    // The control's life, in its order.
+    void UserControl_Initialize() override;
+    void UserControl_InitProperties() override;
+    void UserControl_ReadProperties(PropertyBag& PropBag) override;
+    void UserControl_Resize() override;
+    void UserControl_KeyDown(short& KeyCode, short Shift) override;
+    void UserControl_KeyPress(short& KeyAscii) override;
+    void UserControl_WriteProperties(PropertyBag& PropBag) override;
+    void UserControl_Terminate() override;
+    void HScroll1_Change();
+    void HScroll1_KeyDown(short& KeyCode, short Shift);
+    void HScroll1_KeyPress(short& KeyAscii);
+
+    // Messages (ChkCombo_messages.cpp).
+    LRESULT ComboMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+    LRESULT ScrollBarMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+    LRESULT ControlMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+    void Combo_Notified(WORD code);
+    void Combo_SelChange();
+    void Combo_DropDown();
+    void DrawItem(const DRAWITEMSTRUCT& item) const;
+    void DrawContent(const DRAWITEMSTRUCT& item) const;
+
+    // Properties.
+    using StandardControl::Enabled;
+    void Enabled(bool newState) override;
+    void ApplyFont() override;
+    void FontChanged() override;
+    void ListIndex(short newSelection);
+    void List(short Index, std::wstring_view newText);
+
+    // Methods.
+    void Insert(std::wstring_view Item, short Index);
+    void Remove(short Index);
+    void RemoveAll();
+
+    void RequireItem(short Index) const;
+    void RequireRunTime() const;
+    void MoveSelection(short index);
+    void FollowShift(short index);
+    void RaiseClick();
+
+    SubClassOwner<ChkCombo> subClass_{*this};
+    ChkComboList list_;
+    FocusDebounce focusDebounce_;
+    ScrollBar HScroll1{*this, TheSurface().hWnd()};
+    ComboBox combo_{*this, TheSurface().hWnd()};
+    bool internalChange_ = false; // HScroll1's value is being moved by the control itself
+    bool resizing_ = false;
+    bool choosing_ = false; // the user has picked from the open list
+    WndProcSlot controlPrevWndProc_ = 0;
+    WndProcSlot comboPrevWndProc_ = 0;
+    WndProcSlot scrollBarPrevWndProc_ = 0;
+};
+
+} // namespace kiv

@@ -1,0 +1,106 @@
+#include "controls/lists/ChkComboRules.h"
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr std::int32_t PartialStatus = 1;
+constexpr std::int32_t CompleteStatus = 2;
+
+constexpr int ItemsShown = 8;
+
+ItemColor MaskedColor(std::uint32_t oleColor, std::uint32_t systemMask)
+{
+    const bool isSystem = (oleColor & 0x80000000U) != 0;
+    return {isSystem, oleColor & (isSystem ? systemMask : 0xFFFFFFU)};
+}
+
+} // namespace
+
+void ChkComboList::Inserted(short index)
+{
+    statuses_.insert(statuses_.begin() + index, 0);
+    newIndex_ = index;
+    previousIndex_ = AfterInsertion(previousIndex_, index);
+}
+
+void ChkComboList::Removed(short index)
+{
+    statuses_.erase(statuses_.begin() + index);
+    newIndex_ = AfterRemoval(newIndex_, index);
+    previousIndex_ = AfterRemoval(previousIndex_, index);
+}
+
+void ChkComboList::Cleared()
+{
+    *this = {};
+}
+
+short AfterInsertion(short index, short inserted)
+{
+    return index >= inserted ? static_cast<short>(index + 1) : index;
+}
+
+short AfterRemoval(short index, short removed)
+{
+    if (index == removed)
+        return -1;
+    return index > removed ? static_cast<short>(index - 1) : index;
+}
+
+SelectionRange ReachableSelections(short selection, int count)
+{
+    return {static_cast<short>(selection < 0 ? -1 : 0), static_cast<short>(count - 1)};
+}
+
+ItemIcon ItemIconFor(std::int32_t status, bool selected)
+{
+    switch (status)
+    {
+    case PartialStatus:
+        return selected ? ItemIcon::PartialSelected : ItemIcon::Partial;
+    case CompleteStatus:
+        return selected ? ItemIcon::CompleteSelected : ItemIcon::Complete;
+    default:
+        return ItemIcon::None;
+    }
+}
+
+// The two masks differ on purpose. The narrow one takes the higher numbered colours for others: as the
+// background, button text (18) is the window frame's colour (2) and so on.
+ItemColor ItemBackground(std::uint32_t oleColor)
+{
+    return MaskedColor(oleColor, 0xF);
+}
+
+ItemColor ItemForeground(std::uint32_t oleColor)
+{
+    return MaskedColor(oleColor, 0xFF);
+}
+
+int ItemIconTop(int top, int bottom)
+{
+    return (top + bottom - ItemIconSize) / 2;
+}
+
+int ItemTextLeft(int left, ItemIcon icon)
+{
+    return left + (icon == ItemIcon::None ? 1 : ItemIconSize);
+}
+
+int DropDownHeight(int closedHeight, int itemHeight, int count)
+{
+    return closedHeight + itemHeight * (count == 0 ? 1 : ItemsShown) + 2;
+}
+
+bool FocusDebounce::HandsOn(std::uint32_t tick)
+{
+    if (tick - last_ <= 10)
+        return false;
+    last_ = tick;
+    return true;
+}
+
+} // namespace kiv

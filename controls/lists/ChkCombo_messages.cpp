@@ -1,0 +1,207 @@
+// The messages of the three windows of a ChkCombo, and what it draws.
+
+#include "controls/lists/ChkCombo.h"
+
+#include "framework/ModuleData.h"
+#include "runtime/core/Scoped.h"
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr DISPID DblClickEvent = DISPID_DBLCLICK;
+constexpr DISPID DropDownEvent = 1;
+constexpr DISPID CloseUpEvent = 2;
+constexpr DISPID ActiveStateChangedEvent = 3;
+
+constexpr UINT ItemTextFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
+
+HICON PictureFor(ItemIcon icon)
+{
+    const SharedPictures& pictures = Module().SharedPictures;
+    switch (icon)
+    {
+    case ItemIcon::Partial:
+        return IconOf(pictures.chkcmb_par);
+    case ItemIcon::PartialSelected:
+        return IconOf(pictures.chkcmb_par_sel);
+    case ItemIcon::Complete:
+        return IconOf(pictures.chkcmb_chk);
+    case ItemIcon::CompleteSelected:
+        return IconOf(pictures.chkcmb_chk_sel);
+    default:
+        return nullptr;
+    }
+}
+
+COLORREF Resolved(const ItemColor& color)
+{
+    return color.IsSystem ? GetSysColor(static_cast<int>(color.Value)) : color.Value;
+}
+
+void Fill(HDC dc, const RECT& rectangle, COLORREF color)
+{
+    const GdiObject<HBRUSH> brush(CreateSolidBrush(color));
+    FillRect(dc, &rectangle, brush.Get());
+}
+
+} // namespace
+
+// Errors are trapped by the service: they must not unwind through the window procedure.
+LRESULT ChkCombo::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
+{
+    if (hwnd == combo_.hWnd())
+        return ComboMessage(hwnd, msg, wParam, lParam);
+    if (hwnd == HScroll1.hWnd())
+        return ScrollBarMessage(hwnd, msg, wParam, lParam);
+    return ControlMessage(hwnd, msg, wParam, lParam);
+}
+
+LRESULT ChkCombo::ComboMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
+{
+    // The focus goes on to the control, and from there to HScroll1, which tells the combo box in turn that it
+    // has the focus: only once, or that would not end.
+    if (msg == WM_SETFOCUS && focusDebounce_.HandsOn(GetTickCount()))
+        SendMessageA(TheSurface().hWnd(), WM_SETFOCUS, 0, 0);
+    return CallPrevious(comboPrevWndProc_, hwnd, msg, wParam, lParam);
+}
+
+LRESULT ChkCombo::ScrollBarMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
+{
+    switch (msg)
+    {
+    case WM_SETFOCUS:
+        PostMessageA(combo_.hWnd(), WM_SETFOCUS, 0, 0);
+        break;
+    case WM_KILLFOCUS: {
+        // One that is still on its way would take the focus back.
+        MSG late = {};
+        PeekMessageA(&late, combo_.hWnd(), WM_SETFOCUS, WM_SETFOCUS, PM_REMOVE | (QS_POSTMESSAGE << 16));
+        SendMessageA(combo_.hWnd(), WM_KILLFOCUS, 0, 0);
+        break;
+    }
+    case WM_SYSKEYDOWN:
+        if ((wParam == VK_DOWN || wParam == VK_UP) && TakesInput())
+        {
+            combo_.DropDown(!combo_.IsDropped());
+            return 0;
+        }
+        break;
+    case WM_GETDLGCODE:
+        // A dialog would take Enter and Esc for its buttons.
+        if (lParam != 0 && Wants(reinterpret_cast<const MSG*>(lParam)->wParam))
+            return DLGC_WANTARROWS | DLGC_WANTMESSAGE;
+        break;
+    default:
+        break;
+    }
+    return CallPrevious(scrollBarPrevWndProc_, hwnd, msg, wParam, lParam);
+}
+
+LRESULT ChkCombo::ControlMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
+{
+    switch (msg)
+    {
+    case WM_SHOWWINDOW: {
+        VARIANT_BOOL visible = wParam != 0 ? VARIANT_TRUE : VARIANT_FALSE;
+        VARIANT_BOOL enabled = Enabled() ? VARIANT_TRUE : VARIANT_FALSE;
+        const Variant arguments[] = {Variant::ByReference(VT_BOOL, &visible),
+                                     Variant::ByReference(VT_BOOL, &enabled)};
+        RaiseEvent(ActiveStateChangedEvent, arguments);
+        break;
+    }
+    case WM_DRAWITEM:
+        DrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+        return TRUE;
+    case WM_MEASUREITEM:
+        return TRUE; // the height is left as the system computes it
+    case WM_COMMAND:
+        if (reinterpret_cast<HWND>(lParam) == combo_.hWnd())
+            Combo_Notified(HIWORD(wParam));
+        break;
+    default:
+        break;
+    }
+    return CallPrevious(controlPrevWndProc_, hwnd, msg, wParam, lParam);
+}
+
+void ChkCombo::Combo_Notified(WORD code)
+{
+    switch (code)
+    {
+    case CBN_SELCHANGE:
+        Combo_SelChange();
+        break;
+    case CBN_DBLCLK:
+        RaiseEvent(DblClickEvent);
+        break;
+    case CBN_DROPDOWN:
+        choosing_ = false;
+        Combo_DropDown();
+        break;
+    case CBN_SELENDOK:
+        choosing_ = true;
+        break;
+    case CBN_CLOSEUP:
+        // What the pointer merely passed over is not selected. A choice is yet to be told.
+        if (!choosing_)
+            FollowShift(HScroll1.Value());
+        RaiseEvent(CloseUpEvent);
+        break;
+    default:
+        break;
+    }
+}
+
+void ChkCombo::Combo_SelChange()
+{
+    list_.PreviousIndex(HScroll1.Value());
+    MoveSelection(static_cast<short>(combo_.Selected()));
+    RaiseClick();
+}
+
+void ChkCombo::Combo_DropDown()
+{
+    const SIZE size = TheSurface().PixelSize();
+    combo_.Move(0, 0, size.cx, DropDownHeight(size.cy, combo_.ItemHeight(), combo_.Count()), true);
+    RaiseEvent(DropDownEvent);
+}
+
+void ChkCombo::DrawItem(const DRAWITEMSTRUCT& item) const
+{
+    if ((item.itemAction & (ODA_DRAWENTIRE | ODA_SELECT)) != 0)
+        DrawContent(item);
+    if ((item.itemAction & ODA_FOCUS) != 0)
+        DrawFocusIfFocused(item, 0);
+}
+
+void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
+{
+    const HDC dc = item.hDC;
+    RECT place = item.rcItem;
+    Fill(dc, place, GetSysColor(COLOR_WINDOW));
+    const auto index = static_cast<int>(item.itemID);
+    if (!list_.Holds(index))
+        return;
+    const std::string text = combo_.ItemText(index);
+
+    const bool selected = (item.itemState & ODS_SELECTED) != 0;
+    const COLORREF background =
+        selected ? GetSysColor(COLOR_HIGHLIGHT) : Resolved(ItemBackground(TheSurface().BackColor()));
+    const COLORREF foreground =
+        selected ? GetSysColor(COLOR_HIGHLIGHTTEXT) : Resolved(ItemForeground(TheSurface().ForeColor()));
+    SetBkColor(dc, background);
+    Fill(dc, place, background);
+    SetTextColor(dc, foreground);
+
+    const ItemIcon icon = ItemIconFor(list_.Status(index), selected);
+    if (const HICON picture = PictureFor(icon))
+        DrawIconEx(dc, place.left, ItemIconTop(place.top, place.bottom), picture, 0, 0, 0, nullptr,
+                   DI_NORMAL);
+    place.left = ItemTextLeft(place.left, icon);
+    DrawTextA(dc, text.c_str(), -1, &place, ItemTextFormat);
+}
+
+} // namespace kiv

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "runtime/forms/Constituent.h"
+
+#include <string>
+
+namespace kiv
+{
+
+// A constituent drop-down list: a real COMBOBOX without a text box, which keeps a text and a number for each
+// item and has its parent draw them (WM_DRAWITEM). Indexes count from 0; -1 is none.
+class ComboBox final : public Constituent
+{
+public:
+    ComboBox(ConstituentOwner& owner, HWND parent);
+
+    // Texts are in the ANSI code page, as the combo box has them.
+    int Count() const;
+    std::string ItemText(int index) const;
+    long ItemData(int index) const;
+    void ItemData(int index, long data);
+    // At the end for -1. Returns where the item is; throws ComError (E_OUTOFMEMORY) when it cannot be had.
+    int Insert(const std::string& text, int index);
+    void Remove(int index);
+    void Clear();
+
+    // Raises no notification.
+    int Selected() const;
+    void Select(int index);
+
+    bool IsDropped() const;
+    void DropDown(bool shown);
+
+    // Pixels of the surface. The height is that with the list open; closed, it follows from the items'.
+    void Move(int left, int top, int width, int height, bool repaint);
+    int ClosedHeight() const;
+    int ItemHeight() const;
+
+    // Items are never lower than one line of the font needs.
+    void Font(HFONT font) override;
+    // Repaints an item, in the open list too.
+    void RepaintItem(int index);
+    void Draw(HDC dc, const RECT& place) const override;
+
+protected:
+    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    HWND List() const;
+
+    int leastItemHeight_;
+    int leastFieldHeight_;
+};
+
+} // namespace kiv

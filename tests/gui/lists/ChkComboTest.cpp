@@ -1,0 +1,35 @@
+#include "tests/gui/lists/ChkComboTest.h"
+
+namespace kiv::test
+{
+
+HostedCombo ChkComboTest::AddCombo(const std::vector<long>& statuses, host::SiteOptions options)
+{
+    options.name = L"cboForms";
+    HostedCombo combo(TheForm(), std::move(options));
+    combo.Fill(statuses);
+    combo.TakeEvents();
+    return combo;
+}
+
+HostedCombo ChkComboTest::ShownCombo(const std::vector<long>& statuses)
+{
+    HostedCombo combo = AddCombo(statuses);
+    ShowForm();
+    combo.Site().Focus();
+    Settle();
+    combo.TakeEvents();
+    return combo;
+}
+
+void ChkComboTest::ClickAt(POINT place)
+{
+    PointAt(place);
+    Settle();
+    PressButton(MouseButton::Left);
+    Settle();
+    ReleaseButton(MouseButton::Left);
+    Settle();
+}
+
+} // namespace kiv::test
