@@ -1,6 +1,7 @@
 #include "controls/amount/CurrencyBox.h"
 #include "controls/amount/PercentBox.h"
 #include "controls/choice/PicCommand.h"
+#include "controls/choice/PicLite.h"
 #include "controls/choice/YesNo.h"
 #include "controls/lists/ChkCombo.h"
 #include "controls/masked/DateBox.h"
@@ -36,8 +37,8 @@ constexpr LibraryClass ClassOf = {&Control::Class, &CreateControl<Control>};
 
 // Every class that the library offers.
 constexpr LibraryClass Classes[] = {
-    ClassOf<YesNo>,       ClassOf<PicCommand>, ClassOf<NumberBox>, ClassOf<DateBox>,
-    ClassOf<CurrencyBox>, ClassOf<PercentBox>, ClassOf<ChkCombo>,
+    ClassOf<YesNo>,   ClassOf<PicCommand>,  ClassOf<PicLite>,    ClassOf<NumberBox>,
+    ClassOf<DateBox>, ClassOf<CurrencyBox>, ClassOf<PercentBox>, ClassOf<ChkCombo>,
 };
 
 std::vector<const ControlClass*> PublishedClasses()

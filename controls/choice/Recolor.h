@@ -1,0 +1,13 @@
+#pragma once
+
+#include "runtime/forms/Gdi.h"
+
+namespace kiv
+{
+
+// A new bitmap of the same format, with every pixel of exactly the mask colour in the replace colour. Null
+// when the source is no bitmap or cannot be read now. Throws ComError (run-time error 6) for a bitmap wider
+// or higher than 32768 pixels.
+GdiObject<HBITMAP> Recolored(HBITMAP source, COLORREF mask, COLORREF replace);
+
+} // namespace kiv
