@@ -25,30 +25,6 @@ using MaskedValueTest = LibraryTest;
 constexpr HRESULT Invalid = RunTimeError(380);
 constexpr HRESULT NotAtDesignTime = RunTimeError(383);
 
-Variant Of(VARTYPE type, double number)
-{
-    Variant converted;
-    Check(VariantChangeType(converted.Receive(), Variant(number).Borrow(), 0, type));
-    return converted;
-}
-
-void ExpectError(const CallOutcome& outcome, HRESULT code, const wchar_t* source)
-{
-    EXPECT_EQ(Hr(outcome.Result), Hr(DISP_E_EXCEPTION));
-    EXPECT_EQ(Hr(outcome.ErrorCode), Hr(code));
-    EXPECT_EQ(outcome.ErrorSource, source);
-    EXPECT_EQ(outcome.ErrorDescription, L"") << "the text is the host's";
-}
-
-void ExpectErrorInfo(const wchar_t* source)
-{
-    ComPtr<IErrorInfo> information;
-    ASSERT_EQ(Hr(GetErrorInfo(0, &information)), Hr(S_OK));
-    Bstr told;
-    EXPECT_EQ(Hr(information->GetSource(told.Receive())), Hr(S_OK));
-    EXPECT_EQ(told.View(), source);
-}
-
 struct AssignedRow
 {
     const char* What;

@@ -24,6 +24,10 @@ std::wstring TypeName(ITypeInfo* info, const TYPEDESC& type)
         return L"long";
     case VT_I8:
         return L"hyper";
+    case VT_R4:
+        return L"float";
+    case VT_CY:
+        return L"CURRENCY";
     case VT_UI4:
         return L"unsigned long";
     case VT_BOOL:

@@ -2,6 +2,9 @@
 
 #include "tests/support/Text.h"
 
+#include <gtest/gtest.h>
+#include <wrl/client.h>
+
 #include <algorithm>
 
 namespace kiv::test
@@ -88,6 +91,30 @@ Variant Missing()
     V_VT(&missing) = VT_ERROR;
     V_ERROR(&missing) = DISP_E_PARAMNOTFOUND;
     return Variant(missing);
+}
+
+Variant Of(VARTYPE type, double number)
+{
+    Variant converted;
+    Check(VariantChangeType(converted.Receive(), Variant(number).Borrow(), 0, type));
+    return converted;
+}
+
+void ExpectError(const CallOutcome& outcome, HRESULT code, const wchar_t* source)
+{
+    EXPECT_EQ(Hr(outcome.Result), Hr(DISP_E_EXCEPTION));
+    EXPECT_EQ(Hr(outcome.ErrorCode), Hr(code));
+    EXPECT_EQ(outcome.ErrorSource, source);
+    EXPECT_EQ(outcome.ErrorDescription, L"");
+}
+
+void ExpectErrorInfo(const wchar_t* source)
+{
+    Microsoft::WRL::ComPtr<IErrorInfo> information;
+    ASSERT_EQ(Hr(GetErrorInfo(0, &information)), Hr(S_OK));
+    Bstr told;
+    EXPECT_EQ(Hr(information->GetSource(told.Receive())), Hr(S_OK));
+    EXPECT_EQ(told.View(), source);
 }
 
 std::string Show(const Variant& value)

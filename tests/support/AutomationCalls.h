@@ -38,6 +38,15 @@ DISPID IdOfName(IDispatch* object, const wchar_t* name);
 // The missing-argument marker.
 Variant Missing();
 
+// A number as a value of another type.
+Variant Of(VARTYPE type, double number);
+
+// The call has raised a run-time error: with its number and the control's name, and no text, which is the
+// host's.
+void ExpectError(const CallOutcome& outcome, HRESULT code, const wchar_t* source);
+// The same for a call through the vtable that has just failed.
+void ExpectErrorInfo(const wchar_t* source);
+
 // Type and value for people, as "VT 8 \"Y\"": compare these, so that a failed comparison can be read.
 std::string Show(const Variant& value);
 

@@ -161,9 +161,9 @@ HRESULT RecordingSite::LockInPlaceActive(BOOL) noexcept
 
 HRESULT RecordingSite::GetExtendedControl(IDispatch** extended) noexcept
 {
-    *extended = nullptr;
     log_->Arrived("GetExtendedControl");
-    return E_NOTIMPL;
+    *extended = Microsoft::WRL::ComPtr<IDispatch>(extender_).Detach();
+    return *extended ? S_OK : E_NOTIMPL;
 }
 
 HRESULT RecordingSite::TransformCoords(POINTL*, POINTF*, DWORD) noexcept

@@ -78,6 +78,8 @@ public:
     void RemoveAmbient(DISPID ambient) { ambients_.erase(ambient); }
     const std::set<DISPID>& AmbientsRead() const { return ambientsRead_; }
     void FailAmbients() { failAmbients_ = true; }
+    // What the container adds to the control; nothing unless it is said here.
+    void Extend(Microsoft::WRL::ComPtr<IDispatch> extender) { extender_ = std::move(extender); }
 
     // Where the control is to be, in pixels of the host's window.
     void PlaceAt(const RECT& position) { position_ = position; }
@@ -141,6 +143,7 @@ private:
     std::map<DISPID, Variant> ambients_;
     std::set<DISPID> ambientsRead_;
     bool failAmbients_ = false;
+    Microsoft::WRL::ComPtr<IDispatch> extender_;
 };
 
 } // namespace kiv::test

@@ -1,0 +1,83 @@
+#include "tests/com/AmountControl.h"
+
+#include "tests/support/AutomationCalls.h"
+#include "tests/support/TestFont.h"
+
+#include <sstream>
+
+namespace kiv::test
+{
+
+namespace
+{
+
+BOOL CALLBACK TakeEdit(HWND window, LPARAM found) noexcept
+{
+    char name[16] = {};
+    GetClassNameA(window, name, sizeof name);
+    if (lstrcmpiA(name, "EDIT") == 0)
+        *reinterpret_cast<HWND*>(found) = window;
+    return TRUE;
+}
+
+BOOL CALLBACK LookForEdit(HWND window, LPARAM found) noexcept
+{
+    EnumChildWindows(window, &TakeEdit, found);
+    return TRUE;
+}
+
+} // namespace
+
+AmountControl::AmountControl(REFCLSID classId) : MaskedControl(classId)
+{
+    Site().Log().AllowAll();
+}
+
+HWND AmountControl::Box() const
+{
+    HWND box = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), &LookForEdit, reinterpret_cast<LPARAM>(&box));
+    return box;
+}
+
+std::wstring AmountControl::Entry() const
+{
+    wchar_t text[256] = {};
+    GetWindowTextW(Box(), text, ARRAYSIZE(text));
+    return text;
+}
+
+void AmountControl::Enter(const wchar_t* text) const
+{
+    SetWindowTextW(Box(), text);
+}
+
+AmountState StateOf(const AmountControl& control)
+{
+    AmountState state;
+    for (const wchar_t* name :
+         {L"BackColor", L"ForeColor", L"Enabled", L"AllowRounding", L"NumDecDigits", L"NumIntDigits",
+          L"Complement", L"DisplayPercent", L"MaxDigits", L"MaxDecimals", L"MaxValue", L"MinValue"})
+    {
+        if (IdOfName(control.Get(), name) != DISPID_UNKNOWN)
+            state[name] = control.Shown(name);
+    }
+    std::ostringstream font;
+    font << FactsOf(control.Property(L"Font").Object());
+    state[L"Font"] = font.str();
+    return state;
+}
+
+Variant Money(LONGLONG tenThousandths)
+{
+    return Variant(Currency::FromUnits(tenThousandths));
+}
+
+CY Cy(LONGLONG tenThousandths)
+{
+    CY amount = {};
+    amount.int64 = tenThousandths;
+    return amount;
+}
+
+} // namespace kiv::test
