@@ -14,7 +14,8 @@ namespace kiv::host
 namespace
 {
 
-// Read from the last one on, as they are passed. Those left out at the end count as not passed.
+// Read from the last one on, as they are passed. Those left out at the end count as not passed: some callers
+// say so for every argument that such a member has elsewhere.
 std::vector<Variant> ArgumentsOf(const DISPPARAMS& passed)
 {
     std::vector<Variant> arguments;
@@ -96,7 +97,7 @@ HRESULT AutomationObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS
         if (passed->cNamedArgs != 0)
             return DISP_E_NONAMEDARGS;
         const std::vector<Variant> arguments = ArgumentsOf(*passed);
-        if (passed->cArgs > member.MostArguments || arguments.size() < member.FewestArguments)
+        if (arguments.size() > member.MostArguments || arguments.size() < member.FewestArguments)
             return DISP_E_BADPARAMCOUNT;
         // A caller may let go of the object in the middle of the call.
         const Microsoft::WRL::ComPtr<IDispatch> self(this);

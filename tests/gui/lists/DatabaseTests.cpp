@@ -239,6 +239,21 @@ TEST_P(DatabaseTest, FieldsOutliveWhatTheyCameFrom)
     EXPECT_EQ(GetProperty(ObjectOf(field), L"Value").Text(), L"1");
 }
 
+TEST_P(DatabaseTest, TakesArgumentsThatAreLeftOut)
+{
+    VARIANT omitted = {};
+    V_VT(&omitted) = VT_ERROR;
+    V_ERROR(&omitted) = DISP_E_PARAMNOTFOUND;
+    const Variant missing(omitted);
+    const Variant query(ListOf(L"MD", L"County", byCode).c_str());
+    const std::vector<Variant> calls[] = {
+        {query}, {query, missing}, {query, Variant(8L), missing, missing}, {query, Variant(short{8})}};
+    for (const std::vector<Variant>& arguments : calls)
+        EXPECT_EQ(FieldValue(CallMethod(TheDatabase(), L"OpenRecordset", arguments), Variant(2L)).Text(),
+                  L"1");
+    EXPECT_EQ(ErrorOf([&] { CallMethod(TheDatabase(), L"OpenRecordset", {missing}); }), DISP_E_BADPARAMCOUNT);
+}
+
 TEST_P(DatabaseTest, KnowsNothingElse)
 {
     EXPECT_FALSE(host::HasMember(TheDatabase(), L"Execute"));
