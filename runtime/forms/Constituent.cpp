@@ -88,6 +88,15 @@ LRESULT Constituent::Ask(UINT message, WPARAM wParam, LPARAM lParam) const
 
 void Constituent::Notified(WORD) {}
 
+void Constituent::Draw(HDC dc, const RECT& place) const
+{
+    POINT former = {};
+    OffsetWindowOrgEx(dc, -place.left, -place.top, &former);
+    SendMessageA(window_, WM_PRINT, reinterpret_cast<WPARAM>(dc),
+                 PRF_NONCLIENT | PRF_CLIENT | PRF_ERASEBKGND | PRF_CHILDREN);
+    SetWindowOrgEx(dc, former.x, former.y, nullptr);
+}
+
 HBRUSH Constituent::Colors(HDC)
 {
     return nullptr;

@@ -49,8 +49,8 @@ public:
     // A notification of the window to its parent: WM_COMMAND's or WM_HSCROLL's code.
     virtual void Notified(WORD code);
     // The window's picture for a device context that is not the window's: a printed form, an inactive
-    // control.
-    virtual void Draw(HDC dc, const RECT& place) const = 0;
+    // control. The system's control draws it, unless a class knows better.
+    virtual void Draw(HDC dc, const RECT& place) const;
     // Colours for the window, which the system asks its parent for; null for the system's own.
     virtual HBRUSH Colors(HDC dc);
 

@@ -43,8 +43,10 @@ protected:
     {
         this->TheSurface().Font(std::move(newFont), [this] { FontChanged(); });
         ApplyFont();
-        this->PropertyChanged(L"Font");
+        FontAssigned();
     }
+    // Whether anybody is told of another font object is the control's to say.
+    virtual void FontAssigned() { this->PropertyChanged(L"Font"); }
 
     // Lays the control out for its font.
     virtual void ApplyFont() = 0;

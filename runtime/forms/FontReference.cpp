@@ -7,6 +7,8 @@
 
 #include <ocidl.h>
 
+#include <string>
+
 using Microsoft::WRL::ComPtr;
 
 namespace kiv
@@ -53,6 +55,20 @@ FontObject CreateDefaultFont()
     description.sWeight = known ? static_cast<SHORT>(dialogFont.lfWeight) : SHORT{FW_NORMAL};
     description.sCharset = known ? dialogFont.lfCharSet : SHORT{DEFAULT_CHARSET};
 
+    FontObject font;
+    Check(OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())));
+    return font;
+}
+
+FontObject CreateFontObject(std::wstring_view name, double points, short weight)
+{
+    std::wstring nameCopy(name);
+    FONTDESC description = {};
+    description.cbSizeofstruct = sizeof description;
+    description.lpstrName = nameCopy.data();
+    description.cySize.int64 = static_cast<LONGLONG>(points * 10000);
+    description.sWeight = weight;
+    description.sCharset = DEFAULT_CHARSET;
     FontObject font;
     Check(OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())));
     return font;

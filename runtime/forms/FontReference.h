@@ -7,6 +7,7 @@
 #include <wrl/client.h>
 
 #include <functional>
+#include <string_view>
 
 namespace kiv
 {
@@ -15,6 +16,9 @@ using FontObject = Microsoft::WRL::ComPtr<IFontDisp>;
 
 // A font object of the system's dialog font, for containers that offer none of their own.
 FontObject CreateDefaultFont();
+
+// A font object of a font by name.
+FontObject CreateFontObject(std::wstring_view name, double points, short weight);
 
 // A new object with the same attributes, or the object itself when it cannot be cloned.
 FontObject CloneFont(const FontObject& font);

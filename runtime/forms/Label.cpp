@@ -21,13 +21,14 @@ void Label::Move(int left, int top, int width, int height)
 
 int Label::LineHeight() const
 {
-    return LineHeightInPixels(surface_.FontHandle());
+    return LineHeightInPixels(font_ ? font_ : surface_.FontHandle());
 }
 
 void Label::Draw() const
 {
     const Graphics graphics = surface_.AcquireGraphics();
     const HDC dc = graphics.Dc();
+    const Selection font(dc, font_);
     const GdiObject<HBRUSH> background(CreateSolidBrush(ResolvedColor(backColor_)));
     FillRect(dc, &place_, background.Get());
 

@@ -8,8 +8,8 @@
 namespace kiv
 {
 
-// A line of text on a control's surface: drawn with the surface, in its font, and no window. Whoever changes
-// a label has the surface painted again (UserControl::Refresh).
+// A line of text on a control's surface: drawn with the surface, in its font or one of its own, and no
+// window. Whoever changes a label has the surface painted again (UserControl::Refresh).
 class Label
 {
 public:
@@ -32,10 +32,13 @@ public:
     bool Enabled() const { return enabled_; }
     void Enabled(bool enabled) { enabled_ = enabled; }
 
+    // Owned by somebody else; null for the surface's.
+    void Font(HFONT font) { font_ = font; }
+
     // Pixels of the surface.
     void Move(int left, int top, int width, int height);
     const RECT& Place() const { return place_; }
-    // What one line of the surface's font needs, in pixels.
+    // What one line needs, in pixels.
     int LineHeight() const;
 
     // On the surface that is being painted: call it in UserControl_Paint.
@@ -48,6 +51,7 @@ private:
     OLE_COLOR backColor_;
     OLE_COLOR foreColor_;
     bool enabled_ = true;
+    HFONT font_ = nullptr;
     RECT place_ = {};
 };
 

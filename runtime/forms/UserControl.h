@@ -157,6 +157,8 @@ protected:
     virtual void UserControl_EnterFocus() {}
     virtual void UserControl_ExitFocus() {}
     virtual void UserControl_WriteProperties(PropertyBag&) {}
+    // The control is about to leave its container's window.
+    virtual void UserControl_Hide() {}
     virtual void UserControl_Terminate() {}
 
     Surface& TheSurface() { return surface_; }
@@ -176,6 +178,9 @@ protected:
     void SetAccessKeys(std::wstring_view letters);
     // Whether Enter is the control's own while it has the focus, and not for the container's default button.
     virtual bool TakesReturn() const { return false; }
+    // What a modal form of the control's tells the container before it appears (false) and before it goes
+    // (true): whether the container's other windows are to answer.
+    std::function<void(bool enabled)> ModalTeller() const;
     // For an access key: the container hears that the control is active, and the keys go to it.
     void TakeFocus();
     bool TakesInput() const override;

@@ -114,6 +114,15 @@ void UserControl::TakeFocus()
         SetFocus(FocusWindow());
 }
 
+std::function<void(bool enabled)> UserControl::ModalTeller() const
+{
+    // Of its own: the control may be deactivated meanwhile.
+    return [frame = frame_](bool enabled) {
+        if (frame)
+            frame->EnableModeless(enabled);
+    };
+}
+
 HRESULT UserControl::UIDeactivate() noexcept
 {
     const ComPtr<IUnknown> held(Outer());
@@ -142,6 +151,7 @@ HRESULT UserControl::InPlaceDeactivate() noexcept
         // Hiding a window that has the focus gives the focus to the container, which may think of giving it
         // back: until this is over the control cannot be activated.
         const Scoped<bool> deactivating(deactivating_, true);
+        UserControl_Hide();
         surface_.Park();
         activity_ = Activity::Inactive;
         frame_.Reset();

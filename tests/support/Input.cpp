@@ -14,7 +14,7 @@ namespace
 // A key that no keyboard has and no program answers.
 constexpr WORD MarkKey = VK_F24;
 
-InputMark* waiting = nullptr;
+std::atomic<InputMark*> waiting = nullptr;
 
 void Send(INPUT input)
 {
@@ -90,8 +90,8 @@ void ReleaseButton(MouseButton button)
     SendButton(button, {MOUSEEVENTF_LEFTUP, MOUSEEVENTF_RIGHTUP, MOUSEEVENTF_MIDDLEUP});
 }
 
-InputMark::InputMark() :
-    hook_(SetWindowsHookExW(WH_GETMESSAGE, &InputMark::Watch, nullptr, GetCurrentThreadId()))
+InputMark::InputMark(DWORD thread) :
+    hook_(SetWindowsHookExW(WH_GETMESSAGE, &InputMark::Watch, nullptr, thread))
 {
     if (!hook_)
         ThrowLastError();
@@ -109,8 +109,9 @@ LRESULT CALLBACK InputMark::Watch(int code, WPARAM wParam, LPARAM lParam) noexce
 {
     const auto& message = *reinterpret_cast<const MSG*>(lParam);
     const bool isKeyUp = message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
-    if (code == HC_ACTION && wParam == PM_REMOVE && isKeyUp && message.wParam == MarkKey && waiting)
-        waiting->arrived_ = true;
+    InputMark* const mark = waiting;
+    if (code == HC_ACTION && wParam == PM_REMOVE && isKeyUp && message.wParam == MarkKey && mark)
+        mark->arrived_ = true;
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <initializer_list>
 
 namespace kiv::test
@@ -28,12 +29,12 @@ void PointAt(POINT place);
 void PressButton(MouseButton button);
 void ReleaseButton(MouseButton button);
 
-// Marks the end of the input sent so far. Once the mark has come through the calling thread's message queue,
-// all of that input has been handled.
+// Marks the end of the input sent so far. Once the mark has come through the message queue of a thread, by
+// default the calling one, all of that input has been handled. One at a time.
 class InputMark
 {
 public:
-    InputMark();
+    explicit InputMark(DWORD thread = GetCurrentThreadId());
     InputMark(const InputMark&) = delete;
     InputMark& operator=(const InputMark&) = delete;
     ~InputMark();
@@ -43,7 +44,7 @@ public:
 private:
     static LRESULT CALLBACK Watch(int code, WPARAM wParam, LPARAM lParam) noexcept;
 
-    bool arrived_ = false;
+    std::atomic<bool> arrived_ = false;
     HHOOK hook_;
 };
 

@@ -1,0 +1,378 @@
+#include "controls/lists/EnumList.h"
+
+#include "controls/lists/EnumLayout.h"
+#include "controls/lists/EnumMessages.h"
+#include "controls/lists/EnumRecordset.h"
+#include "controls/lists/EnumRules.h"
+#include "controls/lists/frmEnums.h"
+#include "resources/ResourceIds.h"
+#include "runtime/core/Scoped.h"
+#include "runtime/core/Units.h"
+#include "runtime/forms/Color.h"
+#include "runtime/forms/MousePointer.h"
+#include "runtime/forms/Screen.h"
+
+using Microsoft::WRL::ComPtr;
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr DISPID SelectionChangedEvent = 1;
+
+constexpr long DefaultBackColor = static_cast<long>(SystemColor(COLOR_WINDOW));
+constexpr long DefaultForeColor = static_cast<long>(SystemColor(COLOR_BTNTEXT));
+constexpr double ButtonWidth = 255; // twips
+
+// With this number as its WhatsThisHelpID a control's picker shows codes, whatever the control itself shows.
+constexpr long ShowCodesHelpId = 1;
+
+int PixelsX(double twips)
+{
+    return TwipsToPixels(twips, Screen::TwipsPerPixelX());
+}
+
+int PixelsY(double twips)
+{
+    return TwipsToPixels(twips, Screen::TwipsPerPixelY());
+}
+
+} // namespace
+
+const ControlClass EnumList::Class = {
+    CLSID_EnumList,          __uuidof(_EnumList),  __uuidof(__EnumList), L"EnumList",
+    L"KivControls.EnumList", KIV_TOOLBOX_ENUMLIST, {1815, 285},          true,
+};
+
+EnumList::EnumList(IUnknown* outer) : StandardControl(Class, outer) {}
+
+// --- The control's life ---
+
+void EnumList::UserControl_Initialize()
+{
+    cmd.OnClick = [this] { cmd_Click(); };
+    Font(CreateDefaultFont());
+}
+
+void EnumList::UserControl_InitProperties()
+{
+    // The control may still have what a load that failed gave it.
+    Clear();
+    Enabled(true);
+    Font(Ambient().Font());
+    BackColor(static_cast<OLE_COLOR>(DefaultBackColor));
+    ForeColor(static_cast<OLE_COLOR>(DefaultForeColor));
+    displayStyle_ = Code;
+}
+
+void EnumList::UserControl_ReadProperties(PropertyBag& PropBag)
+{
+    Clear();
+    BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
+    ForeColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", DefaultForeColor)));
+    Enabled(PropBag.ReadProperty(L"Enabled", true));
+    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
+    TableName = PropBag.ReadProperty(L"TableName", L"");
+    StateCode = PropBag.ReadProperty(L"StateCode", L"");
+    EnumListTitle = PropBag.ReadProperty(L"EnumListTitle", L"");
+    DisplayStyle(PropBag.ReadProperty(L"DisplayStyle", 0L));
+    SortListBy(PropBag.ReadProperty(L"SortListBy", displayStyle_));
+    PickerSortOrder = sortListBy_;
+}
+
+void EnumList::UserControl_Resize()
+{
+    const Surface& surface = TheSurface();
+    const double width = surface.ScaleWidth();
+    const double height = surface.ScaleHeight();
+    const double labelHeight = LabelHeight();
+    const EnumListLayout layout = CalcEnumListLayout(width, height, ButtonWidth, labelHeight);
+    cmd.Move(PixelsX(layout.ButtonLeft), 0, PixelsX(ButtonWidth), PixelsY(height));
+    if (layout.MissingWidth > 0 || layout.MissingHeight > 0)
+    {
+        // Not from the outer size: a window smaller than its border has none that says anything.
+        RequestSize({PixelsX(width + layout.MissingWidth) + 2 * GetSystemMetrics(SM_CXEDGE),
+                     PixelsY(height + layout.MissingHeight) + 2 * GetSystemMetrics(SM_CYEDGE)});
+        return;
+    }
+    lbl.Move(0, PixelsY(layout.LabelTop), PixelsX(layout.LabelWidth), PixelsY(labelHeight));
+}
+
+void EnumList::UserControl_Paint()
+{
+    lbl.Draw();
+}
+
+// F4 drops the list down, as it does that of a combo box; Alt with the down arrow comes as a key of the
+// system's and is left to the container.
+void EnumList::UserControl_KeyDown(short& KeyCode, short Shift)
+{
+    if (KeyCode != VK_F4 || Shift != 0)
+        return;
+    KeyCode = 0;
+    cmd_Click();
+}
+
+void EnumList::UserControl_WriteProperties(PropertyBag& PropBag)
+{
+    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(BackColor())), Variant(DefaultBackColor));
+    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(ForeColor())), Variant(DefaultForeColor));
+    PropBag.WriteProperty(L"Enabled", Variant(Enabled()), Variant(true));
+    SaveFontProperty(PropBag, TheSurface().Font(), Ambient().Font());
+    PropBag.WriteProperty(L"TableName", Variant(TableName), Variant(L""));
+    PropBag.WriteProperty(L"StateCode", Variant(StateCode), Variant(L""));
+    PropBag.WriteProperty(L"EnumListTitle", Variant(EnumListTitle), Variant(L""));
+    PropBag.WriteProperty(L"DisplayStyle", Variant(displayStyle_), Variant(0L));
+    PropBag.WriteProperty(L"SortListBy", Variant(sortListBy_), Variant(displayStyle_));
+}
+
+// A control that is taken away takes its picker along: nobody would hear of a choice.
+void EnumList::UserControl_Hide()
+{
+    if (picking_)
+        frmEnums::TheForm().Unload();
+}
+
+// What is no part of a new control, and none of a form's file.
+void EnumList::Clear()
+{
+    StateCode.clear();
+    TableName.clear();
+    EnumListTitle.clear();
+    enumCode_.clear();
+    displayStyle_ = sortListBy_ = PickerSortOrder = Code;
+    lbl.Caption(L"");
+}
+
+// --- The picker ---
+
+void EnumList::cmd_Click()
+{
+    frmEnums& picker = frmEnums::TheForm();
+    if (picker.InUse)
+        return; // by a list further down this thread's stack; nothing of its form may be touched
+    const Scoped<bool> inUse(picker.InUse, true);
+    const Scoped<bool> picking(picking_, true);
+    picker.StateCode = StateCode;
+    picker.TableName = TableName;
+    const Scoped<ComPtr<IDispatch>> database(picker.Database, Database);
+    picker.ShowCodes = ShowsCodes();
+    {
+        const Form::Loaded loaded(picker, GetAncestor(TheSurface().hWnd(), GA_ROOT), EnumListTitle);
+        picker.SortListBy(PickerSortOrder);
+        picker.EnumCode(enumCode_);
+        picker.Display(ModalTeller());
+    }
+    PickerSortOrder = picker.SortListBy();
+    if (picker.Cancel() || picker.EnumCode() == enumCode_)
+        return;
+    // Copied: whoever hears of the change may open the picker again.
+    if (FAILED(Boundary([&, chosen = picker.EnumCode()] { EnumCode(chosen); })))
+        TellTableUnread(); // no caller is there to get the error
+    RaiseEvent(SelectionChangedEvent);
+}
+
+bool EnumList::ShowsCodes() const
+{
+    const std::optional<Variant> helpId = Extender().Get(L"WhatsThisHelpID").As(VT_I4);
+    return (helpId && helpId->Long() == ShowCodesHelpId) || displayStyle_ == Code;
+}
+
+// --- Properties ---
+
+// The surface shows above and below a label that is lower than the control.
+void EnumList::BackColor(OLE_COLOR newColor)
+{
+    lbl.BackColor(newColor);
+    TheSurface().BackColor(newColor);
+    PropertyChanged(L"BackColor");
+    Refresh();
+}
+
+void EnumList::ForeColor(OLE_COLOR newColor)
+{
+    lbl.ForeColor(newColor);
+    PropertyChanged(L"ForeColor");
+    Refresh();
+}
+
+void EnumList::Enabled(bool newState)
+{
+    EnableWindow(TheSurface().hWnd(), newState);
+    TheSurface().Enabled(newState);
+    cmd.Enabled(newState);
+    lbl.Enabled(newState);
+    PropertyChanged(L"Enabled");
+    Refresh();
+}
+
+// The control grows for a label that needs more, and never shrinks for one that needs less.
+void EnumList::ApplyFont()
+{
+    UserControl_Resize();
+    Refresh();
+}
+
+// Unlike the other controls' fonts: hosts are not told.
+void EnumList::FontAssigned() {}
+
+double EnumList::LabelHeight() const
+{
+    return lbl.LineHeight() * Screen::TwipsPerPixelY();
+}
+
+HRESULT EnumList::get_StateCode(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(StateCode).Detach(); });
+}
+
+// Like the next two: neither notified nor looked up.
+HRESULT EnumList::put_StateCode(BSTR newState) noexcept
+{
+    return Member([&] { StateCode = Bstr::ViewOf(newState); });
+}
+
+HRESULT EnumList::get_TableName(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(TableName).Detach(); });
+}
+
+HRESULT EnumList::put_TableName(BSTR newTable) noexcept
+{
+    return Member([&] { TableName = Bstr::ViewOf(newTable); });
+}
+
+HRESULT EnumList::get_EnumListTitle(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(EnumListTitle).Detach(); });
+}
+
+HRESULT EnumList::put_EnumListTitle(BSTR newTitle) noexcept
+{
+    return Member([&] { EnumListTitle = Bstr::ViewOf(newTitle); });
+}
+
+HRESULT EnumList::putref_Database(IDispatch* newDatabase) noexcept
+{
+    return Member([&] { Database = newDatabase; });
+}
+
+// In the style Code the text on display is the code, and nothing is looked up for it.
+HRESULT EnumList::get_EnumText(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(displayStyle_ == Code ? enumCode_ : lbl.Caption()).Detach(); });
+}
+
+HRESULT EnumList::get_DisplayStyle(DisplayStyleEnums* result) noexcept
+{
+    return Get(result, [&] { return static_cast<DisplayStyleEnums>(displayStyle_); });
+}
+
+HRESULT EnumList::put_DisplayStyle(DisplayStyleEnums newStyle) noexcept
+{
+    return Member([&] { DisplayStyle(newStyle); });
+}
+
+// Any number is taken; one that is not Code shows the description.
+void EnumList::DisplayStyle(long newStyle)
+{
+    displayStyle_ = newStyle;
+    SortListBy(newStyle);
+    PropertyChanged(L"DisplayStyle");
+    RefreshEnumLabel();
+}
+
+HRESULT EnumList::get_SortListBy(DisplayStyleEnums* result) noexcept
+{
+    return Get(result, [&] { return static_cast<DisplayStyleEnums>(sortListBy_); });
+}
+
+HRESULT EnumList::put_SortListBy(DisplayStyleEnums newOrder) noexcept
+{
+    return Member([&] { SortListBy(newOrder); });
+}
+
+void EnumList::SortListBy(long newOrder)
+{
+    sortListBy_ = newOrder;
+    PropertyChanged(L"SortListBy");
+}
+
+HRESULT EnumList::get_EnumCode(BSTR* result) noexcept
+{
+    return Get(result, [&] { return Bstr(enumCode_).Detach(); });
+}
+
+HRESULT EnumList::put_EnumCode(BSTR newCode) noexcept
+{
+    return Member([&] { EnumCode(Bstr::ViewOf(newCode)); });
+}
+
+void EnumList::EnumCode(std::wstring_view newCode)
+{
+    enumCode_ = newCode;
+    PropertyChanged(L"EnumCode");
+    PropertyChanged(L"BoundEnumCode");
+    RefreshEnumLabel();
+}
+
+HRESULT EnumList::get_BoundEnumCode(VARIANT* result) noexcept
+{
+    if (!result)
+        return E_POINTER;
+    return Member([&] { (enumCode_.empty() ? Variant::Null() : Variant(enumCode_)).DetachTo(result); });
+}
+
+HRESULT EnumList::put_BoundEnumCode(VARIANT newCode) noexcept
+{
+    return Member([&] { BoundEnumCode(Variant(newCode)); });
+}
+
+// Both notifications come twice: from EnumCode and from here. Data-bound hosts rely on it.
+void EnumList::BoundEnumCode(const Variant& newCode)
+{
+    const std::optional<Variant> text = newCode.IsNull() ? Variant(L"") : newCode.As(VT_BSTR);
+    if (!text)
+        throw ComError(DISP_E_TYPEMISMATCH);
+    EnumCode(text->Text());
+    PropertyChanged(L"EnumCode");
+    PropertyChanged(L"BoundEnumCode");
+}
+
+// --- The label ---
+
+void EnumList::ShowCaption(std::wstring_view caption)
+{
+    lbl.Caption(caption);
+    Refresh();
+}
+
+// The database may do anything while it is asked, and so may the user while the message is shown: what a
+// later refresh has found stays.
+void EnumList::RefreshEnumLabel()
+{
+    const int refresh = ++refreshes_;
+    if (enumCode_.empty() || displayStyle_ == Code)
+        return ShowCaption(enumCode_);
+    if (TableName.empty() || StateCode.empty())
+        return ShowCaption(L"");
+    const ComPtr<IDispatch> database = Database;
+    std::optional<EnumRecordset> rows = [&] {
+        const Hourglass hourglass;
+        return EnumRecordset::Open(database.Get(), LabelQuery(StateCode, TableName, enumCode_));
+    }();
+    // An error from here on is the caller's.
+    const bool found = rows && !rows->AtEnd();
+    const std::wstring caption = found ? rows->Text(EnumTextColumn) : std::wstring();
+    const bool answered = rows.has_value();
+    rows.reset();
+    if (refresh != refreshes_)
+        return;
+    ShowCaption(caption);
+    if (!answered)
+        TellTableUnread();
+}
+
+} // namespace kiv

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "runtime/forms/CommandButton.h"
+#include "runtime/forms/Label.h"
+#include "runtime/forms/StandardControl.h"
+
+#include <KivControls.h>
+
+namespace kiv
+{
+
+// One code of a table in the host's database, shown as it is or by its description. The user chooses another
+// in the picker, which the button opens.
+class EnumList final : public StandardControl<_EnumList>
+{
+public:
+    static const ControlClass Class;
+
+    explicit EnumList(IUnknown* outer);
+
+    // _EnumList, its own part
+    HRESULT STDMETHODCALLTYPE get_StateCode(BSTR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_StateCode(BSTR newState) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_TableName(BSTR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_TableName(BSTR newTable) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_EnumListTitle(BSTR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_EnumListTitle(BSTR newTitle) noexcept override;
+    HRESULT STDMETHODCALLTYPE putref_Database(IDispatch* newDatabase) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_EnumText(BSTR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_DisplayStyle(DisplayStyleEnums* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_DisplayStyle(DisplayStyleEnums newStyle) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_SortListBy(DisplayStyleEnums* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_SortListBy(DisplayStyleEnums newOrder) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_EnumCode(BSTR* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_EnumCode(BSTR newCode) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_BoundEnumCode(VARIANT* result) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_BoundEnumCode(VARIANT newCode) noexcept override;
+
+protected:
+    HWND FocusWindow() const override { return cmd.hWnd(); }
+
+private:
+    // The control's life, in its order.
+    void UserControl_Initialize() override;
+    void UserControl_InitProperties() override;
+    void UserControl_ReadProperties(PropertyBag& PropBag) override;
+    void UserControl_Resize() override;
+    void UserControl_Paint() override;
+    void UserControl_KeyDown(short& KeyCode, short Shift) override;
+    void UserControl_WriteProperties(PropertyBag& PropBag) override;
+    void UserControl_Hide() override;
+    void cmd_Click();
+
+    // Properties.
+    OLE_COLOR BackColor() const override { return lbl.BackColor(); }
+    void BackColor(OLE_COLOR newColor) override;
+    OLE_COLOR ForeColor() const override { return lbl.ForeColor(); }
+    void ForeColor(OLE_COLOR newColor) override;
+    using StandardControl::Enabled;
+    void Enabled(bool newState) override;
+    void ApplyFont() override;
+    void FontAssigned() override;
+    void DisplayStyle(long newStyle);
+    void SortListBy(long newOrder);
+    void EnumCode(std::wstring_view newCode);
+    void BoundEnumCode(const Variant& newCode);
+
+    void Clear();
+    bool ShowsCodes() const;
+    void ShowCaption(std::wstring_view caption);
+    void RefreshEnumLabel();
+    double LabelHeight() const;
+
+    std::wstring StateCode;
+    std::wstring TableName;
+    std::wstring EnumListTitle;
+    Microsoft::WRL::ComPtr<IDispatch> Database;
+    long displayStyle_ = Code;
+    long sortListBy_ = Code;
+    long PickerSortOrder = Code;
+    std::wstring enumCode_;
+    Label lbl{TheSurface(), Label::Alignment::Left};
+    CommandButton cmd{*this, TheSurface().hWnd(), L"..."};
+    int refreshes_ = 0;
+    bool picking_ = false;
+};
+
+} // namespace kiv

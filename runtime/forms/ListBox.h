@@ -1,0 +1,60 @@
+#pragma once
+
+#include "runtime/forms/Constituent.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kiv
+{
+
+// A constituent list box: a real LISTBOX with tab stops, of which one item or none is selected. Items are
+// counted from 0; -1 stands for none.
+class ListBox final : public Constituent
+{
+public:
+    ListBox(ConstituentOwner& owner, HWND parent);
+
+    // Events: the user selects an item, or double-clicks.
+    std::function<void()> OnClick;
+    std::function<void()> OnDblClick;
+
+    // Adds an item at the end and tells where that is. Throws std::bad_alloc when the list is full.
+    int AddItem(std::wstring_view text);
+    void Clear();
+    int ListCount() const { return static_cast<int>(texts_.size()); }
+    // The item's text as it was added; the window shows what the ANSI code page has of it.
+    const std::wstring& List(int index) const { return texts_[static_cast<std::size_t>(index)]; }
+    int ItemData(int index) const;
+    void ItemData(int index, int data);
+
+    int ListIndex() const;
+    void ListIndex(int index);
+    // The first item in sight.
+    int TopIndex() const;
+    void TopIndex(int index);
+
+    // The only tab stop, in dialog units of the list's font.
+    void TabStop(int dialogUnits);
+    // While this lives the window is not painted: for many changes at once.
+    class Batch
+    {
+    public:
+        explicit Batch(const ListBox& list);
+        Batch(const Batch&) = delete;
+        Batch& operator=(const Batch&) = delete;
+        ~Batch();
+
+    private:
+        const ListBox& list_;
+    };
+
+    void Notified(WORD code) override;
+
+private:
+    std::vector<std::wstring> texts_;
+};
+
+} // namespace kiv

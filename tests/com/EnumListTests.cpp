@@ -1,0 +1,515 @@
+// A list of codes as its host sees it: properties, what they notify, what the database is asked, and what
+// happens when that fails.
+
+#include "tests/com/MaskedControl.h"
+#include "tests/support/AutomationCalls.h"
+#include "tests/support/EnumDatabase.h"
+#include "tests/support/EventRecorder.h"
+#include "tests/support/LibraryTest.h"
+#include "tests/support/MessageBoxWatcher.h"
+#include "tests/support/PropertyNotifyRecorder.h"
+#include "tests/support/TestFont.h"
+#include "tests/support/TestPropertyBag.h"
+#include "tests/support/TestStream.h"
+#include "tests/support/Text.h"
+
+#include "runtime/com/Errors.h"
+
+#include <olectl.h>
+
+#include <memory>
+
+using Microsoft::WRL::ComPtr;
+
+namespace kiv::test
+{
+
+namespace
+{
+
+constexpr wchar_t Unread[] = L"Could not read enum table from database.";
+using Names = std::vector<std::wstring>;
+using Calls = std::vector<std::wstring>;
+
+class EnumListTest : public LibraryTest
+{
+protected:
+    void SetUp() override
+    {
+        LibraryTest::SetUp();
+        control_ = std::make_unique<MaskedControl>(CLSID_EnumList);
+        control_->InitNew();
+        control_->Put(L"StateCode", Variant(L"MA"));
+        control_->Put(L"TableName", Variant(L"Single"));
+        control_->Put(L"Database", Variant(database_.Get()));
+    }
+    void TearDown() override
+    {
+        connection_.reset();
+        control_.reset();
+        LibraryTest::TearDown();
+    }
+
+    const MaskedControl& Control() const { return *control_; }
+    EnumDatabase& Database() { return database_; }
+    std::string Shown(const wchar_t* name) const { return control_->Shown(name); }
+    void Put(const wchar_t* name, const Variant& value) const { control_->Put(name, value); }
+    void ListenToChanges()
+    {
+        connection_ = std::make_unique<Connection>(control_->Get(), IID_IPropertyNotifySink, changes_.Get());
+    }
+    // Names of the properties that were told since the last time.
+    Names TakeChanges() const
+    {
+        Names names;
+        ComPtr<ITypeInfo> description;
+        Check(control_->Get()->GetTypeInfo(0, LOCALE_USER_DEFAULT, &description));
+        for (const DISPID each : changes_->TakeChanges())
+        {
+            Bstr name;
+            UINT found = 0;
+            Check(description->GetNames(each, name.Receive(), 1, &found));
+            names.push_back(name.String());
+        }
+        return names;
+    }
+    // What is shown while act runs, which must be the one message.
+    void ExpectUnread(const std::function<void()>& act)
+    {
+        MessageBoxWatcher watcher;
+        act();
+        const std::vector<ShownMessageBox>& shown = watcher.Stop();
+        ASSERT_EQ(shown.size(), 1U);
+        EXPECT_EQ(shown[0].Text, Unread);
+        EXPECT_EQ(shown[0].Icon, LoadIconA(nullptr, IDI_HAND));
+    }
+    void ExpectNoMessage(const std::function<void()>& act)
+    {
+        MessageBoxWatcher watcher;
+        act();
+        EXPECT_TRUE(watcher.Stop().empty());
+    }
+
+private:
+    EnumDatabase database_{SampleEnumRows()};
+    std::unique_ptr<MaskedControl> control_;
+    ComPtr<PropertyNotifyRecorder> changes_ = MakeCom<PropertyNotifyRecorder>();
+    std::unique_ptr<Connection> connection_;
+};
+
+TEST_F(EnumListTest, BeginsEmptyAndShowingCodes)
+{
+    const MaskedControl fresh(CLSID_EnumList);
+    fresh.InitNew();
+    for (const wchar_t* name : {L"StateCode", L"TableName", L"EnumListTitle", L"EnumCode", L"EnumText"})
+        EXPECT_EQ(fresh.Shown(name), Show(Variant(L""))) << Narrow(name);
+    EXPECT_EQ(fresh.Shown(L"DisplayStyle"), Show(Variant(0L)));
+    EXPECT_EQ(fresh.Shown(L"SortListBy"), Show(Variant(0L)));
+    EXPECT_EQ(fresh.Shown(L"BoundEnumCode"), Show(Variant::Null()));
+    EXPECT_EQ(fresh.Shown(L"Enabled"), Show(Variant(true)));
+    EXPECT_EQ(fresh.Property(L"BackColor").Long(), static_cast<long>(0x80000005));
+    EXPECT_EQ(fresh.Property(L"ForeColor").Long(), static_cast<long>(0x80000012));
+}
+
+TEST_F(EnumListTest, ACodeIsShownWithoutAskingTheDatabase)
+{
+    ExpectNoMessage([&] {
+        Put(L"EnumCode", Variant(L"7"));
+        Put(L"Database", Variant(static_cast<IDispatch*>(nullptr)));
+        Put(L"EnumCode", Variant(L"8"));
+    });
+    EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"8")));
+    EXPECT_EQ(Database().TakeCalls(), Calls());
+}
+
+TEST_F(EnumListTest, ADescriptionIsLookedUp)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    EXPECT_EQ(Database().TakeCalls(), Calls()) << "nothing to look up yet";
+    Put(L"EnumCode", Variant(L"7"));
+    EXPECT_EQ(
+        Database().Queries(),
+        (Calls{L"SELECT * FROM [Enum Tables]  WHERE [State Code] = 'MA' AND [Table Name] = 'Single' AND "
+               L"[Enum Code] = '7'"}));
+    EXPECT_EQ(Database().Types(), std::vector<long>{8});
+    EXPECT_EQ(Database().TakeCalls(),
+              (Calls{L"OpenRecordset", L"EOF", L"Fields Enum Text", L"Value", L"Close"}));
+    EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"Pears")));
+    EXPECT_EQ(Database().StillOpen(), 0);
+}
+
+TEST_F(EnumListTest, TheTextFollowsCodeAndStyleOnly)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    Put(L"EnumCode", Variant(L"7"));
+    Put(L"StateCode", Variant(L"CT"));
+    Put(L"TableName", Variant(L"Lines"));
+    Put(L"Database", Variant(static_cast<IDispatch*>(nullptr)));
+    Put(L"SortListBy", Variant(0L));
+    EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"Pears")));
+    Put(L"Database", Variant(Database().Get()));
+    Put(L"TableName", Variant(L"Single"));
+    Put(L"EnumCode", Variant(L"1"));
+    EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"Elsewhere")));
+    Put(L"DisplayStyle", Variant(0L));
+    EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"1")));
+}
+
+TEST_F(EnumListTest, WhatIsNotFoundOrNotNamedShowsNothing)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    ExpectNoMessage([&] {
+        Put(L"EnumCode", Variant(L"none of them"));
+        EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"")));
+        EXPECT_EQ(Database().TakeCalls(), (Calls{L"OpenRecordset", L"EOF", L"Close"}));
+        for (const wchar_t* name : {L"StateCode", L"TableName"})
+        {
+            const Variant former = Control().Property(name);
+            Put(name, Variant(L""));
+            Put(L"EnumCode", Variant(L"7"));
+            EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"")));
+            Put(name, former);
+        }
+        Put(L"EnumCode", Variant(L""));
+        EXPECT_EQ(Database().TakeCalls(), Calls());
+    });
+}
+
+TEST_F(EnumListTest, CodesGoToTheDatabaseAsTheyAre)
+{
+    Database().Rows({{L"MA", L"Single", Variant(L" x Y "), Variant(L"Blanks")}});
+    Put(L"DisplayStyle", Variant(1L));
+    Put(L"EnumCode", Variant(L" x Y "));
+    EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"Blanks")));
+    EXPECT_EQ(Shown(L"EnumCode"), Show(Variant(L" x Y ")));
+}
+
+TEST_F(EnumListTest, TellsOfACodeTwiceWhenItIsBound)
+{
+    ListenToChanges();
+    Put(L"EnumCode", Variant(L"7"));
+    EXPECT_EQ(TakeChanges(), (Names{L"EnumCode", L"BoundEnumCode"}));
+    Put(L"BoundEnumCode", Variant(L"10"));
+    EXPECT_EQ(TakeChanges(), (Names{L"EnumCode", L"BoundEnumCode", L"EnumCode", L"BoundEnumCode"}));
+    Put(L"EnumCode", Variant(L"10"));
+    EXPECT_EQ(TakeChanges(), (Names{L"EnumCode", L"BoundEnumCode"})) << "the same code is told as well";
+}
+
+TEST_F(EnumListTest, TellsOfItsOtherProperties)
+{
+    ListenToChanges();
+    Put(L"DisplayStyle", Variant(1L));
+    EXPECT_EQ(TakeChanges(), (Names{L"SortListBy", L"DisplayStyle"}));
+    EXPECT_EQ(Shown(L"SortListBy"), Show(Variant(1L)));
+    Put(L"SortListBy", Variant(0L));
+    EXPECT_EQ(TakeChanges(), (Names{L"SortListBy"}));
+    for (const wchar_t* name : {L"StateCode", L"TableName", L"EnumListTitle"})
+        Put(name, Variant(L"x"));
+    Put(L"Database", Variant(Database().Get()));
+    Put(L"Font", Variant(static_cast<IDispatch*>(MakeFont().Get())));
+    EXPECT_EQ(TakeChanges(), Names()) << "not told";
+    Put(L"BackColor", Variant(0x00C0FFL));
+    Put(L"ForeColor", Variant(0x123456L));
+    Put(L"Enabled", Variant(false));
+    EXPECT_EQ(TakeChanges(), (Names{L"BackColor", L"ForeColor", L"Enabled"}));
+}
+
+TEST_F(EnumListTest, ABoundValueMayBeNullOrWhatReadsAsText)
+{
+    const struct
+    {
+        Variant Value;
+        const wchar_t* Code;
+    } rows[] = {
+        {Variant(L"7"), L"7"}, {Variant(10L), L"10"}, {Variant::Null(), L""}, {Variant(short{-3}), L"-3"},
+        {Variant(), L""},      {Variant(L"7"), L"7"}, {Variant(L""), L""},
+    };
+    for (const auto& row : rows)
+    {
+        Put(L"BoundEnumCode", row.Value);
+        EXPECT_EQ(Shown(L"EnumCode"), Show(Variant(row.Code)));
+        EXPECT_EQ(Shown(L"BoundEnumCode"), Show(*row.Code ? Variant(row.Code) : Variant::Null()));
+    }
+    Put(L"EnumCode", Variant(L"7"));
+    for (const Variant& value : {Missing(), Variant(Database().Get())})
+    {
+        const CallOutcome outcome = PutByName(Control().Get(), L"BoundEnumCode", value);
+        EXPECT_EQ(Hr(outcome.Result == DISP_E_EXCEPTION ? outcome.ErrorCode : outcome.Result),
+                  Hr(DISP_E_TYPEMISMATCH));
+        EXPECT_EQ(Shown(L"EnumCode"), Show(Variant(L"7")));
+    }
+}
+
+TEST_F(EnumListTest, ADatabaseThatCannotBeReadIsTheUsersToKnow)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    Put(L"EnumCode", Variant(L"7"));
+    const auto ask = [&] { Put(L"EnumCode", Variant(L"10")); };
+    const auto expectEmpty = [&] {
+        EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"")));
+        EXPECT_EQ(Shown(L"EnumCode"), Show(Variant(L"10"))) << "the code is kept";
+    };
+    Database().Fail(L"OpenRecordset", 0);
+    ExpectUnread(ask);
+    expectEmpty();
+    for (const Variant& answer : {Variant(), Variant::Null(), Variant(1L), Variant(L"no rows"),
+                                  Variant(static_cast<IDispatch*>(nullptr))})
+    {
+        Database().Answer(answer);
+        ExpectUnread(ask);
+        expectEmpty();
+    }
+    Database().Answer(std::nullopt);
+    Put(L"Database", Variant(static_cast<IDispatch*>(nullptr)));
+    ExpectUnread(ask);
+    expectEmpty();
+    const auto noDatabase = MakeCom<ScriptedObject>();
+    Put(L"Database", Variant(static_cast<IDispatch*>(noDatabase.Get())));
+    ExpectUnread(ask);
+    expectEmpty();
+}
+
+TEST_F(EnumListTest, AQuoteInACodeBreaksTheQueryAndTheCodeIsKept)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    ExpectUnread([&] { Put(L"EnumCode", Variant(L"o'x")); });
+    EXPECT_EQ(Shown(L"EnumCode"), Show(Variant(L"o'x")));
+    EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"")));
+}
+
+// Only opening is tried; what fails after that is the caller's to handle, and the record set is closed.
+TEST_F(EnumListTest, AnErrorWithinTheRowsIsTheCallers)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    for (const wchar_t* call : {L"EOF", L"Fields Enum Text", L"Value"})
+    {
+        Database().Fail(call, 0, RunTimeError(3265));
+        CallOutcome outcome;
+        ExpectNoMessage([&] { outcome = PutByName(Control().Get(), L"EnumCode", Variant(L"7")); });
+        EXPECT_EQ(Hr(outcome.Result), Hr(DISP_E_EXCEPTION)) << Narrow(call);
+        EXPECT_EQ(Hr(outcome.ErrorCode), Hr(RunTimeError(3265)));
+        EXPECT_EQ(outcome.ErrorSource, L"EnumList");
+        EXPECT_EQ(Shown(L"EnumCode"), Show(Variant(L"7")));
+        EXPECT_EQ(Database().StillOpen(), 0);
+    }
+}
+
+TEST_F(EnumListTest, NullAndOtherValuesOfAFieldReadAsText)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    const struct
+    {
+        Variant Value;
+        const wchar_t* Text;
+    } rows[] = {{Variant::Null(), L""},
+                {Variant(), L""},
+                {Variant(42L), L"42"},
+                {Missing(), L""},
+                {Variant(L"&a\r\nb"), L"&a\r\nb"}};
+    for (const auto& row : rows)
+    {
+        Database().Rows({{L"MA", L"Single", Variant(L"7"), row.Value}});
+        Put(L"EnumCode", Variant(L"7"));
+        EXPECT_EQ(Shown(L"EnumText"), Show(Variant(row.Text)));
+    }
+    const std::wstring huge(1 << 20, L'x');
+    Database().Rows({{L"MA", L"Single", Variant(L"7"), Variant(huge)}});
+    Put(L"EnumCode", Variant(L"7"));
+    EXPECT_EQ(Control().Property(L"EnumText").Text().size(), huge.size());
+}
+
+// Each shape for a database object is one that late binding finds its way in.
+TEST_F(EnumListTest, TakesMethodsPropertiesAndCollections)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    for (const auto shape :
+         {EnumDatabase::Shape::Methods, EnumDatabase::Shape::Properties, EnumDatabase::Shape::Collections})
+    {
+        const EnumDatabase database(SampleEnumRows(), shape);
+        Put(L"Database", Variant(database.Get()));
+        Put(L"EnumCode", Variant(L""));
+        Put(L"EnumCode", Variant(L"100"));
+        EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"Apples")));
+        EXPECT_EQ(database.StillOpen(), 0);
+        Put(L"Database", Variant(static_cast<IDispatch*>(nullptr)));
+    }
+}
+
+TEST_F(EnumListTest, ShowsTheHourglassWhileItAsks)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    const HCURSOR before = GetCursor();
+    std::vector<HCURSOR> seen;
+    Database().OnCall([&](const std::wstring&) { seen.push_back(GetCursor()); });
+    Put(L"EnumCode", Variant(L"7"));
+    ASSERT_GE(seen.size(), 2U);
+    EXPECT_EQ(seen[0], LoadCursorA(nullptr, IDC_WAIT));
+    EXPECT_EQ(seen[1], before) << "only while the query is opened";
+    EXPECT_EQ(GetCursor(), before);
+}
+
+// The database asks its host, which sets another code: that one's text stays.
+TEST_F(EnumListTest, TheLastCodeWinsWhenTheDatabaseCausesAnother)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    bool done = false;
+    Database().OnCall([&](const std::wstring& call) {
+        if (call == L"EOF" && !std::exchange(done, true))
+            Put(L"EnumCode", Variant(L"100"));
+    });
+    Put(L"EnumCode", Variant(L"7"));
+    EXPECT_EQ(Shown(L"EnumCode"), Show(Variant(L"100")));
+    EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"Apples")));
+}
+
+TEST_F(EnumListTest, TheDatabaseIsSetOnlyAndLetGoOf)
+{
+    const auto object = MakeCom<ScriptedObject>();
+    EXPECT_NE(Hr(GetByName(Control().Get(), L"Database").Result), Hr(S_OK));
+    EXPECT_NE(Hr(PutByName(Control().Get(), L"Database", Variant(L"text")).Result), Hr(S_OK));
+    Put(L"Database", Variant(static_cast<IDispatch*>(object.Get())));
+    EXPECT_EQ(References(static_cast<IDispatch*>(object.Get())), 2U);
+    Put(L"Database", Variant(static_cast<IDispatch*>(nullptr)));
+    EXPECT_EQ(References(static_cast<IDispatch*>(object.Get())), 1U);
+}
+
+// --- In a form's file ---
+
+const Names Keys = {L"BackColor", L"ForeColor",     L"Enabled",      L"Font",      L"TableName",
+                    L"StateCode", L"EnumListTitle", L"DisplayStyle", L"SortListBy"};
+
+TEST_F(EnumListTest, ReadsItsPropertiesInOrder)
+{
+    const auto bag = MakeCom<TestPropertyBag>();
+    bag->Put(L"DisplayStyle", Variant(1L));
+    bag->Put(L"TableName", Variant(L"Lines"));
+    EXPECT_EQ(Hr(Control().Query<IPersistPropertyBag>()->Load(bag.Get(), nullptr)), Hr(S_OK));
+    EXPECT_EQ(bag->NamesRead(), Keys);
+    EXPECT_EQ(Shown(L"TableName"), Show(Variant(L"Lines")));
+    EXPECT_EQ(Shown(L"StateCode"), Show(Variant(L"")));
+    EXPECT_EQ(Shown(L"DisplayStyle"), Show(Variant(1L)));
+    EXPECT_EQ(Shown(L"SortListBy"), Show(Variant(1L))) << "as the style, unless it is there";
+}
+
+TEST_F(EnumListTest, WritesWhatIsNotByDefault)
+{
+    const MaskedControl fresh(CLSID_EnumList);
+    fresh.InitNew();
+    const auto empty = MakeCom<TestPropertyBag>();
+    EXPECT_EQ(Hr(fresh.Query<IPersistPropertyBag>()->Save(empty.Get(), TRUE, TRUE)), Hr(S_OK));
+    EXPECT_EQ(empty->NamesWritten(), Names());
+
+    FontFacts bold;
+    bold.Weight = 700;
+    for (const wchar_t* name : {L"StateCode", L"TableName", L"EnumListTitle"})
+        fresh.Put(name, Variant(name));
+    fresh.Put(L"BackColor", Variant(0x00C0FFL));
+    fresh.Put(L"ForeColor", Variant(0x123456L));
+    fresh.Put(L"Enabled", Variant(false));
+    fresh.Put(L"Font", Variant(static_cast<IDispatch*>(MakeFont(bold).Get())));
+    fresh.Put(L"DisplayStyle", Variant(1L));
+    const auto followed = MakeCom<TestPropertyBag>();
+    EXPECT_EQ(Hr(fresh.Query<IPersistPropertyBag>()->Save(followed.Get(), TRUE, TRUE)), Hr(S_OK));
+    EXPECT_EQ(followed->NamesWritten(), Names(Keys.begin(), Keys.end() - 1)) << "the order is the style's";
+    fresh.Put(L"SortListBy", Variant(0L));
+    fresh.Put(L"EnumCode", Variant(L""));
+    const auto full = MakeCom<TestPropertyBag>();
+    EXPECT_EQ(Hr(fresh.Query<IPersistPropertyBag>()->Save(full.Get(), TRUE, TRUE)), Hr(S_OK));
+    EXPECT_EQ(full->NamesWritten(), Keys);
+
+    const MaskedControl loaded(CLSID_EnumList);
+    EXPECT_EQ(Hr(loaded.Query<IPersistPropertyBag>()->Load(full.Get(), nullptr)), Hr(S_OK));
+    for (const std::wstring& name : Keys)
+    {
+        if (name != L"Font")
+        {
+            EXPECT_EQ(loaded.Shown(name.c_str()), fresh.Shown(name.c_str())) << Narrow(name);
+        }
+    }
+    EXPECT_EQ(FactsOf(loaded.Property(L"Font").Object()), FactsOf(fresh.Property(L"Font").Object()));
+}
+
+TEST_F(EnumListTest, AStreamGivesEverythingBackButTheCode)
+{
+    Put(L"EnumListTitle", Variant(L"Title"));
+    Put(L"DisplayStyle", Variant(1L));
+    Put(L"SortListBy", Variant(0L));
+    Put(L"EnumCode", Variant(L"7"));
+    const auto stream = MakeCom<TestStream>();
+    ASSERT_EQ(Hr(Control().Query<IPersistStreamInit>()->Save(stream.Get(), TRUE)), Hr(S_OK));
+    stream->Rewind();
+    const MaskedControl loaded(CLSID_EnumList);
+    ASSERT_EQ(Hr(loaded.Query<IPersistStreamInit>()->Load(stream.Get())), Hr(S_OK));
+    for (const wchar_t* name : {L"StateCode", L"TableName", L"EnumListTitle", L"DisplayStyle", L"SortListBy"})
+        EXPECT_EQ(loaded.Shown(name), Shown(name)) << Narrow(name);
+    EXPECT_EQ(loaded.Shown(L"EnumCode"), Show(Variant(L"")));
+}
+
+TEST_F(EnumListTest, NothingIsToldOrAskedWhileLoading)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    Put(L"EnumCode", Variant(L"7"));
+    Database().TakeCalls();
+    ListenToChanges();
+    const auto bag = MakeCom<TestPropertyBag>();
+    bag->Put(L"DisplayStyle", Variant(1L));
+    EXPECT_EQ(Hr(Control().Query<IPersistPropertyBag>()->Load(bag.Get(), nullptr)), Hr(S_OK));
+    EXPECT_EQ(TakeChanges(), Names());
+    EXPECT_EQ(Database().TakeCalls(), Calls());
+    EXPECT_EQ(Shown(L"EnumCode"), Show(Variant(L"")));
+    EXPECT_EQ(Shown(L"EnumText"), Show(Variant(L"")));
+}
+
+TEST_F(EnumListTest, ALoadThatFailsLeavesANewOne)
+{
+    Put(L"DisplayStyle", Variant(1L));
+    Put(L"BackColor", Variant(0x00C0FFL));
+    Put(L"Enabled", Variant(false));
+    const auto damaged = MakeCom<TestStream>(std::vector<std::uint8_t>(40, 0xEE));
+    EXPECT_HRESULT_FAILED(Control().Query<IPersistStreamInit>()->Load(damaged.Get()));
+    EXPECT_EQ(Shown(L"StateCode"), Show(Variant(L"")));
+    EXPECT_EQ(Shown(L"DisplayStyle"), Show(Variant(0L)));
+    EXPECT_EQ(Shown(L"SortListBy"), Show(Variant(0L)));
+    EXPECT_EQ(Shown(L"Enabled"), Show(Variant(true)));
+    EXPECT_EQ(Control().Property(L"BackColor").Long(), static_cast<long>(0x80000005));
+}
+
+// --- Size ---
+
+long HeightOf(const MaskedControl& control)
+{
+    SIZEL size = {};
+    Check(control.Query<IOleObject>()->GetExtent(DVASPECT_CONTENT, &size));
+    return size.cy;
+}
+
+TEST_F(EnumListTest, GrowsForAFontAndNeverShrinksForOne)
+{
+    const long before = HeightOf(Control());
+    FontFacts large;
+    large.Size.int64 = 240000;
+    Put(L"Font", Variant(static_cast<IDispatch*>(MakeFont(large).Get())));
+    const long grown = HeightOf(Control());
+    EXPECT_GT(grown, before);
+    Put(L"Font", Variant(static_cast<IDispatch*>(MakeFont().Get())));
+    EXPECT_EQ(HeightOf(Control()), grown);
+}
+
+TEST_F(EnumListTest, IsNoSmallerThanItsButtonAndItsLine)
+{
+    SIZEL tiny = {26, 26};
+    Check(Control().Query<IOleObject>()->SetExtent(DVASPECT_CONTENT, &tiny));
+    SIZEL size = {};
+    Check(Control().Query<IOleObject>()->GetExtent(DVASPECT_CONTENT, &size));
+    // A button of 17 pixels and a line of 16, with a border of two on every side.
+    EXPECT_EQ(MulDiv(size.cx, 96, 2540), 17 + 4);
+    EXPECT_EQ(MulDiv(size.cy, 96, 2540), 16 + 4);
+    SIZEL tall = {2540, 2540};
+    Check(Control().Query<IOleObject>()->SetExtent(DVASPECT_CONTENT, &tall));
+    Check(Control().Query<IOleObject>()->GetExtent(DVASPECT_CONTENT, &size));
+    EXPECT_EQ(size.cy, 2540) << "a taller one keeps its height";
+}
+
+} // namespace
+
+} // namespace kiv::test

@@ -1,0 +1,69 @@
+#include "tests/gui/lists/ListsTest.h"
+
+#include "tests/support/Thread.h"
+
+#include <atomic>
+
+namespace kiv::test
+{
+
+host::ControlSite& ListsTest::AddList(long style, const wchar_t* code, const wchar_t* table,
+                                      host::SiteOptions site)
+{
+    host::ControlSite& list =
+        TheForm().Add(Library::UnderTest().Create(CLSID_EnumList).Get(), std::move(site));
+    list.Put(L"Database", Variant(database_.Get()));
+    list.Put(L"StateCode", Variant(L"MA"));
+    list.Put(L"TableName", Variant(table));
+    list.Put(L"EnumListTitle", Variant(L"Fruit"));
+    list.Put(L"DisplayStyle", Variant(style));
+    list.Put(L"EnumCode", Variant(code));
+    list.ClearNotifications();
+    list.ClearEvents();
+    return list;
+}
+
+host::ControlSite& ListsTest::ShownList(long style, const wchar_t* code, const wchar_t* table)
+{
+    host::ControlSite& list = AddList(style, code, table);
+    ShowForm();
+    list.Focus();
+    Settle();
+    return list;
+}
+
+HWND ListsTest::ButtonOf(const host::ControlSite& list)
+{
+    return FindWindowExW(list.Window(), nullptr, L"Button", nullptr);
+}
+
+void ListsTest::Pick(const std::function<void()>& open, const std::function<void(Picker&)>& user)
+{
+    std::atomic<bool> done = false;
+    const Thread thread([&, picking = GetCurrentThreadId()] {
+        Picker picker(picking);
+        if (picker.WaitUntilShown())
+            user(picker);
+        picker.CloseIfShown();
+        done = true;
+    });
+    open();
+    constexpr DWORD limit = 30000;
+    EXPECT_TRUE(TheForm().PumpUntil([&] { return done.load(); }, limit));
+}
+
+void ListsTest::Pick(const std::function<void(Picker&)>& user)
+{
+    Pick([] { TapKey(VK_SPACE); }, user);
+}
+
+std::vector<std::wstring> ListsTest::TakeEvents(host::ControlSite& list)
+{
+    std::vector<std::wstring> names;
+    for (const host::EventRecord& event : list.Events())
+        names.push_back(event.Name);
+    list.ClearEvents();
+    return names;
+}
+
+} // namespace kiv::test

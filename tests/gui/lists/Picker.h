@@ -1,0 +1,65 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+namespace kiv::test
+{
+
+std::wstring WindowText(HWND window);
+
+// The picker of a thread, in the hands of a user who sits at another: the thread itself is busy in it until
+// the user is done. All input is real; what a member waits for fails the test when it does not come.
+class Picker
+{
+public:
+    explicit Picker(DWORD thread) : thread_(thread) {}
+
+    // Waits for it to be on the screen with the focus in it; false when it does not come.
+    bool WaitUntilShown();
+    bool IsShown() const;
+    bool WaitUntilGone();
+    // By its frame, if it is still there.
+    void CloseIfShown();
+
+    HWND Window() const { return window_; }
+    HWND Surface() const;
+    HWND List() const;
+    HWND Frame() const;
+    HWND Option(int index) const;
+    HWND Ok() const;
+    HWND CancelButton() const;
+    HWND Focus() const;
+
+    std::vector<std::wstring> Items() const;
+    std::vector<long> ItemData() const;
+    int Selected() const;
+    int Top() const;
+    bool IsSelected(HWND option) const;
+    // Pixels of the picker's inside.
+    RECT Place(HWND part) const;
+    SIZE InnerSize() const;
+    // What the frame is dragged to.
+    void ResizeInside(SIZE size);
+
+    // Input, and waiting until all of it is handled.
+    void Key(WORD key, std::initializer_list<WORD> held = {});
+    void Click(HWND part, POINT place);
+    void Click(HWND part);
+    void ClickItem(int item);
+    void DoubleClickItem(int item);
+    void Settle();
+    bool WaitUntil(const std::function<bool()>& condition) const;
+
+private:
+    POINT MiddleOfItem(int item) const;
+
+    DWORD thread_;
+    HWND window_ = nullptr;
+};
+
+} // namespace kiv::test
