@@ -9,6 +9,12 @@ void HostedTest::SetUp()
 {
     LibraryTest::SetUp();
     ASSERT_EQ(ControlWindows(), 0) << "an earlier test left windows behind";
+    StartAnew();
+}
+
+void HostedTest::StartAnew()
+{
+    DestroyForm();
     form_ = std::make_unique<host::Form>(L"Test", SIZE{300, 120});
 }
 
@@ -63,6 +69,28 @@ void HostedTest::Key(WORD key, std::initializer_list<WORD> held)
 void HostedTest::Character(wchar_t character)
 {
     TypeCharacter(character);
+    Settle();
+}
+
+void HostedTest::Type(std::wstring_view keys)
+{
+    for (const wchar_t key : keys)
+    {
+        const SHORT onKeyboard = VkKeyScanW(key);
+        const auto code = static_cast<WORD>(onKeyboard & 0xFF);
+        if (key == L'\x7F')
+            TapKey(VK_DELETE);
+        else if (key == L'\b')
+            TapKey(VK_BACK);
+        else if (onKeyboard == -1)
+            TypeCharacter(key);
+        else if (onKeyboard & 0x200)
+            TapKey(code, {VK_CONTROL});
+        else if (onKeyboard & 0x100)
+            TapKey(code, {VK_SHIFT});
+        else
+            TapKey(code);
+    }
     Settle();
 }
 

@@ -1,5 +1,6 @@
 // Cut, copy, paste and clear: from the keyboard, and as the messages that a text box's own menu sends.
 
+#include "tests/gui/ClipboardUse.h"
 #include "tests/gui/masked/MaskedTest.h"
 #include "tests/native/masked/DateBoxEntryRows.h"
 #include "tests/native/masked/NumberBoxEntryRows.h"
@@ -18,38 +19,16 @@ class MaskedClipboardTest : public MaskedTest
 protected:
     void TearDown() override
     {
-        Put(CF_UNICODETEXT, nullptr, 0);
+        EmptyTheClipboard(TheForm().Window());
         MaskedTest::TearDown();
     }
 
-    // Empty when data is null.
     void Put(UINT format, const void* data, std::size_t size)
     {
-        ASSERT_TRUE(OpenClipboard(TheForm().Window()));
-        EmptyClipboard();
-        if (data)
-        {
-            const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-            memcpy(GlobalLock(memory), data, size);
-            GlobalUnlock(memory);
-            EXPECT_NE(SetClipboardData(format, memory), nullptr);
-        }
-        CloseClipboard();
+        PutOnClipboard(TheForm().Window(), format, data, size);
     }
-    void PutText(const std::wstring& text)
-    {
-        Put(CF_UNICODETEXT, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
-    }
-    std::wstring ClipboardText()
-    {
-        EXPECT_TRUE(OpenClipboard(TheForm().Window()));
-        const HANDLE data = GetClipboardData(CF_UNICODETEXT);
-        const std::wstring text = data ? static_cast<const wchar_t*>(GlobalLock(data)) : L"nothing";
-        if (data)
-            GlobalUnlock(data);
-        CloseClipboard();
-        return text;
-    }
+    void PutText(const std::wstring& text) { PutTextOnClipboard(TheForm().Window(), text); }
+    std::wstring ClipboardText() { return TextOnClipboard(TheForm().Window()); }
     static void Send(const HostedBox& box, UINT message) { SendMessageW(box.Edit(), message, 0, 0); }
 };
 

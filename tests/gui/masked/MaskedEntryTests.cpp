@@ -17,24 +17,6 @@ namespace
 class MaskedEntryTest : public MaskedTest
 {
 protected:
-    // Asks with a message, and holds the answer to be this one: none for a valid entry.
-    static void ExpectComplaint(HostedBox& box, const std::wstring& message)
-    {
-        box.Select(1, 0);
-        const std::wstring before = box.Text();
-        MessageBoxWatcher watcher;
-        EXPECT_EQ(box.IsValidInput(true), message.empty());
-        const std::vector<ShownMessageBox> shown = watcher.Stop();
-        ASSERT_EQ(shown.size(), message.empty() ? 0U : 1U);
-        if (message.empty())
-            return;
-        EXPECT_EQ(shown[0].Text, message);
-        EXPECT_EQ(shown[0].Caption, L"Host of the control tests");
-        EXPECT_EQ(shown[0].Buttons, Texts{L"OK"});
-        EXPECT_EQ(shown[0].Icon, LoadIconA(nullptr, IDI_EXCLAMATION));
-        EXPECT_EQ(box.Look(), (BoxLook{before, 0, static_cast<int>(before.size())})) << "all is selected";
-    }
-
     static void TakePeriod(HostedBox& box, const DateEntryRow& row)
     {
         // In the widest layout, which keeps the bounds whole.
@@ -59,7 +41,7 @@ TEST_F(MaskedEntryTest, NumbersReadAsTheRowsSay)
         EXPECT_EQ(box.Value(), row.Value.value_or(L"Null"));
         EXPECT_EQ(box.IsValidInput(), row.Message.empty());
         EXPECT_EQ(box.Look().SelLength, 0) << "nobody is shown anything";
-        ExpectComplaint(box, row.Message);
+        box.ExpectComplaint(row.Message);
         EXPECT_EQ(box.TakeEvents(), Texts());
     }
 }
@@ -154,7 +136,7 @@ TEST_F(MaskedEntryTest, DatesComplainInFixedWords)
         SCOPED_TRACE(Narrow(row.BoxText));
         box.SetStyle(row.Style);
         box.Show({row.BoxText, 0, 0});
-        ExpectComplaint(box, row.Message);
+        box.ExpectComplaint(row.Message);
         EXPECT_EQ(box.TakeEvents(), Texts());
     }
 }
@@ -173,7 +155,7 @@ TEST_F(MaskedEntryTest, DatesMayLieBeforeTheFirstAutomationDate)
     box.Show({L"12/29/1899", 0, 0});
     EXPECT_TRUE(box.IsValidInput());
     box.Show({L"12/30/1899", 0, 0});
-    ExpectComplaint(box, L"Please enter a date within the period 01/01/1800 - 12/29/1899.");
+    box.ExpectComplaint(L"Please enter a date within the period 01/01/1800 - 12/29/1899.");
     EXPECT_EQ(Hr(box.Assign(Variant::Date(-2.5))), Hr(S_OK));
     EXPECT_EQ(box.Text(), L"12/28/1899");
 }

@@ -1,7 +1,7 @@
 // A host may do away with a box while the box tells it something.
 
+#include "tests/gui/Blow.h"
 #include "tests/gui/masked/MaskedTest.h"
-#include "tests/support/NamedRow.h"
 
 #include "runtime/com/Errors.h"
 
@@ -11,41 +11,9 @@ namespace kiv::test
 namespace
 {
 
-enum class Blow
-{
-    Deactivate,
-    Close,
-    Remove,
-    DestroyForm
-};
-
-struct BlowRow : NamedRow
-{
-    Blow What;
-};
-
 class MaskedBlow : public MaskedTest, public testing::WithParamInterface<BlowRow>
 {
 protected:
-    void Strike(host::ControlSite& site)
-    {
-        switch (GetParam().What)
-        {
-        case Blow::Deactivate:
-            EXPECT_HRESULT_SUCCEEDED(site.Deactivate());
-            break;
-        case Blow::Close:
-            EXPECT_HRESULT_SUCCEEDED(site.Close());
-            break;
-        case Blow::Remove:
-            TheForm().Remove(site);
-            break;
-        case Blow::DestroyForm:
-            TheForm().Destroy();
-            break;
-        }
-    }
-
     // Each box of its own, since it does not survive. Strikes in the first event of that name that act
     // causes.
     void ExpectSurvival(const wchar_t* event, bool isNumber, long style,
@@ -65,7 +33,7 @@ protected:
         bool struck = false;
         box.On(event, [&](const host::EventRecord&, DISPPARAMS&) {
             if (!std::exchange(struck, true))
-                Strike(box.Site());
+                Strike(GetParam().What, TheForm(), box.Site());
         });
         act(box);
         EXPECT_TRUE(TheForm().PumpUntil([&] { return struck; }));
@@ -170,13 +138,6 @@ TEST_P(MaskedBlow, InAClickIsSurvived)
         ReleaseButton(MouseButton::Left);
     });
 }
-
-const BlowRow BlowRows[] = {
-    {"Deactivate", Blow::Deactivate},
-    {"Close", Blow::Close},
-    {"Remove", Blow::Remove},
-    {"DestroyForm", Blow::DestroyForm},
-};
 
 INSTANTIATE_TEST_SUITE_P(Rows, MaskedBlow, testing::ValuesIn(BlowRows), RowName());
 

@@ -1,9 +1,7 @@
 #pragma once
 
+#include "tests/gui/HostedBox.h"
 #include "tests/gui/HostedTest.h"
-#include "tests/gui/masked/HostedBox.h"
-
-#include <string_view>
 
 namespace kiv::test
 {
@@ -23,11 +21,6 @@ protected:
     // On a form that is shown, with the focus.
     HostedBox ShownNumberBox();
     HostedBox ShownDateBox();
-
-    // Keys of the keyboard where it has them: characters, '\b' and '\x7F' (Delete).
-    void Type(std::wstring_view keys);
 };
-
-using Texts = std::vector<std::wstring>;
 
 } // namespace kiv::test

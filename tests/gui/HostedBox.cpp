@@ -1,8 +1,9 @@
-#include "tests/gui/masked/HostedBox.h"
+#include "tests/gui/HostedBox.h"
 
 #include "runtime/com/Errors.h"
 #include "tests/support/AutomationCalls.h"
 #include "tests/support/Library.h"
+#include "tests/support/MessageBoxWatcher.h"
 #include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
@@ -17,18 +18,43 @@ namespace
 
 const std::wstring ChangeEvent = L"Change ";
 
-BOOL CALLBACK AddEdit(HWND window, LPARAM edits)
+bool IsEdit(HWND window)
 {
     wchar_t name[16] = {};
     GetClassNameW(window, name, ARRAYSIZE(name));
-    if (_wcsicmp(name, L"Edit") == 0)
+    return _wcsicmp(name, L"Edit") == 0;
+}
+
+BOOL CALLBACK AddEdit(HWND window, LPARAM edits)
+{
+    if (IsEdit(window))
         reinterpret_cast<std::vector<HWND>*>(edits)->push_back(window);
     return TRUE;
 }
 
+std::vector<HWND> EditsIn(HWND window)
+{
+    std::vector<HWND> edits;
+    EnumChildWindows(window, AddEdit, reinterpret_cast<LPARAM>(&edits));
+    return edits;
+}
+
+// Some controls hand out the window of their text box, some their own, some none.
 HWND EditOf(IDispatch* control)
 {
-    return static_cast<HWND>(LongToHandle(GetByName(control, L"hwnd").Value.Long()));
+    const CallOutcome outcome = GetByName(control, L"hwnd");
+    if (SUCCEEDED(outcome.Result))
+    {
+        const auto window = static_cast<HWND>(LongToHandle(outcome.Value.Long()));
+        if (IsEdit(window))
+            return window;
+    }
+    Microsoft::WRL::ComPtr<IOleWindow> object;
+    HWND window = nullptr;
+    if (FAILED(control->QueryInterface(IID_PPV_ARGS(&object))) || FAILED(object->GetWindow(&window)))
+        return nullptr;
+    const std::vector<HWND> edits = EditsIn(window);
+    return edits.empty() ? nullptr : edits.front();
 }
 
 } // namespace
@@ -77,9 +103,7 @@ HWND HostedBox::Edit() const
 
 std::vector<HWND> HostedBox::Edits() const
 {
-    std::vector<HWND> edits;
-    EnumChildWindows(site_.Window(), AddEdit, reinterpret_cast<LPARAM>(&edits));
-    return edits;
+    return EditsIn(site_.Window());
 }
 
 BoxLook HostedBox::Look() const
@@ -111,6 +135,23 @@ std::wstring HostedBox::Value() const
 bool HostedBox::IsValidInput(bool showMessage)
 {
     return site_.Call(L"IsValidInput", {Variant(showMessage)}).Bool();
+}
+
+void HostedBox::ExpectComplaint(const std::wstring& message)
+{
+    Select(1, 0);
+    const std::wstring before = Text();
+    MessageBoxWatcher watcher;
+    EXPECT_EQ(IsValidInput(true), message.empty());
+    const std::vector<ShownMessageBox> shown = watcher.Stop();
+    ASSERT_EQ(shown.size(), message.empty() ? 0U : 1U);
+    if (message.empty())
+        return;
+    EXPECT_EQ(shown[0].Text, message);
+    EXPECT_EQ(shown[0].Caption, L"Host of the control tests");
+    EXPECT_EQ(shown[0].Buttons, std::vector<std::wstring>{L"OK"});
+    EXPECT_EQ(shown[0].Icon, LoadIconA(nullptr, IDI_EXCLAMATION));
+    EXPECT_EQ(Look(), (BoxLook{before, 0, static_cast<int>(before.size())})) << "all is selected";
 }
 
 HRESULT HostedBox::Assign(const Variant& value)

@@ -23,7 +23,7 @@ struct BoxLook
     friend std::ostream& operator<<(std::ostream& out, const BoxLook& look);
 };
 
-// A NumberBox or DateBox on a form, with an account of what its host hears of it.
+// A control with a text box, on a form, with an account of what its host hears of it.
 class HostedBox
 {
 public:
@@ -33,7 +33,7 @@ public:
     HostedBox(host::Form& form, REFCLSID classId, host::SiteOptions options);
 
     host::ControlSite& Site() const { return site_; }
-    // The text box that the control says is in use.
+    // The text box in use: the one that the control says, or its only one.
     HWND Edit() const;
     // All of the control's text boxes.
     std::vector<HWND> Edits() const;
@@ -48,6 +48,8 @@ public:
     // The control's value: "Null", or the text.
     std::wstring Value() const;
     bool IsValidInput(bool showMessage = false);
+    // Asks with a message, and holds the answer to be this one: none for a valid entry.
+    void ExpectComplaint(const std::wstring& message);
     // The run-time error that assigning to Value ends with, or S_OK.
     HRESULT Assign(const Variant& value);
 
