@@ -9,6 +9,8 @@
 #include "runtime/forms/Label.h"
 #include "runtime/forms/Screen.h"
 
+#include <utility>
+
 namespace kiv
 {
 
@@ -80,8 +82,16 @@ protected:
         lblRight.Move(PixelsX(layout.Label.Left), PixelsY(layout.Label.Top), PixelsX(layout.Label.Width),
                       lblRight.LineHeight());
         PlaceBox(layout.Box);
-        if (layout.Height)
-            this->RequestSize({this->TheSurface().OuterSize().cx, PixelsY(*layout.Height)});
+        // A window of almost no height has no border either: with the one that it gets as it grows, it has to
+        // grow once more. A container that gives no more room is not asked again.
+        LONG former = -1;
+        for (std::optional<double> height = layout.Height; height; height = Layout().Height)
+        {
+            const SIZE size = this->TheSurface().OuterSize();
+            if (std::exchange(former, size.cy) == size.cy)
+                break;
+            this->RequestSize({size.cx, PixelsY(*height)});
+        }
     }
 
     void UserControl_Paint() override { lblRight.Draw(); }
