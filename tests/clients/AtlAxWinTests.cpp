@@ -212,13 +212,82 @@ TEST_F(AtlAxWinTest, LetsTheUserTypeADate)
     DestroyWindow(container);
 }
 
+// The text box is somewhere inside the control, parked until the focus comes.
+HWND BoxIn(HWND window)
+{
+    const HWND child = GetWindow(window, GW_CHILD);
+    if (!child)
+        return nullptr;
+    const HWND box = FindWindowExW(window, nullptr, L"Edit", nullptr);
+    return box ? box : BoxIn(child);
+}
+
+TEST_F(AtlAxWinTest, LetsTheUserTypeAnAmount)
+{
+    const HWND container = CreateContainer(L"KivControls.CurrencyBox");
+    ASSERT_NE(container, nullptr);
+    {
+        const ComPtr<_CurrencyBox> control = ControlIn<_CurrencyBox>(container);
+        EXPECT_TRUE(IsChild(container, WindowOf(control.Get())));
+        const HWND box = BoxIn(container);
+        SetForegroundWindow(host_.Handle());
+        SetFocus(box);
+        ASSERT_EQ(GetFocus(), box);
+        for (const WORD key : {WORD{'1'}, WORD{'2'}, WORD{'3'}, WORD{'4'}, WORD{VK_OEM_PERIOD}, WORD{'5'}})
+            TapKey(key);
+        HandleInput();
+        Variant value;
+        EXPECT_EQ(Hr(control->get_Value(value.Receive())), Hr(S_OK));
+        EXPECT_EQ(value.Get().vt, VT_CY);
+        EXPECT_EQ(value.Get().cyVal.int64, 12345000);
+        SetFocus(host_.Handle());
+        EXPECT_EQ(Hr(control->get_Value(value.Receive())), Hr(S_OK));
+        EXPECT_EQ(value.Get().cyVal.int64, 12350000) << "rounded on leaving";
+        Bstr shown;
+        EXPECT_EQ(Hr(control->get_Text(shown.Receive())), Hr(S_OK));
+        EXPECT_EQ(shown.View(), L"1,235");
+        EXPECT_EQ(control->put_NumDecDigits(5), RunTimeError(380));
+    }
+    DestroyWindow(container);
+}
+
+TEST_F(AtlAxWinTest, LetsTheUserTypeARate)
+{
+    const HWND container = CreateContainer(L"KivControls.PercentBox");
+    ASSERT_NE(container, nullptr);
+    {
+        const ComPtr<_PercentBox> control = ControlIn<_PercentBox>(container);
+        const HWND box = BoxIn(container);
+        SetForegroundWindow(host_.Handle());
+        SetFocus(box);
+        ASSERT_EQ(GetFocus(), box);
+        TapKey(VK_OEM_PERIOD);
+        HandleInput();
+        Variant value;
+        EXPECT_EQ(Hr(control->get_Value(value.Receive())), Hr(RunTimeError(13))) << "a lone point";
+        TapKey(VK_BACK);
+        for (const WORD key : {WORD{'7'}, WORD{VK_OEM_PERIOD}, WORD{'5'}})
+            TapKey(key);
+        HandleInput();
+        EXPECT_EQ(Hr(control->get_Value(value.Receive())), Hr(S_OK));
+        EXPECT_EQ(value.Text(), L"0.075");
+        SetFocus(host_.Handle());
+        Bstr shown;
+        EXPECT_EQ(Hr(control->get_Text(shown.Receive())), Hr(S_OK));
+        EXPECT_EQ(shown.View(), L"7.5");
+    }
+    DestroyWindow(container);
+}
+
 TEST_F(AtlAxWinTest, GoesWithTheWholeForm)
 {
     for (int i = 0; i < 10; ++i)
         ASSERT_NE(CreateContainer(L"KivControls.YesNo"), nullptr);
     ASSERT_NE(CreateContainer(L"KivControls.NumberBox"), nullptr);
     ASSERT_NE(CreateContainer(L"KivControls.DateBox"), nullptr);
-    EXPECT_EQ(ControlWindows(), 12);
+    ASSERT_NE(CreateContainer(L"KivControls.CurrencyBox"), nullptr);
+    ASSERT_NE(CreateContainer(L"KivControls.PercentBox"), nullptr);
+    EXPECT_EQ(ControlWindows(), 14);
     host_.Destroy();
     EXPECT_EQ(ControlWindows(), 0);
 }
