@@ -2,6 +2,7 @@
 
 #include "bench/BareSite.h"
 #include "bench/Bench.h"
+#include "bench/Typist.h"
 #include "runtime/com/Errors.h"
 #include "runtime/com/Variant.h"
 
@@ -31,40 +32,14 @@ HWND TextBoxOf(_NumberBox* box)
     return static_cast<HWND>(LongToHandle(window));
 }
 
-// One key stroke on a text box, whose first digit becomes another one than it was.
-class Typist
-{
-public:
-    // selected: how many characters the stroke replaces; an overtyped box needs none selected.
-    Typist(HWND window, int selected) : window_(window), selected_(selected) {}
-
-    void Type()
-    {
-        digit_ = digit_ == '1' ? '2' : '1';
-        SendMessageA(window_, EM_SETSEL, 0, selected_);
-        SendMessageA(window_, WM_KEYDOWN, digit_, 1);
-        SendMessageA(window_, WM_CHAR, digit_, 1);
-        SendMessageA(window_, WM_KEYUP, digit_, static_cast<LPARAM>(0xC0000001));
-    }
-
-private:
-    HWND window_;
-    int selected_;
-    WPARAM digit_ = '1';
-};
-
 void RunTypingRow(IClassFactory* factory, HWND parent)
 {
     const HostedControl control(factory, parent, Place);
-    const HWND bare =
-        CreateWindowExA(WS_EX_CLIENTEDGE, "EDIT", "123-45-6789", WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, 10,
-                        50, 120, 22, parent, nullptr, nullptr, nullptr);
-    SendMessageA(bare, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+    const BareEdit bare(parent, "123-45-6789");
     Typist onControl(TextBoxOf(NumberBoxIn(control).Get()), 0);
-    Typist onBare(bare, 1);
+    Typist onBare(bare.Handle(), 1);
     const Pair times = MeasurePair(
         500, [&] { onControl.Type(); }, [&] { onBare.Type(); });
-    DestroyWindow(bare);
     Print({"NumberBox: one typed digit", times.Library, times.Bare, 2.0});
 }
 

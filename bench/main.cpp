@@ -1,3 +1,4 @@
+#include "bench/AmountBench.h"
 #include "bench/Bench.h"
 #include "bench/NumberBoxBench.h"
 #include "bench/NumbersBench.h"
@@ -35,6 +36,7 @@ void Run()
     kiv::bench::PrintHeading();
     kiv::bench::RunYesNoRows(FactoryOf(CLSID_YesNo).Get(), parent);
     kiv::bench::RunNumberBoxRows(FactoryOf(CLSID_NumberBox).Get(), parent);
+    kiv::bench::RunAmountRows(FactoryOf(CLSID_CurrencyBox).Get(), FactoryOf(CLSID_PercentBox).Get(), parent);
     kiv::bench::RunRulesRows();
     kiv::bench::RunNumbersRows();
     DestroyWindow(parent);
