@@ -1,5 +1,6 @@
 #include "bench/AmountBench.h"
 #include "bench/Bench.h"
+#include "bench/ChkComboBench.h"
 #include "bench/NumberBoxBench.h"
 #include "bench/NumbersBench.h"
 #include "bench/RulesBench.h"
@@ -35,6 +36,7 @@ void Run()
         kiv::ThrowLastError();
     kiv::bench::PrintHeading();
     kiv::bench::RunYesNoRows(FactoryOf(CLSID_YesNo).Get(), parent);
+    kiv::bench::RunChkComboRows(FactoryOf(CLSID_ChkCombo).Get(), parent);
     kiv::bench::RunNumberBoxRows(FactoryOf(CLSID_NumberBox).Get(), parent);
     kiv::bench::RunAmountRows(FactoryOf(CLSID_CurrencyBox).Get(), FactoryOf(CLSID_PercentBox).Get(), parent);
     kiv::bench::RunRulesRows();

@@ -112,7 +112,7 @@ void ChkCombo::HScroll1_Change()
         return;
     list_.PreviousIndex(static_cast<short>(combo_.Selected()));
     combo_.Select(HScroll1.Value());
-    FollowShift(HScroll1.Value());
+    MoveSelection(HScroll1.Value());
     RaiseClick();
 }
 

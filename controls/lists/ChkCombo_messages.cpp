@@ -167,6 +167,9 @@ void ChkCombo::Combo_DropDown()
     const SIZE size = TheSurface().PixelSize();
     combo_.Move(0, 0, size.cx, DropDownHeight(size.cy, combo_.ItemHeight(), combo_.Count()), true);
     RaiseEvent(DropDownEvent);
+    // The host may have put the control away: the list opens all the same, and is not to stay.
+    if (!IsWindowVisible(TheSurface().hWnd()))
+        PostMessageA(combo_.hWnd(), CB_SHOWDROPDOWN, FALSE, 0);
 }
 
 void ChkCombo::DrawItem(const DRAWITEMSTRUCT& item) const

@@ -41,6 +41,15 @@ Variant Invoke(IDispatch* object, DISPID member, WORD kind, DISPPARAMS& argument
     return result;
 }
 
+// The wire wants the last argument first; the values stay the caller's.
+std::vector<VARIANT> Reversed(const std::vector<Variant>& arguments)
+{
+    std::vector<VARIANT> reversed;
+    std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(reversed),
+                   [](const Variant& argument) { return argument.Get(); });
+    return reversed;
+}
+
 } // namespace
 
 DISPID MemberId(IDispatch* object, std::wstring_view name)
@@ -67,10 +76,12 @@ Variant GetProperty(IDispatch* object, std::wstring_view name)
     return GetProperty(object, MemberId(object, name));
 }
 
-void PutProperty(IDispatch* object, DISPID member, const Variant& value)
+void PutProperty(IDispatch* object, DISPID member, const Variant& value, const std::vector<Variant>& index)
 {
     DISPID put = DISPID_PROPERTYPUT;
-    DISPPARAMS arguments = {value.Borrow(), &put, 1, 1};
+    std::vector<VARIANT> passed = Reversed(index);
+    passed.insert(passed.begin(), value.Get());
+    DISPPARAMS arguments = {passed.data(), &put, static_cast<UINT>(passed.size()), 1};
     if (value.Type() == VT_DISPATCH || value.Type() == VT_UNKNOWN)
     {
         try
@@ -87,17 +98,15 @@ void PutProperty(IDispatch* object, DISPID member, const Variant& value)
     Invoke(object, member, DISPATCH_PROPERTYPUT, arguments);
 }
 
-void PutProperty(IDispatch* object, std::wstring_view name, const Variant& value)
+void PutProperty(IDispatch* object, std::wstring_view name, const Variant& value,
+                 const std::vector<Variant>& index)
 {
-    PutProperty(object, MemberId(object, name), value);
+    PutProperty(object, MemberId(object, name), value, index);
 }
 
 Variant CallMethod(IDispatch* object, std::wstring_view name, const std::vector<Variant>& arguments)
 {
-    // The wire wants the last argument first; the values stay the caller's.
-    std::vector<VARIANT> reversed;
-    std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(reversed),
-                   [](const Variant& argument) { return argument.Get(); });
+    std::vector<VARIANT> reversed = Reversed(arguments);
     DISPPARAMS passed = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
     return Invoke(object, MemberId(object, name), DISPATCH_METHOD | DISPATCH_PROPERTYGET, passed);
 }

@@ -13,8 +13,11 @@ namespace kiv::host
 Variant GetProperty(IDispatch* object, DISPID member);
 Variant GetProperty(IDispatch* object, std::wstring_view name);
 // An object is put by reference first, then by value.
-void PutProperty(IDispatch* object, DISPID member, const Variant& value);
-void PutProperty(IDispatch* object, std::wstring_view name, const Variant& value);
+// index: in the order in which a caller writes it, of a property that has one for each item.
+void PutProperty(IDispatch* object, DISPID member, const Variant& value,
+                 const std::vector<Variant>& index = {});
+void PutProperty(IDispatch* object, std::wstring_view name, const Variant& value,
+                 const std::vector<Variant>& index = {});
 // Arguments in the order in which a caller writes them.
 Variant CallMethod(IDispatch* object, std::wstring_view name, const std::vector<Variant>& arguments);
 

@@ -38,9 +38,9 @@ Variant ControlSite::Get(std::wstring_view property) const
     return GetProperty(dispatch_.Get(), property);
 }
 
-void ControlSite::Put(std::wstring_view property, const Variant& value)
+void ControlSite::Put(std::wstring_view property, const Variant& value, const std::vector<Variant>& index)
 {
-    PutProperty(dispatch_.Get(), property, value);
+    PutProperty(dispatch_.Get(), property, value, index);
 }
 
 Variant ControlSite::Call(std::wstring_view method, const std::vector<Variant>& arguments)

@@ -64,7 +64,7 @@ public:
 
     // The control's members by name. Get and Put throw ComError with what the control returned.
     Variant Get(std::wstring_view property) const;
-    void Put(std::wstring_view property, const Variant& value);
+    void Put(std::wstring_view property, const Variant& value, const std::vector<Variant>& index = {});
     Variant Call(std::wstring_view method, const std::vector<Variant>& arguments = {});
     bool HasMember(std::wstring_view name) const;
 

@@ -22,6 +22,31 @@ struct DeleteBitmap
 };
 using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmap>;
 
+// Where a picture is being made, and of what on the screen.
+struct Target
+{
+    HDC Dc;
+    POINT Origin;
+};
+
+// The open list of a combo box is a window of its own, which hangs out of the form's.
+BOOL CALLBACK CopyOpenList(HWND window, LPARAM parameter)
+{
+    const auto& target = *reinterpret_cast<const Target*>(parameter);
+    wchar_t name[16] = {};
+    GetClassNameW(window, name, ARRAYSIZE(name));
+    if (!IsWindowVisible(window) || _wcsicmp(name, L"ComboLBox") != 0)
+        return TRUE;
+    RedrawWindow(window, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_UPDATENOW);
+    RECT place = {};
+    GetWindowRect(window, &place);
+    const HDC source = GetWindowDC(window);
+    BitBlt(target.Dc, place.left - target.Origin.x, place.top - target.Origin.y, place.right - place.left,
+           place.bottom - place.top, source, 0, 0, SRCCOPY);
+    ReleaseDC(window, source);
+    return TRUE;
+}
+
 // What is on the screen now, once everything due is painted.
 Bitmap CopyWindow(HWND window)
 {
@@ -36,6 +61,11 @@ Bitmap CopyWindow(HWND window)
     Bitmap bitmap(CreateCompatibleBitmap(source, width, height));
     const HGDIOBJ before = SelectObject(memory, bitmap.get());
     const BOOL copied = BitBlt(memory, 0, 0, width, height, source, drawn.left, drawn.top, SRCCOPY);
+    RECT place = {};
+    GetWindowRect(window, &place);
+    Target target = {memory, {place.left + drawn.left, place.top + drawn.top}};
+    EnumThreadWindows(GetWindowThreadProcessId(window, nullptr), &CopyOpenList,
+                      reinterpret_cast<LPARAM>(&target));
     SelectObject(memory, before);
     DeleteDC(memory);
     ReleaseDC(window, source);

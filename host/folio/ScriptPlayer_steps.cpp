@@ -51,6 +51,15 @@ bool IsOwn(HWND window)
     return process == GetCurrentProcessId();
 }
 
+// The index of a member that has one for each item; none for other members.
+std::vector<Variant> IndexOf(const ScriptStep& step)
+{
+    std::vector<Variant> index;
+    if (step.Index)
+        index.push_back(ToVariant(*step.Index));
+    return index;
+}
+
 } // namespace
 
 // Input goes to whatever is there; that must not be somebody else's window.
@@ -248,7 +257,7 @@ void ScriptPlayer::Set(const ScriptStep& step)
 {
     OnForm([&] {
         const ScriptValue& value = step.Values.front();
-        Site(step.Item).Put(Wide(step.Member), value ? ToVariant(*value) : Variant::Null());
+        Site(step.Item).Put(Wide(step.Member), value ? ToVariant(*value) : Variant::Null(), IndexOf(step));
     });
 }
 
@@ -292,7 +301,7 @@ void ScriptPlayer::ExpectValue(const ScriptStep& step)
     const ScriptValue& expected = step.Values.front();
     std::string got;
     const bool came = Until([&] {
-        const Variant value = Site(step.Item).Get(Wide(step.Member));
+        const Variant value = Site(step.Item).Call(Wide(step.Member), IndexOf(step));
         got = Describe(value);
         return Matches(value, expected);
     });

@@ -65,7 +65,7 @@ public:
     // "item.member"
     void Member(ScriptStep& step)
     {
-        const std::size_t end = std::min(rest_.find_first_of(" \t="), rest_.size());
+        const std::size_t end = std::min(rest_.find_first_of(" \t=("), rest_.size());
         const std::string_view both = rest_.substr(0, end);
         const std::size_t dot = both.find('.');
         if (dot == 0 || dot == std::string_view::npos || dot + 1 == both.size())
@@ -78,10 +78,22 @@ public:
     void Assignment(ScriptStep& step)
     {
         Member(step);
+        if (rest_.starts_with('('))
+            Index(step);
         if (!rest_.starts_with('='))
             Missing("\"= value\"");
         rest_ = Trim(rest_.substr(1));
         step.Values.push_back(Value());
+    }
+
+    // "(value)"
+    void Index(ScriptStep& step)
+    {
+        const std::size_t end = rest_.find(')');
+        if (end == std::string_view::npos)
+            Missing("\")\"");
+        step.Index = ParseFormValue(Trim(rest_.substr(1, end - 1)));
+        rest_ = Trim(rest_.substr(end + 1));
     }
 
     void Arguments(ScriptStep& step)

@@ -20,7 +20,7 @@ enum class ScriptVerb
     Click,          // Item, Spot; or Part, Text
     RightClick,     // likewise
     DoubleClick,    // likewise
-    ExpectValue,    // Item.Member = Values[0]
+    ExpectValue,    // Item.Member(Index) = Values[0]
     ExpectFocus,    // Item
     ExpectSelected, // Item
     ExpectEvent,    // Item, Member
@@ -75,6 +75,7 @@ struct ScriptStep
     ScriptSpot Spot;
     std::vector<KeyChord> Keys;
     std::vector<ScriptValue> Values;
+    std::optional<FormValue> Index; // of the member, as in List(1)
 };
 
 struct Script

@@ -279,6 +279,41 @@ TEST_F(AtlAxWinTest, LetsTheUserTypeARate)
     DestroyWindow(container);
 }
 
+// A dialog of its own: the focus goes to the combo box's control, and the keys step through the items.
+TEST_F(AtlAxWinTest, LetsTheUserPickAnItem)
+{
+    const HWND container = CreateContainer(L"KivControls.ChkCombo");
+    ASSERT_NE(container, nullptr);
+    {
+        const ComPtr<_ChkCombo> control = ControlIn<_ChkCombo>(container);
+        const HWND box = WindowOf(control.Get());
+        EXPECT_TRUE(IsWindowVisible(box));
+        EXPECT_TRUE(IsChild(container, box));
+        for (const wchar_t* text : {L"W-2", L"1099", L"1040"})
+            EXPECT_EQ(Hr(control->AddItem(Bstr(text).Get(), -1)), Hr(S_OK));
+        EXPECT_EQ(Hr(control->put_ListCompletionStatus(1, Complete)), Hr(S_OK));
+        SetForegroundWindow(host_.Handle());
+        SetFocus(box);
+        EXPECT_TRUE(IsChild(GetParent(box), GetFocus()));
+        TapKey(VK_DOWN);
+        TapKey(VK_DOWN);
+        HandleInput();
+        Bstr text;
+        EXPECT_EQ(Hr(control->get_Text(text.Receive())), Hr(S_OK));
+        EXPECT_EQ(text.View(), L"1099");
+        TapKey(VK_F4);
+        HandleInput();
+        EXPECT_NE(SendMessageW(box, CB_GETDROPPEDSTATE, 0, 0), 0);
+        TapKey(VK_DOWN);
+        TapKey(VK_ESCAPE);
+        HandleInput();
+        EXPECT_EQ(SendMessageW(box, CB_GETDROPPEDSTATE, 0, 0), 0);
+        EXPECT_EQ(Hr(control->get_Text(text.Receive())), Hr(S_OK));
+        EXPECT_EQ(text.View(), L"1040");
+    }
+    DestroyWindow(container);
+}
+
 TEST_F(AtlAxWinTest, GoesWithTheWholeForm)
 {
     for (int i = 0; i < 10; ++i)
@@ -287,7 +322,8 @@ TEST_F(AtlAxWinTest, GoesWithTheWholeForm)
     ASSERT_NE(CreateContainer(L"KivControls.DateBox"), nullptr);
     ASSERT_NE(CreateContainer(L"KivControls.CurrencyBox"), nullptr);
     ASSERT_NE(CreateContainer(L"KivControls.PercentBox"), nullptr);
-    EXPECT_EQ(ControlWindows(), 14);
+    ASSERT_NE(CreateContainer(L"KivControls.ChkCombo"), nullptr);
+    EXPECT_EQ(ControlWindows(), 15);
     host_.Destroy();
     EXPECT_EQ(ControlWindows(), 0);
 }

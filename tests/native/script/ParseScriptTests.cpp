@@ -94,6 +94,19 @@ TEST(ParseScript, ReadsValues)
     EXPECT_EQ(OnlyStep("set yn.YesText = \"Ja\"").Verb, ScriptVerb::Set);
 }
 
+TEST(ParseScript, ReadsAnIndex)
+{
+    const ScriptStep step = OnlyStep("set cbo.List(2) = \"two\"");
+    EXPECT_EQ(step.Item, "cbo");
+    EXPECT_EQ(step.Member, "List");
+    EXPECT_EQ(FormatScriptValue(step.Index), "2");
+    EXPECT_EQ(FormatScriptValue(step.Values.front()), "\"two\"");
+    EXPECT_EQ(FormatScriptValue(OnlyStep("expect cbo.List( -1 )= 3").Index), "-1");
+    EXPECT_FALSE(OnlyStep("expect cbo.ListIndex = 3").Index);
+    for (const char* line : {"set cbo.List(2 = 3", "set cbo.List() = 3", "expect cbo.List(2)"})
+        EXPECT_THROW(ParseScript(line, "test"), FormError) << line;
+}
+
 TEST(ParseScript, ReadsArguments)
 {
     const ScriptStep step = OnlyStep("call yn.Method 1, \"two, three\", Null ' done");

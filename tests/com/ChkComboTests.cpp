@@ -1,0 +1,319 @@
+// ChkCombo as COM sees it: its members by name, its errors, and what a container keeps of it.
+
+#include "tests/com/PublishedClasses.h"
+#include "tests/com/TypeDescription.h"
+#include "tests/support/AutomationCalls.h"
+#include "tests/support/EventRecorder.h"
+#include "tests/support/LibraryTest.h"
+#include "tests/support/PropertyNotifyRecorder.h"
+#include "tests/support/RecordingSite.h"
+#include "tests/support/TestErrorLog.h"
+#include "tests/support/TestFont.h"
+#include "tests/support/TestPropertyBag.h"
+#include "tests/support/TestStream.h"
+#include "tests/support/Text.h"
+
+#include "runtime/com/Errors.h"
+
+#include <olectl.h>
+
+using Microsoft::WRL::ComPtr;
+
+namespace kiv::test
+{
+
+namespace
+{
+
+using Names = std::vector<std::wstring>;
+
+constexpr long DefaultBackColor = static_cast<long>(0x80000005);
+constexpr long DefaultForeColor = static_cast<long>(0x80000012);
+
+class ChkComboComTest : public LibraryTest
+{
+protected:
+    ComPtr<IDispatch> Create() const
+    {
+        ComPtr<IDispatch> control;
+        Check(TheLibrary().Create(CLSID_ChkCombo).As(&control));
+        return control;
+    }
+    template<class Interface>
+    static ComPtr<Interface> As(const ComPtr<IDispatch>& control)
+    {
+        ComPtr<Interface> found;
+        Check(control.As(&found));
+        return found;
+    }
+    static Variant Property(const ComPtr<IDispatch>& control, const wchar_t* name)
+    {
+        CallOutcome outcome = GetByName(control.Get(), name);
+        EXPECT_EQ(Hr(outcome.Result), Hr(S_OK)) << Narrow(name);
+        return std::move(outcome.Value);
+    }
+    static CallOutcome ItemProperty(const ComPtr<IDispatch>& control, const wchar_t* name,
+                                    const Variant& index)
+    {
+        return Invoke(control.Get(), IdOfName(control.Get(), name), DISPATCH_PROPERTYGET, {index});
+    }
+    // Index and value, as a script assigns to List(1).
+    static CallOutcome PutItemProperty(const ComPtr<IDispatch>& control, const wchar_t* name,
+                                       const Variant& index, const Variant& value)
+    {
+        VARIANT arguments[] = {value.Get(), index.Get()};
+        DISPID named = DISPID_PROPERTYPUT;
+        DISPPARAMS parameters = {arguments, &named, 2, 1};
+        CallOutcome outcome;
+        EXCEPINFO exception = {};
+        outcome.Result =
+            control->Invoke(IdOfName(control.Get(), name), IID_NULL, LOCALE_USER_DEFAULT,
+                            DISPATCH_PROPERTYPUT, &parameters, nullptr, &exception, &outcome.ArgumentInError);
+        outcome.ErrorCode = exception.scode;
+        outcome.ErrorSource = Bstr::ViewOf(exception.bstrSource);
+        SysFreeString(exception.bstrSource);
+        SysFreeString(exception.bstrDescription);
+        SysFreeString(exception.bstrHelpFile);
+        return outcome;
+    }
+    static void Add(const ComPtr<IDispatch>& control, const wchar_t* text)
+    {
+        EXPECT_EQ(Hr(CallByName(control.Get(), L"AddItem", {Variant(text)}).Result), Hr(S_OK));
+    }
+    static void ExpectError(const CallOutcome& outcome, int number)
+    {
+        EXPECT_EQ(Hr(outcome.Result), Hr(DISP_E_EXCEPTION));
+        EXPECT_EQ(Hr(outcome.ErrorCode), Hr(RunTimeError(number)));
+        EXPECT_EQ(outcome.ErrorSource, L"ChkCombo");
+    }
+};
+
+TEST_F(ChkComboComTest, DescribesItsMembers)
+{
+    ComPtr<ITypeLib> library;
+    Check(LoadTypeLibEx(TheLibrary().Path().c_str(), REGKIND_NONE, &library));
+    ComPtr<ITypeInfo> members;
+    Check(library->GetTypeInfoOfGuid(Id(0x3E649243), &members));
+    EXPECT_EQ(OwnMembers(members.Get()),
+              (Names{
+                  L"get -501 BackColor() OLE_COLOR",
+                  L"put -501 BackColor(in OLE_COLOR) void",
+                  L"get -513 ForeColor() OLE_COLOR",
+                  L"put -513 ForeColor(in OLE_COLOR) void",
+                  L"get -514 Enabled() VARIANT_BOOL",
+                  L"put -514 Enabled(in VARIANT_BOOL) void",
+                  L"get -512 Font() IFontDisp*",
+                  L"putref -512 Font(in IFontDisp*) void",
+                  L"get -515 hwnd() long",
+                  L"get 0 Text() BSTR",
+                  L"get 1 ListIndex() short",
+                  L"put 1 ListIndex(in short) void",
+                  L"get 2 ListCount() short",
+                  L"get 3 NewIndex() short",
+                  L"get 4 PreviousIndex() short hidden",
+                  L"get 5 List(in short) BSTR",
+                  L"put 5 List(in short, in BSTR) void",
+                  L"get 6 ItemData(in short) long",
+                  L"put 6 ItemData(in short, in long) void",
+                  L"get 7 ListCompletionStatus(in short) DetailStatusEnums",
+                  L"put 7 ListCompletionStatus(in short, in DetailStatusEnums) void",
+                  L"method 8 AddItem(in BSTR Item, in optional =-1 short Index) void",
+                  L"method 9 RemoveItem(in short Index) void",
+                  L"method 10 Clear() void",
+                  L"method -550 Refresh() void",
+              }));
+    ComPtr<ITypeInfo> events;
+    Check(library->GetTypeInfoOfGuid(Id(0x3E649245), &events));
+    EXPECT_EQ(
+        OwnMembers(events.Get()),
+        (Names{
+            L"method -601 DblClick() void",
+            L"method -600 Click() void",
+            L"method 1 DropDown() void",
+            L"method 2 CloseUp() void",
+            L"method 3 ActiveStateChanged(in out VARIANT_BOOL* Visible, in out VARIANT_BOOL* Enabled) void",
+        }));
+}
+
+TEST_F(ChkComboComTest, IsEmptyAtFirst)
+{
+    const ComPtr<IDispatch> control = Create();
+    EXPECT_EQ(Show(Property(control, L"ListCount")), Show(Variant(short{0})));
+    for (const wchar_t* index : {L"ListIndex", L"NewIndex", L"PreviousIndex"})
+        EXPECT_EQ(Show(Property(control, index)), Show(Variant(short{-1}))) << Narrow(index);
+    EXPECT_EQ(Show(Property(control, L"Text")), Show(Variant(L"")));
+    EXPECT_EQ(Property(control, L"BackColor").Long(), DefaultBackColor);
+    EXPECT_EQ(Property(control, L"ForeColor").Long(), DefaultForeColor);
+    EXPECT_TRUE(Property(control, L"Enabled").Bool());
+    const auto combo = static_cast<HWND>(LongToHandle(Property(control, L"hwnd").Long()));
+    char name[16] = {};
+    GetClassNameA(combo, name, sizeof name);
+    EXPECT_STRCASEEQ(name, "ComboBox");
+    // A combo box hands the scroll bar that it is made with on to its list.
+    EXPECT_EQ(GetWindowLongA(combo, GWL_STYLE), 0x50210213 & ~WS_VSCROLL);
+    EXPECT_EQ(GetWindowLongA(combo, GWL_EXSTYLE), 0);
+}
+
+TEST_F(ChkComboComTest, AnswersByName)
+{
+    const ComPtr<IDispatch> control = Create();
+    Add(control, L"b");
+    EXPECT_EQ(Hr(CallByName(control.Get(), L"AddItem", {Variant(L"a"), Variant(short{0})}).Result), Hr(S_OK));
+    EXPECT_EQ(Hr(CallByName(control.Get(), L"AddItem", {Variant(L"c"), Missing()}).Result), Hr(S_OK));
+    EXPECT_EQ(Property(control, L"ListCount").Short(), 3);
+    EXPECT_EQ(Property(control, L"NewIndex").Short(), 2);
+    EXPECT_EQ(Show(ItemProperty(control, L"List", Variant(1L)).Value), Show(Variant(L"b")));
+    EXPECT_EQ(Show(ItemProperty(control, L"List", Variant(L"2")).Value), Show(Variant(L"c")));
+    EXPECT_EQ(Hr(PutItemProperty(control, L"List", Variant(1L), Variant(L"B")).Result), Hr(S_OK));
+    EXPECT_EQ(Show(ItemProperty(control, L"List", Variant(1L)).Value), Show(Variant(L"B")));
+    EXPECT_EQ(Hr(PutItemProperty(control, L"ItemData", Variant(1L), Variant(-5L)).Result), Hr(S_OK));
+    EXPECT_EQ(Show(ItemProperty(control, L"ItemData", Variant(1L)).Value), Show(Variant(-5L)));
+    EXPECT_EQ(Hr(PutItemProperty(control, L"ListCompletionStatus", Variant(1L), Variant(2L)).Result),
+              Hr(S_OK));
+    EXPECT_EQ(ItemProperty(control, L"ListCompletionStatus", Variant(1L)).Value.Long(), 2);
+    EXPECT_EQ(ItemProperty(control, L"ListCompletionStatus", Variant(0L)).Value.Long(), 0);
+    EXPECT_EQ(Hr(PutByName(control.Get(), L"ListIndex", Variant(1L)).Result), Hr(S_OK));
+    EXPECT_EQ(Show(Property(control, L"Text")), Show(Variant(L"B")));
+    EXPECT_EQ(Show(Invoke(control.Get(), DISPID_VALUE, DISPATCH_PROPERTYGET).Value), Show(Variant(L"B")));
+    EXPECT_EQ(Hr(CallByName(control.Get(), L"RemoveItem", {Variant(0L)}).Result), Hr(S_OK));
+    EXPECT_EQ(Property(control, L"ListIndex").Short(), 0);
+    EXPECT_EQ(Hr(CallByName(control.Get(), L"Refresh").Result), Hr(S_OK));
+    EXPECT_EQ(Hr(CallByName(control.Get(), L"Clear").Result), Hr(S_OK));
+    EXPECT_EQ(Property(control, L"ListCount").Short(), 0);
+}
+
+TEST_F(ChkComboComTest, RaisesItsErrors)
+{
+    const ComPtr<IDispatch> control = Create();
+    Add(control, L"a");
+    for (const wchar_t* name : {L"List", L"ItemData", L"ListCompletionStatus"})
+    {
+        SCOPED_TRACE(Narrow(name));
+        for (const long index : {-1L, 1L})
+        {
+            ExpectError(ItemProperty(control, name, Variant(index)), 381);
+            ExpectError(PutItemProperty(control, name, Variant(index), Variant(1L)), 381);
+        }
+        EXPECT_EQ(Hr(ItemProperty(control, name, Variant(40000L)).Result), Hr(DISP_E_OVERFLOW));
+        EXPECT_EQ(Hr(ItemProperty(control, name, Variant(L"first")).Result), Hr(DISP_E_TYPEMISMATCH));
+    }
+    ExpectError(CallByName(control.Get(), L"AddItem", {Variant(L"b"), Variant(-2L)}), 381);
+    ExpectError(CallByName(control.Get(), L"AddItem", {Variant(L"b"), Variant(2L)}), 381);
+    ExpectError(CallByName(control.Get(), L"RemoveItem", {Variant(1L)}), 381);
+    ExpectError(CallByName(control.Get(), L"RemoveItem", {Variant(-1L)}), 381);
+    ExpectError(PutByName(control.Get(), L"ListIndex", Variant(1L)), 380);
+    ExpectError(PutByName(control.Get(), L"ListIndex", Variant(-2L)), 380);
+    EXPECT_EQ(Hr(PutByName(control.Get(), L"Text", Variant(L"a")).Result), Hr(DISP_E_MEMBERNOTFOUND));
+    EXPECT_EQ(Property(control, L"ListCount").Short(), 1);
+}
+
+TEST_F(ChkComboComTest, RefusesStatusesAtDesignTime)
+{
+    const auto site = MakeCom<RecordingSite>();
+    const ComPtr<IDispatch> control = Create();
+    Check(As<IOleObject>(control)->SetClientSite(site.Get()));
+    Check(As<IPersistStreamInit>(control)->InitNew());
+    Add(control, L"a");
+    site->SetAmbient(DISPID_AMBIENT_USERMODE, Variant(false));
+    ExpectError(ItemProperty(control, L"ListCompletionStatus", Variant(0L)), 387);
+    ExpectError(PutItemProperty(control, L"ListCompletionStatus", Variant(9L), Variant(1L)), 387);
+    ExpectError(PutItemProperty(control, L"ItemData", Variant(9L), Variant(1L)), 387);
+    ExpectError(ItemProperty(control, L"ItemData", Variant(9L)), 381);
+    site->SetAmbient(DISPID_AMBIENT_USERMODE, Variant(true));
+    EXPECT_EQ(ItemProperty(control, L"ListCompletionStatus", Variant(0L)).Value.Long(), 0);
+    Check(As<IOleObject>(control)->SetClientSite(nullptr));
+}
+
+TEST_F(ChkComboComTest, KeepsWhatDiffersFromItsDefaults)
+{
+    const ComPtr<IDispatch> first = Create();
+    Check(As<IPersistPropertyBag>(first)->InitNew());
+    const auto empty = MakeCom<TestPropertyBag>();
+    Check(As<IPersistPropertyBag>(first)->Save(empty.Get(), TRUE, FALSE));
+    for (const auto& [name, value] : empty->Values())
+        EXPECT_EQ(name, L"Font") << "only a font that is not the container's";
+
+    FontFacts facts;
+    facts.Weight = 700;
+    Add(first, L"a");
+    EXPECT_EQ(Hr(PutByName(first.Get(), L"BackColor", Variant(0x80FFFFL)).Result), Hr(S_OK));
+    EXPECT_EQ(Hr(PutByName(first.Get(), L"ForeColor", Variant(0x0000C0L)).Result), Hr(S_OK));
+    EXPECT_EQ(Hr(PutByName(first.Get(), L"Enabled", Variant(false)).Result), Hr(S_OK));
+    EXPECT_EQ(Hr(PutRefByName(first.Get(), L"Font", Variant(static_cast<IDispatch*>(MakeFont(facts).Get())))
+                     .Result),
+              Hr(S_OK));
+    const auto bag = MakeCom<TestPropertyBag>();
+    Check(As<IPersistPropertyBag>(first)->Save(bag.Get(), TRUE, FALSE));
+    EXPECT_EQ(bag->NamesWritten(), (Names{L"Font", L"BackColor", L"Enabled", L"ForeColor"}))
+        << "neither items nor what is selected";
+
+    const auto expectSame = [&](const ComPtr<IDispatch>& second) {
+        EXPECT_EQ(Property(second, L"BackColor").Long(), 0x80FFFFL);
+        EXPECT_EQ(Property(second, L"ForeColor").Long(), 0x0000C0L);
+        EXPECT_FALSE(Property(second, L"Enabled").Bool());
+        EXPECT_EQ(FactsOf(Property(second, L"Font").Object()), facts);
+        EXPECT_EQ(Property(second, L"ListCount").Short(), 0);
+        const auto combo = static_cast<HWND>(LongToHandle(Property(second, L"hwnd").Long()));
+        EXPECT_FALSE(IsWindowEnabled(GetParent(combo))) << "the mouse does not reach it either";
+    };
+    const ComPtr<IDispatch> second = Create();
+    Check(As<IPersistPropertyBag>(second)->Load(bag.Get(), nullptr));
+    EXPECT_EQ(bag->NamesRead(), (Names{L"Font", L"BackColor", L"Enabled", L"ForeColor"}));
+    expectSame(second);
+
+    ComPtr<IStream> stream;
+    Check(CreateStreamOnHGlobal(nullptr, TRUE, &stream));
+    Check(As<IPersistStreamInit>(first)->Save(stream.Get(), TRUE));
+    Check(stream->Seek({}, STREAM_SEEK_SET, nullptr));
+    const ComPtr<IDispatch> third = Create();
+    Check(As<IPersistStreamInit>(third)->Load(stream.Get()));
+    expectSame(third);
+}
+
+TEST_F(ChkComboComTest, IsNewAfterALoadThatFails)
+{
+    const ComPtr<IDispatch> control = Create();
+    EXPECT_EQ(Hr(PutByName(control.Get(), L"BackColor", Variant(0x80FFFFL)).Result), Hr(S_OK));
+    EXPECT_EQ(Hr(PutByName(control.Get(), L"Enabled", Variant(false)).Result), Hr(S_OK));
+    ComPtr<IStream> stream;
+    Check(CreateStreamOnHGlobal(nullptr, TRUE, &stream));
+    EXPECT_TRUE(FAILED(As<IPersistStreamInit>(control)->Load(stream.Get())));
+    EXPECT_EQ(Property(control, L"BackColor").Long(), DefaultBackColor);
+    EXPECT_TRUE(Property(control, L"Enabled").Bool());
+}
+
+TEST_F(ChkComboComTest, TakesDefaultsForValuesThatAreNone)
+{
+    const auto bag = MakeCom<TestPropertyBag>();
+    bag->Put(L"BackColor", Variant(L"yellow"));
+    bag->Put(L"ForeColor", Variant(L"255"));
+    bag->Put(L"Enabled", Variant(L"perhaps"));
+    bag->Put(L"Font", Variant(L"Tahoma"));
+    const ComPtr<IDispatch> control = Create();
+    Check(As<IPersistPropertyBag>(control)->Load(bag.Get(), nullptr));
+    EXPECT_EQ(Property(control, L"BackColor").Long(), DefaultBackColor);
+    EXPECT_EQ(Property(control, L"ForeColor").Long(), 255);
+    EXPECT_TRUE(Property(control, L"Enabled").Bool());
+    EXPECT_NE(Property(control, L"Font").Object(), nullptr);
+}
+
+TEST_F(ChkComboComTest, TellsWhatChanges)
+{
+    const ComPtr<IDispatch> control = Create();
+    Check(As<IPersistStreamInit>(control)->InitNew());
+    const auto changes = MakeCom<PropertyNotifyRecorder>();
+    const Connection connection(control.Get(), IID_IPropertyNotifySink, changes.Get());
+    PutByName(control.Get(), L"BackColor", Variant(1L));
+    PutByName(control.Get(), L"ForeColor", Variant(2L));
+    PutByName(control.Get(), L"Enabled", Variant(false));
+    PutRefByName(control.Get(), L"Font", Variant(static_cast<IDispatch*>(MakeFont().Get())));
+    EXPECT_EQ(changes->TakeChanges(),
+              (std::vector<DISPID>{DISPID_BACKCOLOR, DISPID_FORECOLOR, DISPID_ENABLED, DISPID_FONT}));
+    Add(control, L"a");
+    PutByName(control.Get(), L"ListIndex", Variant(0L));
+    EXPECT_EQ(changes->TakeChanges(), std::vector<DISPID>()) << "nothing of the list is kept";
+}
+
+} // namespace
+
+} // namespace kiv::test
