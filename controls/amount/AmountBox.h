@@ -81,6 +81,7 @@ protected:
         const AmountLayout layout = Layout();
         lblRight.Move(PixelsX(layout.Label.Left), PixelsY(layout.Label.Top), PixelsX(layout.Label.Width),
                       lblRight.LineHeight());
+        // Parked even while the user types, until the focus comes anew. Deliberate.
         PlaceBox(layout.Box);
         // A window of almost no height has no border either: with the one that it gets as it grows, it has to
         // grow once more. A container that gives no more room is not asked again.
@@ -178,12 +179,6 @@ protected:
         UserControl_Resize();
         this->Refresh();
     }
-    void FontChanged() override
-    {
-        ApplyFont();
-        this->PropertyChanged(L"Font");
-    }
-
     bool IsValidInput(bool ShowMessage) override
     {
         if (IsValid(txtLeft.Text()))

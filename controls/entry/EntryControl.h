@@ -8,6 +8,9 @@
 
 #include <KivControls.h>
 
+#include <algorithm>
+#include <initializer_list>
+
 namespace kiv
 {
 
@@ -44,6 +47,27 @@ protected:
         if (iid == __uuidof(ISubClass))
             return static_cast<ISubClass*>(&subClass_);
         return StandardControl<Dual>::FindInterface(iid);
+    }
+
+    void FontChanged() override
+    {
+        this->ApplyFont();
+        this->PropertyChanged(L"Font");
+    }
+
+    // Lets each of the boxes cover the surface, which grows to what their font needs.
+    void CoverWith(std::initializer_list<TextBox*> boxes)
+    {
+        const SIZE size = this->TheSurface().PixelSize();
+        LONG needed = 0;
+        for (TextBox* box : boxes)
+        {
+            box->Move(0, 0, size.cx, size.cy);
+            needed = std::max(needed, box->Size().cy);
+        }
+        // Once: a container that insists on its own size is not asked for each box.
+        if (needed > size.cy)
+            this->RequestSize({size.cx, needed});
     }
 
     virtual Variant Value() const = 0;

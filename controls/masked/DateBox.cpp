@@ -82,11 +82,7 @@ void DateBox::UserControl_ReadProperties(PropertyBag& PropBag)
 
 void DateBox::UserControl_Resize()
 {
-    const SIZE size = TheSurface().PixelSize();
-    txtDate.Move(0, 0, size.cx, size.cy);
-    const LONG needed = txtDate.Size().cy;
-    if (needed > size.cy)
-        RequestSize({size.cx, needed});
+    CoverWith({&txtDate});
 }
 
 void DateBox::UserControl_KeyDown(short& KeyCode, short Shift)
@@ -194,12 +190,6 @@ void DateBox::ApplyFont()
 {
     txtDate.Font(TheSurface().FontHandle());
     UserControl_Resize();
-}
-
-void DateBox::FontChanged()
-{
-    ApplyFont();
-    PropertyChanged(L"Font");
 }
 
 HRESULT DateBox::get_hwnd(LONG* result) noexcept

@@ -56,7 +56,6 @@ private:
     using EntryControl::Enabled;
     void Enabled(bool newState) override;
     void ApplyFont() override;
-    void FontChanged() override;
     Variant Value() const override;
     void Value(const Variant& newDate) override;
 

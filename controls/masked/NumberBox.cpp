@@ -61,12 +61,7 @@ void NumberBox::UserControl_ReadProperties(PropertyBag& PropBag)
 
 void NumberBox::UserControl_Resize()
 {
-    const SIZE size = TheSurface().PixelSize();
-    for (TextBox* box : {&txtNumber, &txtRTN})
-        box->Move(0, 0, size.cx, size.cy);
-    const LONG needed = txtNumber.Size().cy;
-    if (needed > size.cy)
-        RequestSize({size.cx, needed});
+    CoverWith({&txtNumber, &txtRTN});
 }
 
 void NumberBox::UserControl_EnterFocus()
@@ -154,12 +149,6 @@ void NumberBox::ApplyFont()
     for (TextBox* box : {&txtNumber, &txtRTN})
         box->Font(TheSurface().FontHandle());
     UserControl_Resize();
-}
-
-void NumberBox::FontChanged()
-{
-    ApplyFont();
-    PropertyChanged(L"Font");
 }
 
 HRESULT NumberBox::get_hwnd(LONG* result) noexcept

@@ -51,7 +51,6 @@ private:
     using EntryControl::Enabled;
     void Enabled(bool newState) override;
     void ApplyFont() override;
-    void FontChanged() override;
     void MaxLength(short newLength);
     void Style(NumberFormat newStyle);
     std::wstring Text() const;

@@ -208,8 +208,11 @@ TEST_F(AmountPersistenceTest, ANewOneHasTheDefaultsAndWritesNone)
         EXPECT_EQ(Hr(Save(control, bag.Get())), Hr(S_OK));
         EXPECT_EQ(bag->NamesWritten(), Names());
         const AmountState fresh = StateOf(control);
+        control.Enter(L"5");
         EXPECT_EQ(Hr(Load(control, MakeCom<TestPropertyBag>().Get())), Hr(S_OK));
         EXPECT_EQ(StateOf(control), fresh) << "absent keys read as the same";
+        EXPECT_EQ(control.Entry(), L"") << "the amount goes";
+        EXPECT_EQ(control.Shown(L"Text"), "VT 8 \"\"");
     }
     const AmountControl currency(CLSID_CurrencyBox);
     currency.InitNew();
