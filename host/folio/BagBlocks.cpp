@@ -84,12 +84,9 @@ Variant ReadPicture(const FormBlock& block)
     Check(stream->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr));
     Check(stream->Seek({}, STREAM_SEEK_SET, nullptr));
 
-    PICTDESC none = {};
-    none.cbSizeofstruct = sizeof(none);
-    none.picType = PICTYPE_UNINITIALIZED;
     ComPtr<IPersistStream> picture;
     ComPtr<IDispatch> dispatch;
-    Check(OleCreatePictureIndirect(&none, __uuidof(IPersistStream), TRUE,
+    Check(OleCreatePictureIndirect(nullptr, __uuidof(IPersistStream), TRUE,
                                    reinterpret_cast<void**>(picture.GetAddressOf())));
     Check(picture->Load(stream.Get()));
     Check(picture.As(&dispatch));

@@ -35,7 +35,7 @@ void Label::Draw() const
     // The last character of a line may reach a pixel beyond its width.
     const SavedDc saved(dc);
     IntersectClipRect(dc, place_.left - 1, place_.top, place_.right + 1, place_.bottom);
-    const UINT format = static_cast<UINT>(alignment_) | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP;
+    const UINT format = static_cast<UINT>(alignment_) | DT_NOPREFIX | DT_NOCLIP;
     const std::string ansi = Ansi(caption_);
     RECT place = place_;
     if (enabled_)
