@@ -183,6 +183,98 @@ TEST_F(FolioHost, RefusesWhatItCannotUse)
         << missing.Output;
 }
 
+constexpr const char* oneList = "Begin Form page\n"
+                                "    Caption = \"Page\"\n"
+                                "    ClientWidth = 9000\n"
+                                "    ClientHeight = 9000\n"
+                                "    Begin KivControls.EnumList elOne\n"
+                                "        Left = 120\n"
+                                "        Top = 120\n"
+                                "        Width = 1800\n"
+                                "        Height = 300\n"
+                                "        StateCode = \"MD\"\n"
+                                "        TableName = \"County\"\n"
+                                "        EnumListTitle = \"Counties\"\n"
+                                "        DisplayStyle = 1\n"
+                                "        SortListBy = 1\n"
+                                "    End\n"
+                                "End\n";
+
+TEST_F(FolioHost, DrivesWhatOpensInFrontOfTheForm)
+{
+    const TemporaryFile shot(L".png");
+    const std::wstring options =
+        L"--database " + Quoted(RequiredVariable(L"KIV_CODES")) + L" --shot " + Quoted(shot.Path());
+    WriteForm(oneList);
+    WriteScript("set elOne.DisplayStyle = 0\n"
+                "click elOne right\n"
+                "expect window \"Counties\"\n"
+                "expect no item\n"
+                "shot\n"
+                "doubleclick item \"7\"\n"
+                "expect no window\n"
+                "expect event elOne SelectionChanged\n"
+                "set elOne.DisplayStyle = 1\n"
+                "expect elOne.EnumText = \"Carroll\"\n");
+    const ProcessOutcome outcome = Play(options);
+    EXPECT_EQ(outcome.ExitCode, 0U) << outcome.Output;
+    EXPECT_NE(outcome.Output.find(R"({"control":"elOne","property":"EnumCode","value":"7"})"),
+              std::string::npos)
+        << outcome.Output;
+    // Of the dialog, which is smaller than the form: width and height stand at a fixed place.
+    const std::string picture = Read(shot);
+    ASSERT_GT(picture.size(), 24U);
+    EXPECT_EQ(picture.substr(16, 2), std::string(2, '\0'));
+    const auto size = [&](std::size_t at) {
+        return static_cast<unsigned char>(picture[at]) * 256 + static_cast<unsigned char>(picture[at + 1]);
+    };
+    EXPECT_LT(size(18), 600);
+    EXPECT_LT(size(22), 600);
+    EXPECT_GT(size(18), 200);
+}
+
+TEST_F(FolioHost, SaysWhatIsNotAsExpectedInFrontOfTheForm)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"key Space\nexpect no window\n",
+         ":2: expected no window in front of the form, got the window \"Counties\"\n"},
+        {"key Space\nexpect window \"Counties\"\nexpect item \"x\"\n",
+         ":3: expected the item \"x\" to be selected, got none\n"},
+        {"key Space\nexpect window \"Counties\"\nclick item \"x\"\n", ":3: the list shows no item \"x\"\n"},
+        {"key Space\nexpect window \"Counties\"\nclick button \"x\"\n",
+         ":3: there is no button \"x\" in front of the form\n"},
+        {"key Space\nexpect window \"Counties\"\n", ":2: a window in front of the form is still open\n"},
+    };
+    WriteForm(oneList);
+    for (const auto& [script, mistake] : rows)
+    {
+        WriteScript(script);
+        const ProcessOutcome outcome = Play(L"--database " + Quoted(RequiredVariable(L"KIV_CODES")));
+        EXPECT_EQ(outcome.ExitCode, 1U) << script;
+        EXPECT_NE(Lines(outcome.Output).find(ScriptPath() + mistake), std::string::npos)
+            << script << outcome.Output;
+    }
+}
+
+TEST_F(FolioHost, ClosesTheDatabaseMeanwhile)
+{
+    WriteForm(oneList);
+    WriteScript("set elOne.EnumCode = \"7\"\n"
+                "expect elOne.EnumText = \"Carroll\"\n"
+                "close database\n"
+                "key Space\n"
+                "answer messagebox \"Could not read enum table from database.\"\n"
+                "expect window \"Counties\"\n"
+                "key Esc\n"
+                "expect no window\n"
+                "expect elOne.EnumCode = \"7\"\n"
+                "close database\n");
+    const ProcessOutcome outcome = Play(L"--database " + Quoted(RequiredVariable(L"KIV_CODES")));
+    EXPECT_EQ(outcome.ExitCode, 1U);
+    EXPECT_NE(outcome.Output.find(ScriptPath() + ":10: the control answered 0x800A0D5C"), std::string::npos)
+        << outcome.Output;
+}
+
 TEST_F(FolioHost, WarnsOfWhatAControlCannotLoad)
 {
     std::string form(onePage);
