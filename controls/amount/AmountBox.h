@@ -138,8 +138,8 @@ protected:
             exit = ExitFrom(answer);
         if (!exit.Parked)
             return;
-        ShowInLabel();
         PlaceBox(Layout().Box);
+        ShowInLabel();
     }
 
     void UserControl_Terminate() override { this->UnhookBox(); }
@@ -194,7 +194,9 @@ protected:
     void ShowInLabel()
     {
         lblRight.Caption(CaptionOf(txtLeft.Text()));
-        this->Refresh();
+        // Under the box nobody sees it, and painting takes longer than all the rest of a key stroke.
+        if (isParked_)
+            this->Refresh();
     }
     void Clear()
     {
@@ -228,10 +230,12 @@ private:
 
     void PlaceBox(const AmountPlace& place)
     {
+        isParked_ = place.Top == ParkedTop;
         txtLeft.Move(PixelsX(place.Left), PixelsY(place.Top), PixelsX(place.Width), txtLeft.LeastHeight());
     }
 
     const Events events_;
+    bool isParked_ = true;
 };
 
 } // namespace kiv

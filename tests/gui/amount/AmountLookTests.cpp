@@ -137,6 +137,19 @@ TEST_F(AmountLookTest, ResizingParksTheBox)
     }
 }
 
+TEST_F(AmountLookTest, ResizingParksABoxThatIsTypedInto)
+{
+    for (HostedBox& box : ShownBoxes())
+    {
+        box.Site().Focus();
+        ASSERT_TRUE(IsInView(box));
+        box.Site().Move({10, 50, 140, 100});
+        EXPECT_TRUE(IsParked(box));
+        EXPECT_EQ(GetFocus(), box.Edit());
+        TheForm().Remove(box.Site());
+    }
+}
+
 // Of less height than the font needs, the control becomes as high as it needs to be, and no higher.
 TEST_F(AmountLookTest, IsNeverTooLow)
 {
