@@ -72,6 +72,8 @@ void PicCommand::UserControl_Resize()
 {
     const SIZE size = TheSurface().PixelSize();
     cmd.Move(0, 0, size.cx, size.cy, false);
+    // All of it, once: a frame that has moved is not the only thing to be painted.
+    InvalidateRect(cmd.hWnd(), nullptr, FALSE);
 }
 
 void PicCommand::UserControl_AccessKeyPress(wchar_t)

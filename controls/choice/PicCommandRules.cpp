@@ -83,6 +83,9 @@ ButtonFrame ButtonFrameOf(PixelRect button, bool pressed, bool framed)
                                   {r.Left - 1, r.Bottom - 1}}});
         r = Shrunk(r, 1);
     }
+    // The one pixel of the frame that the lines below leave out, since none draws its last point: without
+    // this it would keep what another state has drawn there.
+    frame.Strokes.push_back({FrameColor::Face, {{r.Left, r.Bottom - 1}, {r.Left + 1, r.Bottom - 1}}});
     // One line through all four: each begins where the one before it ended.
     const BevelColors colors = ColorsOf(pressed, framed);
     frame.Strokes.push_back(

@@ -68,6 +68,12 @@ VARTYPE PlainType(ITypeInfo* typeInfo, const TYPEDESC& type)
     return type.vt == VT_USERDEFINED ? NamedType(typeInfo, type.hreftype) : type.vt;
 }
 
+// A property's new value is named, whatever it is to be called, and stands last.
+bool IsAssignment(const DISPPARAMS& arguments)
+{
+    return arguments.cNamedArgs == 1 && arguments.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
+}
+
 bool LeftOut(const VARIANT& argument)
 {
     return V_VT(&argument) == VT_ERROR && V_ERROR(&argument) == DISP_E_PARAMNOTFOUND;
@@ -192,7 +198,7 @@ HRESULT DispatchTable::Invoke(IUnknown* instance, DISPID member, REFIID reserved
     // Not every ITypeInfo::Invoke counts the arguments before it calls.
     if (called && (arguments->cArgs > called->Parameters.size() || arguments->cArgs < called->Required))
         return DISP_E_BADPARAMCOUNT;
-    if (called && called->TakesReferences && arguments->cNamedArgs == 0)
+    if (called && called->TakesReferences && (arguments->cNamedArgs == 0 || IsAssignment(*arguments)))
     {
         return Boundary([&] {
             return InvokeRepaired(instance, member, flags, *arguments, result, exception, argumentInError,
@@ -243,7 +249,8 @@ HRESULT DispatchTable::InvokeRepaired(IUnknown* instance, DISPID member, WORD fl
         V_BYREF(&slot) = referred[i].Storage();
     }
 
-    DISPPARAMS repairedArguments = {repaired.data(), nullptr, static_cast<UINT>(count), 0};
+    DISPPARAMS repairedArguments = {repaired.data(), arguments.rgdispidNamedArgs, static_cast<UINT>(count),
+                                    arguments.cNamedArgs};
     const HRESULT outcome =
         typeInfo_->Invoke(instance, member, flags, &repairedArguments, result, exception, argumentInError);
     for (ReferredArgument& argument : referred)

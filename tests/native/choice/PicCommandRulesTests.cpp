@@ -146,7 +146,7 @@ TEST(PicCommandRulesTest, FramesAButtonAtRest)
 {
     const ButtonFrame frame = ButtonFrameOf({0, 0, 10, 8}, false, false);
     EXPECT_EQ(Drawn(frame, 10, 8), (Picture{"hhhhhhhhh#", "h-------s#", "h-      s#", "h-      s#",
-                                            "h-      s#", "h-      s#", "hssssssss#", "##########"}));
+                                            "h-      s#", "h-      s#", "hssssssss#", "-#########"}));
     EXPECT_EQ(frame.Inside, (PixelRect{2, 2, 8, 6}));
 }
 
@@ -154,7 +154,7 @@ TEST(PicCommandRulesTest, FramesAButtonWithTheFocus)
 {
     const ButtonFrame frame = ButtonFrameOf({0, 0, 10, 8}, false, true);
     EXPECT_EQ(Drawn(frame, 10, 8), (Picture{"##########", "#hhhhhhh##", "#h-----s##", "#h-    s##",
-                                            "#h-    s##", "#hssssss##", "##########", "##########"}));
+                                            "#h-    s##", "#hssssss##", "#-########", "##########"}));
     EXPECT_EQ(frame.Inside, (PixelRect{3, 3, 7, 5}));
 }
 
@@ -162,7 +162,7 @@ TEST(PicCommandRulesTest, FramesAPressedButton)
 {
     const ButtonFrame frame = ButtonFrameOf({0, 0, 10, 8}, true, false);
     EXPECT_EQ(Drawn(frame, 10, 8), (Picture{"sssssssssh", "s#######-h", "s#      -h", "s#      -h",
-                                            "s#      -h", "s#      -h", "s--------h", "hhhhhhhhhh"}));
+                                            "s#      -h", "s#      -h", "s--------h", "-hhhhhhhhh"}));
     EXPECT_EQ(frame.Inside, (PixelRect{2, 2, 8, 6}));
 }
 
@@ -170,7 +170,7 @@ TEST(PicCommandRulesTest, FramesAPressedButtonWithTheFocus)
 {
     const ButtonFrame frame = ButtonFrameOf({0, 0, 10, 8}, true, true);
     EXPECT_EQ(Drawn(frame, 10, 8), (Picture{"##########", "#ssssssss#", "#s------s#", "#s-    -s#",
-                                            "#s-    -s#", "#s------s#", "#ssssssss#", "##########"}));
+                                            "#s-    -s#", "#s------s#", "#-sssssss#", "##########"}));
     EXPECT_EQ(frame.Inside, (PixelRect{3, 3, 7, 5}));
 }
 
