@@ -34,6 +34,18 @@ public:
         inputs_.push_back(input);
     }
 
+    void MoveMouse(POINT screen)
+    {
+        // Absolute positions count in 65536ths of the screen; half a pixel more hits the middle of the one
+        // meant.
+        const auto scaled = [](LONG pixel, int metric) {
+            const int extent = GetSystemMetrics(metric);
+            return static_cast<LONG>(((2LL * pixel + 1) * 65536) / (2LL * extent));
+        };
+        Mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, scaled(screen.x, SM_CXSCREEN),
+              scaled(screen.y, SM_CYSCREEN));
+    }
+
     void Mouse(DWORD flags, LONG x = 0, LONG y = 0)
     {
         INPUT input = {};
@@ -124,16 +136,25 @@ void SendCharacter(wchar_t character)
 
 void SendClick(POINT screen, MouseButton button)
 {
-    // Absolute positions count in 65536ths of the screen; half a pixel more hits the middle of the one meant.
-    const auto scaled = [](LONG pixel, int metric) {
-        const int extent = GetSystemMetrics(metric);
-        return static_cast<LONG>(((2LL * pixel + 1) * 65536) / (2LL * extent));
-    };
     InputSequence inputs;
-    inputs.Mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, scaled(screen.x, SM_CXSCREEN),
-                 scaled(screen.y, SM_CYSCREEN));
+    inputs.MoveMouse(screen);
     inputs.Mouse(button == MouseButton::Left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
     inputs.Mouse(button == MouseButton::Left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
+    inputs.Send();
+}
+
+void SendPress(POINT screen)
+{
+    InputSequence inputs;
+    inputs.MoveMouse(screen);
+    inputs.Mouse(MOUSEEVENTF_LEFTDOWN);
+    inputs.Send();
+}
+
+void SendRelease()
+{
+    InputSequence inputs;
+    inputs.Mouse(MOUSEEVENTF_LEFTUP);
     inputs.Send();
 }
 

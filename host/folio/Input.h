@@ -20,6 +20,9 @@ enum class MouseButton
     Right,
 };
 void SendClick(POINT screen, MouseButton button);
+// The left button, which stays down until it is released.
+void SendPress(POINT screen);
+void SendRelease();
 
 // As another program would that copies the text.
 void PutOnClipboard(std::wstring_view text);

@@ -47,10 +47,11 @@ BOOL CALLBACK CopyOpenList(HWND window, LPARAM parameter)
     return TRUE;
 }
 
-// What is on the screen now, once everything due is painted.
+// What is on the screen now, once everything due is painted. Nothing else is: a button that is held down
+// would come up in the picture.
 Bitmap CopyWindow(HWND window)
 {
-    RedrawWindow(window, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    RedrawWindow(window, nullptr, nullptr, RDW_ALLCHILDREN | RDW_UPDATENOW);
     const HDC source = GetWindowDC(window);
     // Where a window manager draws the frame instead of the system, the window has no pixels there.
     RECT drawn = {};

@@ -59,6 +59,7 @@ private:
     void AwaitKeyboard() const;
     void Press(const KeyChord& key) const;
     void Type(wchar_t character) const;
+    POINT Reachable(POINT screen) const; // the place itself, or a Failure
     void ClickAt(POINT screen, MouseButton button) const;
     void MoveFocus(const ScriptStep& step);
     void Click(const ScriptStep& step);

@@ -83,11 +83,16 @@ void ScriptPlayer::Type(wchar_t character) const
     Settle();
 }
 
-void ScriptPlayer::ClickAt(POINT screen, MouseButton button) const
+POINT ScriptPlayer::Reachable(POINT screen) const
 {
     if (!IsOwn(WindowFromPoint(screen)))
         throw Failure{"another program's window covers the place to click"};
-    SendClick(screen, button);
+    return screen;
+}
+
+void ScriptPlayer::ClickAt(POINT screen, MouseButton button) const
+{
+    SendClick(Reachable(screen), button);
 }
 
 ControlSite& ScriptPlayer::Site(const std::string& name) const
@@ -116,7 +121,11 @@ void ScriptPlayer::PlayStep(const ScriptStep& step)
     case ScriptVerb::Click:
     case ScriptVerb::RightClick:
     case ScriptVerb::DoubleClick:
+    case ScriptVerb::Press:
         return Click(step);
+    case ScriptVerb::Release:
+        SendRelease();
+        return Settle();
     case ScriptVerb::ExpectValue:
         return ExpectValue(step);
     case ScriptVerb::ExpectFocus:
@@ -218,7 +227,10 @@ void ScriptPlayer::Click(const ScriptStep& step)
 {
     POINT point = {};
     OnForm([&] { point = step.Part == ScriptPart::FormItem ? PointIn(step) : PointInFront(step); });
-    ClickAt(point, step.Verb == ScriptVerb::RightClick ? MouseButton::Right : MouseButton::Left);
+    if (step.Verb == ScriptVerb::Press)
+        SendPress(Reachable(point));
+    else
+        ClickAt(point, step.Verb == ScriptVerb::RightClick ? MouseButton::Right : MouseButton::Left);
     if (step.Verb == ScriptVerb::DoubleClick)
         ClickAt(point, MouseButton::Left);
     Settle();

@@ -277,6 +277,10 @@ void ReadStep(Line& line, ScriptStep& step)
         ReadClick(line, step, ScriptVerb::RightClick);
     else if (line.Take("doubleclick"))
         ReadClick(line, step, ScriptVerb::DoubleClick);
+    else if (line.Take("press"))
+        ReadClick(line, step, ScriptVerb::Press);
+    else if (line.Take("release"))
+        step.Verb = ScriptVerb::Release;
     else if (line.Take("expect"))
         ReadExpectation(line, step);
     else if (line.Take("answer"))

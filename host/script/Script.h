@@ -13,13 +13,15 @@ namespace kiv::host
 
 enum class ScriptVerb
 {
-    Focus,          // Item
-    Keys,           // Keys
-    Type,           // Text
-    Clipboard,      // Text
-    Click,          // Item, Spot; or Part, Text
-    RightClick,     // likewise
-    DoubleClick,    // likewise
+    Focus,       // Item
+    Keys,        // Keys
+    Type,        // Text
+    Clipboard,   // Text
+    Click,       // Item, Spot; or Part, Text
+    RightClick,  // likewise
+    DoubleClick, // likewise
+    Press,       // Item, Spot
+    Release,
     ExpectValue,    // Item.Member(Index) = Values[0]
     ExpectFocus,    // Item
     ExpectSelected, // Item

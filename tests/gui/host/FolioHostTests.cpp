@@ -329,6 +329,36 @@ TEST_F(FolioHost, SavesWhatWasDesigned)
     EXPECT_EQ(Read(saved), first);
 }
 
+// The picture's own stream, in the file and out of it again.
+TEST_F(FolioHost, KeepsAPicture)
+{
+    // Two pixels, magenta and white, of 24 bits.
+    const std::string picture =
+        "        BeginProperty Picture\n"
+        "            Data = \"6c7400003e000000424d3e000000000000003600000028000000020000000100"
+        "000001001800000000000800000000000000000000000000000000000000ff00ffffffff0000\"\n"
+        "        EndProperty\n";
+    const std::string form = "Begin Form page\n"
+                             "    ClientWidth = 3000\n"
+                             "    ClientHeight = 1500\n"
+                             "    Begin KivControls.PicLite picLogo\n"
+                             "        Left = 120\n"
+                             "        Top = 120\n"
+                             "        Width = 600\n"
+                             "        Height = 300\n" +
+                             picture +
+                             "    End\n"
+                             "End\n";
+    const TemporaryFile saved(L".form");
+    WriteForm(form);
+    WriteScript("set picLogo.MaskColor = 16711935\n");
+    const ProcessOutcome outcome = Play(L"--design --save " + Quoted(saved.Path()));
+    EXPECT_EQ(outcome.ExitCode, 0U) << outcome.Output;
+    const std::string kept = Read(saved);
+    EXPECT_NE(kept.find(picture), std::string::npos) << kept;
+    EXPECT_NE(kept.find("        MaskColor = 16711935\n"), std::string::npos) << kept;
+}
+
 TEST_F(FolioHost, KeepsAFontThatIsTheControlsOwn)
 {
     const TemporaryFile saved(L".form");

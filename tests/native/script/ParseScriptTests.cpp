@@ -145,6 +145,11 @@ TEST(ParseScript, ReadsWhereToClick)
     EXPECT_EQ(point.Spot.Where, ScriptSpot::Place::Point);
     EXPECT_EQ(point.Spot.X, 3);
     EXPECT_EQ(point.Spot.Y, -4);
+    const ScriptStep press = OnlyStep("press cmd right");
+    EXPECT_EQ(press.Verb, ScriptVerb::Press);
+    EXPECT_EQ(press.Item, "cmd");
+    EXPECT_EQ(press.Spot.Where, ScriptSpot::Place::Right);
+    EXPECT_EQ(OnlyStep("release").Verb, ScriptVerb::Release);
 }
 
 TEST(ParseScript, ReadsWhatIsInFrontOfTheForm)
