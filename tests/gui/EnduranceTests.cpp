@@ -1,5 +1,6 @@
 // Long loops: nothing is left behind, however often.
 
+#include "tests/gui/DrawingObjectsRunShort.h"
 #include "tests/gui/HostedTest.h"
 #include "tests/support/TestFont.h"
 
@@ -12,40 +13,6 @@ namespace kiv::test
 
 namespace
 {
-
-// Takes all drawing objects that a process can hold, some 65,000, but a few: a loop that leaves one at each
-// turn then fails soon.
-class DrawingObjectsRunShort
-{
-public:
-    static constexpr int Left = 1000;
-
-    DrawingObjectsRunShort()
-    {
-        while (const HPEN pen = CreatePen(PS_SOLID, 1, RGB(1, 2, 3)))
-            pens_.push_back(pen);
-        for (int i = 0; i < Left; ++i)
-            Free();
-    }
-    DrawingObjectsRunShort(const DrawingObjectsRunShort&) = delete;
-    DrawingObjectsRunShort& operator=(const DrawingObjectsRunShort&) = delete;
-    ~DrawingObjectsRunShort()
-    {
-        while (!pens_.empty())
-            Free();
-    }
-
-private:
-    void Free()
-    {
-        DeleteObject(pens_.back());
-        pens_.pop_back();
-    }
-
-    std::vector<HPEN> pens_;
-};
-
-constexpr int MoreThanDrawingObjects = 3 * DrawingObjectsRunShort::Left;
 
 DWORD Handles()
 {
@@ -60,12 +27,7 @@ protected:
     // The picture is right only while all that it takes can still be made.
     static void ExpectDrawingObjectsLeft(const HostedYesNo& control)
     {
-        std::vector<HPEN> pens;
-        for (int i = 0; i < DrawingObjectsRunShort::Left / 2; ++i)
-            pens.push_back(CreatePen(PS_SOLID, 1, RGB(1, 2, 3)));
-        EXPECT_NE(pens.back(), nullptr);
-        for (const HPEN pen : pens)
-            DeleteObject(pen);
+        DrawingObjectsRunShort::ExpectSomeLeft();
         EXPECT_EQ(control.FocusShown(), "Yes");
     }
 };
