@@ -1,6 +1,7 @@
 #include "bench/YesNoBench.h"
 
 #include "bench/BareSite.h"
+#include "bench/BareWindow.h"
 #include "bench/Bench.h"
 #include "runtime/com/Errors.h"
 #include "runtime/com/Variant.h"
@@ -20,80 +21,29 @@ namespace
 constexpr RECT Place = {10, 10, 130, 34};
 constexpr int ImageSize = 14;
 
-// The window that a control needs at least, and the picture that it shows, with nothing around them.
-class BareWindow
+// One background, two options of two copies each, two captions.
+void DrawOptions(HWND window, HDC dc)
 {
-public:
-    explicit BareWindow(HWND parent)
+    static const HBITMAP image = CreateBitmap(ImageSize, ImageSize, 1, 4, nullptr);
+    RECT whole = {};
+    GetClientRect(window, &whole);
+    FillRect(dc, &whole, GetSysColorBrush(COLOR_BTNFACE));
+    const HGDIOBJ oldFont = SelectObject(dc, GetStockObject(DEFAULT_GUI_FONT));
+    SetBkMode(dc, TRANSPARENT);
+    const HDC memory = CreateCompatibleDC(dc);
+    const HGDIOBJ oldBitmap = SelectObject(memory, image);
+    for (const DWORD operation : {SRCAND, SRCPAINT})
     {
-        static const ATOM windowClass = RegisterWindowClass();
-        window_ = CreateWindowExA(0, reinterpret_cast<const char*>(static_cast<UINT_PTR>(windowClass)), "",
-                                  WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, Place.left,
-                                  Place.top, Place.right - Place.left, Place.bottom - Place.top, parent,
-                                  nullptr, GetModuleHandleA(nullptr), nullptr);
-        if (!window_)
-            ThrowLastError();
+        for (const int x : {0, 80})
+            BitBlt(dc, x, 5, ImageSize, ImageSize, memory, 0, 0, operation);
     }
-    BareWindow(const BareWindow&) = delete;
-    BareWindow& operator=(const BareWindow&) = delete;
-    ~BareWindow() { DestroyWindow(window_); }
-
-    HWND Handle() const { return window_; }
-
-private:
-    static ATOM RegisterWindowClass()
-    {
-        WNDCLASSA description = {};
-        description.lpfnWndProc = &BareWindow::Procedure;
-        description.hInstance = GetModuleHandleA(nullptr);
-        description.lpszClassName = "KivBench.BareWindow";
-        return RegisterClassA(&description);
-    }
-
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
-    {
-        if (message == WM_ERASEBKGND)
-            return TRUE;
-        if (message != WM_PAINT)
-            return DefWindowProcA(window, message, wParam, lParam);
-        PAINTSTRUCT paint = {};
-        const HDC dc = BeginPaint(window, &paint);
-        Draw(window, dc);
-        EndPaint(window, &paint);
-        return 0;
-    }
-
-    // One background, two options of two copies each, two captions.
-    static void Draw(HWND window, HDC dc)
-    {
-        static const HBITMAP image = CreateBitmap(ImageSize, ImageSize, 1, 4, nullptr);
-        RECT whole = {};
-        GetClientRect(window, &whole);
-        FillRect(dc, &whole, GetSysColorBrush(COLOR_BTNFACE));
-        const HGDIOBJ oldFont = SelectObject(dc, GetStockObject(DEFAULT_GUI_FONT));
-        SetBkMode(dc, TRANSPARENT);
-        const HDC memory = CreateCompatibleDC(dc);
-        const HGDIOBJ oldBitmap = SelectObject(memory, image);
-        for (const DWORD operation : {SRCAND, SRCPAINT})
-        {
-            for (const int x : {0, 80})
-                BitBlt(dc, x, 5, ImageSize, ImageSize, memory, 0, 0, operation);
-        }
-        SelectObject(memory, oldBitmap);
-        DeleteDC(memory);
-        RECT yes = {0, 0, 40, whole.bottom};
-        RECT no = {80, 0, whole.right, whole.bottom};
-        DrawTextA(dc, "Yes", -1, &yes, DT_RIGHT | DT_VCENTER | DT_SINGLELINE);
-        DrawTextA(dc, "No", -1, &no, DT_RIGHT | DT_VCENTER | DT_SINGLELINE);
-        SelectObject(dc, oldFont);
-    }
-
-    HWND window_ = nullptr;
-};
-
-void Repaint(HWND window)
-{
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    SelectObject(memory, oldBitmap);
+    DeleteDC(memory);
+    RECT yes = {0, 0, 40, whole.bottom};
+    RECT no = {80, 0, whole.right, whole.bottom};
+    DrawTextA(dc, "Yes", -1, &yes, DT_RIGHT | DT_VCENTER | DT_SINGLELINE);
+    DrawTextA(dc, "No", -1, &no, DT_RIGHT | DT_VCENTER | DT_SINGLELINE);
+    SelectObject(dc, oldFont);
 }
 
 void RunLifeRow(IClassFactory* factory, HWND parent)
@@ -101,14 +51,14 @@ void RunLifeRow(IClassFactory* factory, HWND parent)
     constexpr int count = 1000;
     const Pair times = MeasurePair(
         count / 4, [&] { const HostedControl control(factory, parent, Place); },
-        [&] { const BareWindow window(parent); });
+        [&] { const BareWindow window(parent, Place, &DrawOptions); });
     Print({"YesNo: create, activate and destroy", times.Library, times.Bare, 3.0});
 }
 
 void RunRepaintRow(IClassFactory* factory, HWND parent)
 {
     const HostedControl control(factory, parent, Place);
-    const BareWindow window(parent);
+    const BareWindow window(parent, Place, &DrawOptions);
     const HWND controlWindow = control.Window();
     const Pair times = MeasurePair(
         2000, [&] { Repaint(controlWindow); }, [&] { Repaint(window.Handle()); });

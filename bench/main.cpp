@@ -3,6 +3,7 @@
 #include "bench/ChkComboBench.h"
 #include "bench/NumberBoxBench.h"
 #include "bench/NumbersBench.h"
+#include "bench/PicBench.h"
 #include "bench/RulesBench.h"
 #include "bench/YesNoBench.h"
 #include "runtime/com/Errors.h"
@@ -37,6 +38,8 @@ void Run()
     kiv::bench::PrintHeading();
     kiv::bench::RunYesNoRows(FactoryOf(CLSID_YesNo).Get(), parent);
     kiv::bench::RunChkComboRows(FactoryOf(CLSID_ChkCombo).Get(), parent);
+    kiv::bench::RunPicCommandRows(FactoryOf(CLSID_PicCommand).Get(), parent);
+    kiv::bench::RunPicLiteRows(FactoryOf(CLSID_PicLite).Get());
     kiv::bench::RunNumberBoxRows(FactoryOf(CLSID_NumberBox).Get(), parent);
     kiv::bench::RunAmountRows(FactoryOf(CLSID_CurrencyBox).Get(), FactoryOf(CLSID_PercentBox).Get(), parent);
     kiv::bench::RunRulesRows();
