@@ -1,6 +1,7 @@
 // AtlAxWin, the plain container window of the system's own atl.dll: it gives a control a window, and that is
 // nearly all.
 
+#include "tests/support/EventRecorder.h"
 #include "tests/support/HostWindow.h"
 #include "tests/support/Input.h"
 #include "tests/support/LibraryTest.h"
@@ -8,6 +9,8 @@
 
 #include "runtime/com/Errors.h"
 #include "runtime/com/Variant.h"
+
+#include <olectl.h>
 
 using Microsoft::WRL::ComPtr;
 
@@ -310,6 +313,64 @@ TEST_F(AtlAxWinTest, LetsTheUserPickAnItem)
         EXPECT_EQ(SendMessageW(box, CB_GETDROPPEDSTATE, 0, 0), 0);
         EXPECT_EQ(Hr(control->get_Text(text.Receive())), Hr(S_OK));
         EXPECT_EQ(text.View(), L"1040");
+    }
+    DestroyWindow(container);
+}
+
+// A click of the real button inside, and what a plain container makes of Enter.
+TEST_F(AtlAxWinTest, LetsTheUserPressAButton)
+{
+    const HWND container = CreateContainer(L"KivControls.PicCommand");
+    ASSERT_NE(container, nullptr);
+    {
+        const ComPtr<_PicCommand> control = ControlIn<_PicCommand>(container);
+        const HWND button = GetWindow(WindowOf(control.Get()), GW_CHILD);
+        EXPECT_TRUE(IsWindowVisible(button));
+        const auto clicks = MakeCom<EventRecorder>(DIID___PicCommand);
+        const Connection connection(control.Get(), DIID___PicCommand, clicks.Get());
+        SetForegroundWindow(host_.Handle());
+        SetFocus(button);
+        ASSERT_EQ(GetFocus(), button);
+        TapKey(VK_SPACE);
+        HandleInput();
+        EXPECT_EQ(clicks->TakeEvents().size(), 1U);
+        TapKey(VK_RETURN);
+        HandleInput();
+        EXPECT_EQ(clicks->TakeEvents().size(), 1U);
+        POINT middle = {60, 10};
+        ClientToScreen(button, &middle);
+        PointAt(middle);
+        PressButton(MouseButton::Left);
+        ReleaseButton(MouseButton::Left);
+        HandleInput();
+        EXPECT_EQ(clicks->TakeEvents().size(), 1U);
+    }
+    DestroyWindow(container);
+}
+
+TEST_F(AtlAxWinTest, ShowsARecolouredPicture)
+{
+    const HWND container = CreateContainer(L"KivControls.PicLite");
+    ASSERT_NE(container, nullptr);
+    {
+        const ComPtr<_PicLite> control = ControlIn<_PicLite>(container);
+        PICTDESC description = {};
+        description.cbSizeofstruct = sizeof description;
+        description.picType = PICTYPE_BITMAP;
+        const HDC screen = GetDC(nullptr);
+        description.bmp.hbitmap = CreateCompatibleBitmap(screen, 8, 8);
+        ReleaseDC(nullptr, screen);
+        ComPtr<IPictureDisp> picture;
+        Check(OleCreatePictureIndirect(&description, __uuidof(IPictureDisp), TRUE,
+                                       reinterpret_cast<void**>(picture.GetAddressOf())));
+        OLE_COLOR red = RGB(255, 0, 0);
+        EXPECT_EQ(Hr(control->put_ReplaceColor(&red)), Hr(S_OK));
+        EXPECT_EQ(Hr(control->putref_Picture(picture.Get())), Hr(S_OK));
+        const HWND window = GetWindow(container, GW_CHILD);
+        ASSERT_NE(window, nullptr);
+        const HDC dc = GetDC(window);
+        EXPECT_EQ(GetPixel(dc, 4, 4), red) << "a new bitmap is black, and so is the mask";
+        ReleaseDC(window, dc);
     }
     DestroyWindow(container);
 }

@@ -199,8 +199,7 @@ BitmapFacts FactsOf(HBITMAP bitmap)
         facts.Masks.assign(std::begin(section.dsBitfields), std::end(section.dsBitfields));
     if (facts.IsSection && facts.BitsPerPixel <= 8)
     {
-        const MemoryDc dc(nullptr);
-        const Selection selected(dc.Get(), bitmap);
+        const BitmapDc dc(bitmap);
         RGBQUAD table[256] = {};
         const UINT count = GetDIBColorTable(dc.Get(), 0, 256, table);
         for (UINT at = 0; at < count; ++at)
@@ -241,11 +240,9 @@ GdiObject<HBITMAP> ExchangedPixelByPixel(HBITMAP source, COLORREF mask, COLORREF
 {
     BITMAP header = {};
     GetObjectA(source, sizeof header, &header);
-    const MemoryDc from(nullptr);
-    const Selection selectedSource(from.Get(), source);
-    const MemoryDc to(nullptr);
+    const BitmapDc from(source);
     GdiObject<HBITMAP> result(CreateCompatibleBitmap(from.Get(), header.bmWidth, header.bmHeight));
-    const Selection selectedResult(to.Get(), result.Get());
+    const BitmapDc to(result.Get());
     BitBlt(to.Get(), 0, 0, header.bmWidth, header.bmHeight, from.Get(), 0, 0, SRCCOPY);
     for (int y = 0; y < header.bmHeight; ++y)
         for (int x = 0; x < header.bmWidth; ++x)
@@ -256,8 +253,7 @@ GdiObject<HBITMAP> ExchangedPixelByPixel(HBITMAP source, COLORREF mask, COLORREF
 
 COLORREF ColorAt(HBITMAP bitmap, int x, int y)
 {
-    const MemoryDc dc(nullptr);
-    const Selection selected(dc.Get(), bitmap);
+    const BitmapDc dc(bitmap);
     return GetPixel(dc.Get(), x, y);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/forms/Gdi.h"
+#include "tests/support/Drawing.h"
 
 #include <ocidl.h>
 #include <wrl/client.h>

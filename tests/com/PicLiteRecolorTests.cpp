@@ -146,8 +146,7 @@ TEST_F(PicLiteRecolorTest, ResolvesSystemColours)
     GdiObject<HBITMAP> bitmap(CreateCompatibleBitmap(screen, 1, 1));
     ReleaseDC(nullptr, screen);
     {
-        const MemoryDc dc(nullptr);
-        const Selection selected(dc.Get(), bitmap.Get());
+        const BitmapDc dc(bitmap.Get());
         SetPixel(dc.Get(), 0, 0, formerFace);
     }
     const auto exchanged =
@@ -193,8 +192,8 @@ TEST_F(PicLiteRecolorTest, GivesNothingForADevicesBitmapOfAForeignDepth)
         SCOPED_TRACE(depth);
         GdiObject<HBITMAP> bitmap(CreateBitmap(4, 4, 1, depth, nullptr));
         {
-            const MemoryDc dc(nullptr);
-            ASSERT_EQ(SelectObject(dc.Get(), bitmap.Get()), nullptr) << "this system takes it";
+            const BitmapDc dc(bitmap.Get());
+            ASSERT_FALSE(dc.Holds()) << "this system takes it";
         }
         EXPECT_EQ(ResultOf(picture.Get(), std::move(bitmap), 0, 255).Get(), nullptr);
     }
@@ -208,8 +207,7 @@ TEST_F(PicLiteRecolorTest, GivesNothingForABitmapThatIsInUse)
     control.InitNew();
     std::mt19937 random(7);
     const ComPtr<IPictureDisp> source = PictureOf(RandomBitmap(BitmapFormats()[9], {4, 4}, random));
-    const MemoryDc dc(nullptr);
-    const Selection selected(dc.Get(), BitmapIn(source.Get()));
+    const BitmapDc dc(BitmapIn(source.Get()));
     const auto picture = control.Query<_PicLite>();
     EXPECT_EQ(Hr(picture->putref_Picture(source.Get())), Hr(S_OK));
     ComPtr<IPictureDisp> result;

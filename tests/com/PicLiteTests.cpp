@@ -46,8 +46,7 @@ ComPtr<IPictureDisp> RedPicture(SIZE size = {7, 5})
     GdiObject<HBITMAP> bitmap(CreateCompatibleBitmap(screen, size.cx, size.cy));
     ReleaseDC(nullptr, screen);
     {
-        const MemoryDc dc(nullptr);
-        const Selection selected(dc.Get(), bitmap.Get());
+        const BitmapDc dc(bitmap.Get());
         const GdiObject<HBRUSH> brush(CreateSolidBrush(Red));
         const RECT whole = {0, 0, size.cx, size.cy};
         FillRect(dc.Get(), &whole, brush.Get());

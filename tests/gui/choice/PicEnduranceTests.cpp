@@ -5,7 +5,6 @@
 #include "tests/gui/choice/HostedButton.h"
 
 #include "runtime/com/Errors.h"
-#include "runtime/forms/Gdi.h"
 
 #include <KivControls.h>
 #include <olectl.h>

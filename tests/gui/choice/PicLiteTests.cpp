@@ -1,11 +1,11 @@
 // A PicLite on a form: what shows of its picture, and the caption that it gives all message boxes.
 
 #include "tests/gui/HostedTest.h"
+#include "tests/support/Drawing.h"
 #include "tests/support/MessageBoxWatcher.h"
 #include "tests/support/Pixels.h"
 
 #include "runtime/com/Errors.h"
-#include "runtime/forms/Gdi.h"
 
 #include <KivControls.h>
 #include <olectl.h>
@@ -32,8 +32,7 @@ ComPtr<IPictureDisp> TwoColours(int width, int height)
     description.bmp.hbitmap = CreateCompatibleBitmap(screen, width, height);
     ReleaseDC(nullptr, screen);
     {
-        const MemoryDc dc(nullptr);
-        const Selection selected(dc.Get(), description.bmp.hbitmap);
+        const BitmapDc dc(description.bmp.hbitmap);
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x)
                 SetPixel(dc.Get(), x, y, y < height / 2 ? Red : Green);
