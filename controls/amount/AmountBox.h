@@ -118,6 +118,12 @@ protected:
         KeyAscii = filtered.KeyAscii;
         if (filtered.Box.Text == typedInto.Text)
             return;
+        // The box itself deletes with the least to draw.
+        if (filtered.Box == WithoutSelection(typedInto))
+        {
+            txtLeft.SelText(L"");
+            return;
+        }
         txtLeft.Text(filtered.Box.Text);
         // The host may have answered the change by another text, which then stands.
         if (txtLeft.Text() == filtered.Box.Text)
@@ -211,6 +217,13 @@ protected:
     Label lblRight{this->TheSurface(), Label::Alignment::Right};
 
 private:
+    static BoxState WithoutSelection(BoxState box)
+    {
+        box.Text.erase(static_cast<std::size_t>(box.SelStart), static_cast<std::size_t>(box.SelLength));
+        box.SelLength = 0;
+        return box;
+    }
+
     static int PixelsX(double twips) { return TwipsToPixels(twips, Screen::TwipsPerPixelX()); }
     static int PixelsY(double twips) { return TwipsToPixels(twips, Screen::TwipsPerPixelY()); }
 

@@ -90,6 +90,11 @@ std::wstring TextBox::SelText() const
     return Text().substr(static_cast<std::size_t>(selected.Start), static_cast<std::size_t>(selected.Length));
 }
 
+void TextBox::SelText(std::wstring_view text)
+{
+    Ask(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(Ansi(text).c_str()));
+}
+
 int TextBox::Length() const
 {
     return static_cast<int>(Ask(WM_GETTEXTLENGTH));

@@ -46,6 +46,8 @@ public:
     void Select(int start, int length);
     void SelectAll() { Select(0, Length()); }
     std::wstring SelText() const;
+    // Puts a text in the place of the selection, the caret behind it. Raises OnChange.
+    void SelText(std::wstring_view text);
     int Length() const;
 
     // The most characters that can be typed; 0 for no limit.
