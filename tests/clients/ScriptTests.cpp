@@ -112,7 +112,7 @@ INSTANTIATE_TEST_SUITE_P(
         Script{"pic_lite.vbs",
                {"class _PicLite", "new True True 0 0", "colours FF 8000000F 8000000F", "nothing True",
                 "title set", "words for a colour 13", "a read-only property 438",
-                "a control for a picture 13"}},
+                "a control for a picture True"}},
         Script{"properties.js",
                {"default 0 number", "null true", "yes Y", "no 2", "neither 0", "renamed 2", "enabled false",
                 "words refused 2"}}),
