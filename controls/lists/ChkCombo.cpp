@@ -288,7 +288,11 @@ void ChkCombo::Insert(std::wstring_view Item, short Index)
         throw ComError(Overflow);
     const auto inserted = static_cast<short>(combo_.Insert(Ansi(Item), Index));
     list_.Inserted(inserted);
-    FollowShift(AfterInsertion(HScroll1.Value(), inserted));
+    const short selected = AfterInsertion(HScroll1.Value(), inserted);
+    if (selected == HScroll1.Value())
+        MoveSelection(selected); // behind it: there is more to reach
+    else
+        FollowShift(selected);
 }
 
 HRESULT ChkCombo::RemoveItem(short Index) noexcept

@@ -18,8 +18,16 @@ HostedCombo ChkComboTest::ShownCombo(const std::vector<long>& statuses)
     ShowForm();
     combo.Site().Focus();
     Settle();
+    WaitForTheNextHandOver();
     combo.TakeEvents();
     return combo;
+}
+
+void ChkComboTest::WaitForTheNextHandOver()
+{
+    const DWORD start = GetTickCount();
+    while (GetTickCount() - start <= 20)
+        Sleep(1);
 }
 
 void ChkComboTest::ClickAt(POINT place)

@@ -22,6 +22,8 @@ protected:
     // On a form that is shown, with the focus.
     HostedCombo ShownCombo(const std::vector<long>& statuses = {});
 
+    // Until the control hands the focus on again, which it does once in ten milliseconds.
+    static void WaitForTheNextHandOver();
     // A click of the left button on a place of the screen, and what follows from it.
     void ClickAt(POINT place);
     // Three items with Blank, Partial and Complete.

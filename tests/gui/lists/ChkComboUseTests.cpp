@@ -1,6 +1,7 @@
 // A ChkCombo answered by keys and mouse, and the order in which its host hears of it.
 
 #include "tests/gui/lists/ChkComboTest.h"
+#include "tests/support/KnownPlatformGap.h"
 #include "tests/support/NamedRow.h"
 
 namespace kiv::test
@@ -236,6 +237,20 @@ TEST_F(ChkComboMouse, OpensAgainAtAQuickSecondClick)
     ClickAt(combo.Middle());
     EXPECT_TRUE(combo.IsOpen());
     combo.Open(false);
+}
+
+// Why the control hands the second of two quick clicks on as one of its own.
+TEST_F(ChkComboMouse, IsHelpedWithQuickClicks)
+{
+    ShowForm();
+    const HWND bare = CreateWindowExA(0, "COMBOBOX", "", WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, 20, 60,
+                                      140, 80, TheForm().Window(), nullptr, nullptr, nullptr);
+    ASSERT_NE(bare, nullptr);
+    SendMessageA(bare, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(10, 10));
+    SendMessageA(bare, WM_LBUTTONUP, 0, MAKELPARAM(10, 10));
+    KnownPlatformGap("a combo box opens at the second of two quick clicks",
+                     [bare] { return SendMessageA(bare, CB_GETDROPPEDSTATE, 0, 0) != 0; });
+    DestroyWindow(bare);
 }
 
 TEST_F(ChkComboMouse, LeavesWithTheFocus)

@@ -69,13 +69,6 @@ private:
     std::vector<SIZE> sizes_;
 };
 
-void WaitForTheNextHandOver()
-{
-    const DWORD start = GetTickCount();
-    while (GetTickCount() - start <= 20)
-        Sleep(1);
-}
-
 TEST_F(ChkComboFocus, IsHeldByAScrollBarThatNobodySees)
 {
     HostedCombo combo = ShownCombo(OneOfEach());
@@ -107,19 +100,28 @@ TEST_F(ChkComboFocus, ArrivingTwiceAtOnceIsHandedOnOnce)
     AddElsewhere();
     HostedCombo combo = AddCombo(OneOfEach());
     ShowForm();
-    WaitForTheNextHandOver();
-    const MessageWatch handedOn(combo.Window(), WM_SETFOCUS);
-    // The two have to arrive within ten milliseconds.
-    const DWORD start = GetTickCount();
     SendMessageA(combo.Combo(), WM_SETFOCUS, 0, 0);
-    SendMessageA(combo.Combo(), WM_SETFOCUS, 0, 0);
-    if (GetTickCount() - start > 10)
-        GTEST_SKIP() << "the machine is too busy for this";
-    EXPECT_EQ(handedOn.Seen(), 1);
     TheForm().PumpPending();
+    // The two have to arrive within ten milliseconds, which a busy machine does not always manage.
+    bool inTime = false;
+    for (int attempt = 0; attempt < 100 && !inTime; ++attempt)
+    {
+        WaitForTheNextHandOver();
+        const MessageWatch handedOn(combo.Window(), WM_SETFOCUS);
+        const DWORD start = GetTickCount();
+        SendMessageA(combo.Combo(), WM_SETFOCUS, 0, 0);
+        SendMessageA(combo.Combo(), WM_SETFOCUS, 0, 0);
+        inTime = GetTickCount() - start <= 10;
+        if (inTime)
+        {
+            EXPECT_EQ(handedOn.Seen(), 1);
+        }
+    }
+    EXPECT_TRUE(inTime);
+    const MessageWatch handedOn(combo.Window(), WM_SETFOCUS);
     WaitForTheNextHandOver();
     SendMessageA(combo.Combo(), WM_SETFOCUS, 0, 0);
-    EXPECT_EQ(handedOn.Seen(), 2);
+    EXPECT_EQ(handedOn.Seen(), 1);
 }
 
 // However the control's windows tell each other, the host hears of it once.
@@ -369,8 +371,9 @@ TEST_P(ChkComboBlow, InDropDownByAKeyIsSurvived)
 
 TEST_P(ChkComboBlow, InDropDownByTheMouseIsSurvived)
 {
-    ExpectSurvival(L"DropDown", [](HostedCombo& combo) {
+    ExpectSurvival(L"DropDown", [this](HostedCombo& combo) {
         PointAt(combo.Middle());
+        Settle();
         PressButton(MouseButton::Left);
         ReleaseButton(MouseButton::Left);
     });
