@@ -1,6 +1,7 @@
 #include "bench/AmountBench.h"
 #include "bench/Bench.h"
 #include "bench/ChkComboBench.h"
+#include "bench/EnumListBench.h"
 #include "bench/NumberBoxBench.h"
 #include "bench/NumbersBench.h"
 #include "bench/PicBench.h"
@@ -42,6 +43,7 @@ void Run()
     kiv::bench::RunPicLiteRows(FactoryOf(CLSID_PicLite).Get());
     kiv::bench::RunNumberBoxRows(FactoryOf(CLSID_NumberBox).Get(), parent);
     kiv::bench::RunAmountRows(FactoryOf(CLSID_CurrencyBox).Get(), FactoryOf(CLSID_PercentBox).Get(), parent);
+    kiv::bench::RunEnumListRows(FactoryOf(CLSID_EnumList).Get(), parent);
     kiv::bench::RunRulesRows();
     kiv::bench::RunNumbersRows();
     DestroyWindow(parent);

@@ -31,6 +31,9 @@ constexpr double FontSize = 8.25;
 constexpr int TextTabStop = 45;
 constexpr int HiddenTabStop = 1000;
 
+// So many characters are wider than any width that is kept.
+constexpr std::size_t LongestMeasured = 4096;
+
 constexpr wchar_t NoneItem[] = L"(none)\t";
 
 } // namespace
@@ -200,7 +203,7 @@ void frmEnums::Fill(EnumRecordset& rows, int filling)
         const int first = list.ListCount();
         for (const std::wstring_view line : DescriptionLines(description))
         {
-            MaxTextWidth = WidestLine(MaxTextWidth, TheSurface().TextWidth(line));
+            MaxTextWidth = WidestLine(MaxTextWidth, TheSurface().TextWidth(line.substr(0, LongestMeasured)));
             const bool isFirst = list.ListCount() == first;
             const int item = list.AddItem(ItemText(ShowCodes, isFirst ? code : std::wstring(), line));
             list.ItemData(item, first);

@@ -7,6 +7,14 @@
 namespace kiv
 {
 
+namespace
+{
+
+// The system measures and draws an item's whole text each time, of which no screen shows more than this.
+constexpr std::size_t LongestShown = 4096;
+
+} // namespace
+
 // The list ends where its place does, with part of an item if need be.
 ListBox::ListBox(ConstituentOwner& owner, HWND parent) :
     Constituent(owner, parent, "LISTBOX",
@@ -18,7 +26,8 @@ ListBox::ListBox(ConstituentOwner& owner, HWND parent) :
 
 int ListBox::AddItem(std::wstring_view text)
 {
-    const LRESULT index = Ask(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Ansi(text).c_str()));
+    const LRESULT index =
+        Ask(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Ansi(text.substr(0, LongestShown)).c_str()));
     if (index < 0)
         throw std::bad_alloc();
     texts_.emplace_back(text);

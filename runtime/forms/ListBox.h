@@ -25,7 +25,8 @@ public:
     int AddItem(std::wstring_view text);
     void Clear();
     int ListCount() const { return static_cast<int>(texts_.size()); }
-    // The item's text as it was added; the window shows what the ANSI code page has of it.
+    // The item's text as it was added. The window has its beginning, as far as any screen could show it, in
+    // the ANSI code page.
     const std::wstring& List(int index) const { return texts_[static_cast<std::size_t>(index)]; }
     int ItemData(int index) const;
     void ItemData(int index, int data);

@@ -474,6 +474,44 @@ TEST_F(EnumListTest, ALoadThatFailsLeavesANewOne)
     EXPECT_EQ(Control().Property(L"BackColor").Long(), static_cast<long>(0x80000005));
 }
 
+// --- The picker ---
+
+// Leaves the picker as soon as it is shown.
+void CALLBACK LeavePicker(HWND, UINT, UINT_PTR, DWORD)
+{
+    const HWND picker = FindWindowW(L"KivControls.Form", nullptr);
+    if (picker && IsWindowVisible(picker))
+        SendMessageW(picker, WM_CLOSE, 0, 0);
+}
+
+TEST_F(EnumListTest, TellsTheContainerWhileItsPickerIsShown)
+{
+    RecordingSite& site = Control().Site();
+    site.Log().AllowAll();
+    const RECT place = site.Position();
+    ASSERT_EQ(Hr(Control().Query<IOleObject>()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, nullptr, 0,
+                                                       site.Window().Handle(), &place)),
+              Hr(S_OK));
+    HWND window = nullptr;
+    Check(Control().Query<IOleInPlaceObject>()->GetWindow(&window));
+    std::vector<bool> enabled;
+    std::vector<std::string> modeless;
+    site.Log().OnCall([&](const std::string& call) {
+        if (!call.ends_with("EnableModeless"))
+            return;
+        modeless.push_back(call);
+        enabled.push_back(IsWindowEnabled(site.Window().Handle()) != FALSE);
+    });
+    const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, LeavePicker);
+    SendMessageW(FindWindowExW(window, nullptr, L"Button", nullptr), BM_CLICK, 0, 0);
+    KillTimer(nullptr, timer);
+    site.Log().OnCall({});
+    EXPECT_EQ(modeless.size(), 2U);
+    EXPECT_EQ(enabled, (std::vector<bool>{true, false})) << "before the picker comes, and before it goes";
+    EXPECT_TRUE(IsWindowEnabled(site.Window().Handle()));
+    EXPECT_EQ(Database().Queries().size(), 1U);
+}
+
 // --- Size ---
 
 long HeightOf(const MaskedControl& control)

@@ -121,10 +121,11 @@ std::vector<std::wstring> Picker::Items() const
     const auto count = static_cast<std::size_t>(SendMessageW(List(), LB_GETCOUNT, 0, 0));
     for (std::size_t i = 0; i < count; ++i)
     {
-        std::wstring text(static_cast<std::size_t>(SendMessageW(List(), LB_GETTEXTLEN, i, 0)) + 1, L'\0');
+        // Not in Unicode, in which Wine hands a list of ANSI texts no more room than 512 characters.
+        std::string text(static_cast<std::size_t>(SendMessageA(List(), LB_GETTEXTLEN, i, 0)) + 1, '\0');
         text.resize(static_cast<std::size_t>(
-            SendMessageW(List(), LB_GETTEXT, i, reinterpret_cast<LPARAM>(text.data()))));
-        items.push_back(text);
+            SendMessageA(List(), LB_GETTEXT, i, reinterpret_cast<LPARAM>(text.data()))));
+        items.emplace_back(text.begin(), text.end());
     }
     return items;
 }
@@ -191,11 +192,22 @@ void Picker::Key(WORD key, std::initializer_list<WORD> held)
     Settle();
 }
 
+// A window that has just come may still move the pointer about when it learns where it is.
+void Picker::Point(POINT place)
+{
+    EXPECT_TRUE(WaitUntil([&] {
+        PointAt(place);
+        Settle();
+        POINT now = {};
+        GetCursorPos(&now);
+        return now.x == place.x && now.y == place.y;
+    }));
+}
+
 void Picker::Click(HWND part, POINT place)
 {
     ClientToScreen(part, &place);
-    PointAt(place);
-    Settle();
+    Point(place);
     PressButton(MouseButton::Left);
     ReleaseButton(MouseButton::Left);
     Settle();
@@ -224,8 +236,7 @@ void Picker::DoubleClickItem(int item)
 {
     POINT place = MiddleOfItem(item);
     ClientToScreen(List(), &place);
-    PointAt(place);
-    Settle();
+    Point(place);
     for (int i = 0; i < 2; ++i)
     {
         PressButton(MouseButton::Left);

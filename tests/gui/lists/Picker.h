@@ -57,6 +57,7 @@ public:
 
 private:
     POINT MiddleOfItem(int item) const;
+    void Point(POINT place);
 
     DWORD thread_;
     HWND window_ = nullptr;
