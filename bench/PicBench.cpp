@@ -9,6 +9,7 @@
 #include <KivControls.h>
 #include <olectl.h>
 
+#include <cstdio>
 #include <cstring>
 #include <vector>
 
@@ -148,8 +149,11 @@ void RunRecolorRows(_PicLite* control, HBITMAP bitmap, const void* bits)
     };
     const double byLibrary = Measure(10, recolor);
     const double byPixel = Measure(1, [&] { ExchangePixelByPixel(bitmap, 1); });
-    // At least fifty times as fast: at most a fiftieth of the time.
-    Print({"PicLite: 1024x1024, 24 bits, against pixel by pixel", byLibrary, byPixel, 1.0 / 50});
+    constexpr double goal = 50;
+    const double timesAsFast = byPixel / byLibrary;
+    std::printf("%-52s %9.2f us, pixel by pixel %.2f us: %.0f times as fast, at least %.0f wanted: %s\n",
+                "PicLite: 1024x1024, 24 bits", byLibrary, byPixel, timesAsFast, goal,
+                timesAsFast >= goal ? "met" : "missed");
 
     const std::size_t size = std::size_t{3} * Side * Side;
     std::vector<unsigned char> copy(size);
