@@ -1,16 +1,22 @@
 // AtlAxWin, the plain container window of the system's own atl.dll: it gives a control a window, and that is
 // nearly all.
 
+#include "tests/support/EnumDatabase.h"
 #include "tests/support/EventRecorder.h"
 #include "tests/support/HostWindow.h"
 #include "tests/support/Input.h"
 #include "tests/support/LibraryTest.h"
+#include "tests/support/Picker.h"
 #include "tests/support/Text.h"
+#include "tests/support/Thread.h"
 
 #include "runtime/com/Errors.h"
 #include "runtime/com/Variant.h"
 
 #include <olectl.h>
+
+#include <atomic>
+#include <functional>
 
 using Microsoft::WRL::ComPtr;
 
@@ -57,17 +63,39 @@ private:
     HMODULE module_;
 };
 
-// Until all input sent so far has been handled, for ten seconds at the most.
-void HandleInput()
+// Handles messages until the condition holds; false when it does not within the limit.
+bool PumpUntil(const std::function<bool()>& condition, ULONGLONG limitMilliseconds)
 {
-    const InputMark mark;
-    const ULONGLONG end = GetTickCount64() + 10000;
-    while (!mark.Arrived() && GetTickCount64() < end)
+    const ULONGLONG end = GetTickCount64() + limitMilliseconds;
+    while (!condition() && GetTickCount64() < end)
     {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
         DrainMessages();
     }
-    EXPECT_TRUE(mark.Arrived());
+    return condition();
+}
+
+// Until all input sent so far has been handled.
+void HandleInput()
+{
+    const InputMark mark;
+    EXPECT_TRUE(PumpUntil([&mark] { return mark.Arrived(); }, 10000));
+}
+
+// Opens the picker of codes by input that open sends, and lets a user at another thread answer it.
+void Pick(const std::function<void()>& open, const std::function<void(Picker&)>& user)
+{
+    std::atomic<bool> done = false;
+    const Thread thread([&, picking = GetCurrentThreadId()] {
+        Picker picker(picking);
+        if (picker.WaitUntilShown())
+            user(picker);
+        picker.CloseIfShown();
+        done = true;
+    });
+    open();
+    EXPECT_TRUE(PumpUntil([&done] { return done.load(); }, 30000));
+    HandleInput();
 }
 
 class AtlAxWinTest : public LibraryTest
@@ -348,6 +376,69 @@ TEST_F(AtlAxWinTest, LetsTheUserPressAButton)
     DestroyWindow(container);
 }
 
+// The picker is modal to a container that knows nothing of it: by key and by mouse, given up and taken.
+TEST_F(AtlAxWinTest, LetsTheUserPickACode)
+{
+    const EnumDatabase database(SampleEnumRows());
+    const HWND container = CreateContainer(L"KivControls.EnumList");
+    ASSERT_NE(container, nullptr);
+    {
+        const ComPtr<_EnumList> control = ControlIn<_EnumList>(container);
+        EXPECT_EQ(Hr(control->putref_Database(database.Get())), Hr(S_OK));
+        EXPECT_EQ(Hr(control->put_StateCode(Bstr(L"MA").Get())), Hr(S_OK));
+        EXPECT_EQ(Hr(control->put_TableName(Bstr(L"Single").Get())), Hr(S_OK));
+        EXPECT_EQ(Hr(control->put_EnumListTitle(Bstr(L"Fruit").Get())), Hr(S_OK));
+        EXPECT_EQ(Hr(control->put_DisplayStyle(Description)), Hr(S_OK));
+        EXPECT_EQ(Hr(control->put_EnumCode(Bstr(L"7").Get())), Hr(S_OK));
+        Bstr text;
+        EXPECT_EQ(Hr(control->get_EnumText(text.Receive())), Hr(S_OK));
+        EXPECT_EQ(text.View(), L"Pears");
+
+        const auto choices = MakeCom<EventRecorder>(DIID___EnumList);
+        const Connection connection(control.Get(), DIID___EnumList, choices.Get());
+        const HWND button = FindWindowExW(GetWindow(container, GW_CHILD), nullptr, L"Button", nullptr);
+        EXPECT_TRUE(IsWindowVisible(button));
+        SetForegroundWindow(host_.Handle());
+        SetFocus(button);
+        ASSERT_EQ(GetFocus(), button);
+        const auto giveUp = [this](Picker& picker) {
+            EXPECT_EQ(WindowText(picker.Window()), L"Fruit");
+            EXPECT_FALSE(IsWindowEnabled(host_.Handle()));
+            picker.Key(VK_UP);
+            TapKey(VK_ESCAPE);
+            picker.WaitUntilGone();
+        };
+        const auto click = [button] {
+            POINT place = {5, 5};
+            ClientToScreen(button, &place);
+            PointAt(place);
+            PressButton(MouseButton::Left);
+            ReleaseButton(MouseButton::Left);
+        };
+        for (const std::function<void()>& open :
+             {std::function<void()>([] { TapKey(VK_SPACE); }), std::function<void()>(click)})
+        {
+            Pick(open, giveUp);
+            EXPECT_TRUE(IsWindowEnabled(host_.Handle()));
+            EXPECT_EQ(GetFocus(), button) << "the focus comes back";
+            EXPECT_EQ(Hr(control->get_EnumCode(text.Receive())), Hr(S_OK));
+            EXPECT_EQ(text.View(), L"7");
+            EXPECT_EQ(choices->TakeEvents().size(), 0U);
+        }
+        Pick([] { TapKey(VK_F4); },
+             [](Picker& picker) {
+                 picker.Key(VK_UP);
+                 TapKey(VK_RETURN);
+                 picker.WaitUntilGone();
+             });
+        EXPECT_EQ(Hr(control->get_EnumText(text.Receive())), Hr(S_OK));
+        EXPECT_EQ(text.View(), L"Melons");
+        EXPECT_EQ(choices->TakeEvents().size(), 1U);
+    }
+    DestroyWindow(container);
+    EXPECT_EQ(database.StillOpen(), 0);
+}
+
 TEST_F(AtlAxWinTest, ShowsARecolouredPicture)
 {
     const HWND container = CreateContainer(L"KivControls.PicLite");
@@ -384,7 +475,8 @@ TEST_F(AtlAxWinTest, GoesWithTheWholeForm)
     ASSERT_NE(CreateContainer(L"KivControls.CurrencyBox"), nullptr);
     ASSERT_NE(CreateContainer(L"KivControls.PercentBox"), nullptr);
     ASSERT_NE(CreateContainer(L"KivControls.ChkCombo"), nullptr);
-    EXPECT_EQ(ControlWindows(), 15);
+    ASSERT_NE(CreateContainer(L"KivControls.EnumList"), nullptr);
+    EXPECT_EQ(ControlWindows(), 16);
     host_.Destroy();
     EXPECT_EQ(ControlWindows(), 0);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "tests/gui/HostedTest.h"
-#include "tests/gui/lists/Picker.h"
 #include "tests/support/EnumDatabase.h"
+#include "tests/support/Picker.h"
 
 #include <functional>
 #include <string>

@@ -1,4 +1,4 @@
-#include "tests/gui/lists/Picker.h"
+#include "tests/support/Picker.h"
 
 #include "tests/support/Input.h"
 
