@@ -3,6 +3,7 @@
 #include "controls/lists/EnumLayout.h"
 #include "controls/lists/EnumMessages.h"
 #include "runtime/com/PerThread.h"
+#include "runtime/forms/CharacterWidths.h"
 #include "runtime/forms/Color.h"
 #include "runtime/forms/MousePointer.h"
 #include "runtime/forms/Screen.h"
@@ -194,6 +195,7 @@ void frmEnums::Fill(EnumRecordset& rows, int filling)
     MaxTextWidth = 0;
     list.Clear();
     list.AddItem(NoneItem);
+    const CharacterWidths widths(TheSurface().FontHandle());
     for (bool atEnd = rows.AtEnd(); !atEnd && !Superseded(filling); atEnd = rows.AtEnd())
     {
         const std::wstring description = rows.Text(EnumTextColumn);
@@ -203,7 +205,9 @@ void frmEnums::Fill(EnumRecordset& rows, int filling)
         const int first = list.ListCount();
         for (const std::wstring_view line : DescriptionLines(description))
         {
-            MaxTextWidth = WidestLine(MaxTextWidth, TheSurface().TextWidth(line.substr(0, LongestMeasured)));
+            const std::wstring_view measured = line.substr(0, LongestMeasured);
+            if (!widths.FitsIn(measured, static_cast<int>(MaxTextWidth / Screen::TwipsPerPixelX())))
+                MaxTextWidth = WidestLine(MaxTextWidth, TheSurface().TextWidth(measured));
             const bool isFirst = list.ListCount() == first;
             const int item = list.AddItem(ItemText(ShowCodes, isFirst ? code : std::wstring(), line));
             list.ItemData(item, first);
