@@ -8,7 +8,7 @@
 namespace kiv
 {
 
-// A line of text on a control's surface: drawn with the surface, in its font or one of its own, and no
+// Text on a control's surface: drawn with the surface, in its font or one of its own, and no
 // window. Whoever changes a label has the surface painted again (UserControl::Refresh).
 class Label
 {
@@ -23,6 +23,7 @@ public:
     Label(const Surface& surface, Alignment alignment);
 
     const std::wstring& Caption() const { return caption_; }
+    // Of several lines those are shown that have room.
     void Caption(std::wstring_view caption) { caption_ = caption; }
     OLE_COLOR BackColor() const { return backColor_; }
     void BackColor(OLE_COLOR color) { backColor_ = color; }

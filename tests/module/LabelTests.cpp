@@ -115,6 +115,22 @@ TEST(LabelTest, ShowsTheWholeOfALastDigitThatIsWiderThanItsPlace)
         EXPECT_EQ(inkOf(caption, Label::Alignment::Right), inkOf(caption, Label::Alignment::Left));
 }
 
+TEST(LabelTest, ShowsOfSeveralLinesThoseThatHaveRoom)
+{
+    Sheet sheet(Label::Alignment::Left);
+    sheet.TheLabel.Caption(L"Head of household");
+    const Pixels one = sheet.Painted();
+    sheet.TheLabel.Caption(L"Head of household\r\nUnmarried");
+    const Pixels two = sheet.Painted();
+    for (int x = 0; x < Outer.cx; ++x)
+    {
+        for (int y = 0; y < Place.top + sheet.TheLabel.LineHeight(); ++y)
+            ASSERT_EQ(two.At(x, y), one.At(x, y)) << x << ' ' << y;
+        for (int y = Place.bottom; y < Outer.cy; ++y)
+            ASSERT_EQ(two.At(x, y), Back) << x << ' ' << y;
+    }
+}
+
 TEST(LabelTest, IsEmbossedWhileDisabled)
 {
     Sheet sheet(Label::Alignment::Right);
