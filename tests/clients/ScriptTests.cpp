@@ -2,11 +2,13 @@
 
 #include "tests/support/Files.h"
 #include "tests/support/KnownPlatformGap.h"
+#include "tests/support/MessageBoxWatcher.h"
 #include "tests/support/Process.h"
 #include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <ostream>
 #include <sstream>
 #include <vector>
@@ -32,16 +34,17 @@ Lines LinesOf(const std::string& text)
     return lines;
 }
 
-ProcessOutcome RunScript(const std::string& name)
+std::wstring CommandFor(const std::string& name)
 {
     const std::wstring path = RequiredVariable(L"KIV_SOURCE") + L"\\tests\\clients\\scripts\\" + Widen(name);
-    return RunProcess(L"cscript.exe //nologo " + Quoted(path));
+    return L"cscript.exe //nologo " + Quoted(path);
 }
 
 struct Script
 {
     const char* Name;
     Lines Output;
+    Lines Boxes = {}; // texts of the message boxes
 
     friend std::ostream& operator<<(std::ostream& out, const Script& script) { return out << script.Name; }
 };
@@ -52,10 +55,17 @@ class ScriptTest : public testing::TestWithParam<Script>
 
 TEST_P(ScriptTest, SaysWhatIsExpected)
 {
-    const ProcessOutcome outcome = RunScript(GetParam().Name);
+    constexpr DWORD limit = 60000;
+    std::optional<MessageBoxWatcher> boxes;
+    const ProcessOutcome outcome =
+        RunProcess(CommandFor(GetParam().Name), limit, [&boxes](DWORD thread) { boxes.emplace(thread); });
     EXPECT_FALSE(outcome.TimedOut);
     EXPECT_EQ(outcome.ExitCode, 0U);
     EXPECT_EQ(LinesOf(outcome.Output), GetParam().Output);
+    Lines texts;
+    for (const ShownMessageBox& box : boxes->Stop())
+        texts.push_back(Narrow(box.Text));
+    EXPECT_EQ(texts, GetParam().Boxes);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -105,6 +115,29 @@ INSTANTIATE_TEST_SUITE_P(
                 "too large an index 6", "before the start 381", "selecting what is not there 380",
                 "reading what is not there 381", "a read-only property 438", "without an index 450",
                 "cleared 0 -1"}},
+        Script{"code_lists.vbs",
+               {"class _EnumList True",
+                "a code [7] [7] 0 0",
+                "a description [7] [Pears] 1 0",
+                "8 SELECT * FROM [Enum Tables]  WHERE [State Code] = 'MA' AND [Table Name] = 'Fruit' AND "
+                "[Enum Code] = '7'",
+                "not in the table [9] [] 2 0",
+                "no text [8] [] 3 0",
+                "bound [7] [Pears] 4 0",
+                "String 7",
+                "none [] [] 4 0",
+                "null True",
+                "no record set 0",
+                "unread [7] [] 5 0",
+                "no field 3167",
+                "code set [7] [] 6 0",
+                "a read-only property 438",
+                "a database that is read 438",
+                "words for a style 13",
+                "null for an order 13",
+                "without a database [8] [] 6 0",
+                "a code again [8] [8] 6 0"},
+               {"Could not read enum table from database.", "Could not read enum table from database."}},
         Script{"pic_command.vbs",
                {"class _PicCommand", "new 0 0 [] True False", "complete 2 Long", "null 0", "text 1",
                 "beyond 77", "caption &Details", "disabled False", "pressed False", "window True",
@@ -124,7 +157,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ScriptEventTest, ReachesAScriptThatListens)
 {
-    const ProcessOutcome outcome = RunScript("events.vbs");
+    const ProcessOutcome outcome = RunProcess(CommandFor("events.vbs"));
     EXPECT_EQ(outcome.ExitCode, 0U) << outcome.Output;
     KnownPlatformGap("the script host connects no event procedures to an object that it creates",
                      [&outcome] { return LinesOf(outcome.Output) == Lines{"changed to 2"}; });

@@ -53,7 +53,8 @@ BOOL CALLBACK FindBox(HWND window, LPARAM found)
 
 } // namespace
 
-MessageBoxWatcher::MessageBoxWatcher() : stop_(CreateEventW(nullptr, TRUE, FALSE, nullptr))
+MessageBoxWatcher::MessageBoxWatcher(DWORD thread) :
+    watched_(thread), stop_(CreateEventW(nullptr, TRUE, FALSE, nullptr))
 {
     if (!stop_)
         ThrowLastError();

@@ -21,12 +21,12 @@ struct ShownMessageBox
     HWND Owner = nullptr;
 };
 
-// Reads the message boxes that the calling thread shows, and presses the first button of each: that thread is
-// busy in a box until somebody does.
+// Reads the message boxes that a thread shows, by default the calling one, and presses the first button of
+// each: that thread is busy in a box until somebody does.
 class MessageBoxWatcher
 {
 public:
-    MessageBoxWatcher();
+    explicit MessageBoxWatcher(DWORD thread = GetCurrentThreadId());
     MessageBoxWatcher(const MessageBoxWatcher&) = delete;
     MessageBoxWatcher& operator=(const MessageBoxWatcher&) = delete;
     ~MessageBoxWatcher();
@@ -38,7 +38,7 @@ private:
     void Watch();
     void Answer(HWND box);
 
-    const DWORD watched_ = GetCurrentThreadId();
+    const DWORD watched_;
     std::vector<ShownMessageBox> shown_;
     HANDLE stop_;
     std::optional<Thread> thread_;

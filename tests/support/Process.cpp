@@ -11,7 +11,8 @@ std::wstring Quoted(const std::wstring& path)
     return L"\"" + path + L"\"";
 }
 
-ProcessOutcome RunProcess(const std::wstring& commandLine, DWORD limitMilliseconds)
+ProcessOutcome RunProcess(const std::wstring& commandLine, DWORD limitMilliseconds,
+                          const std::function<void(DWORD thread)>& started)
 {
     // A file, not a pipe: it never fills up, and its reader never waits.
     const TemporaryFile output(L".out");
@@ -28,15 +29,17 @@ ProcessOutcome RunProcess(const std::wstring& commandLine, DWORD limitMillisecon
     startup.hStdError = file;
     PROCESS_INFORMATION process = {};
     std::wstring writable = commandLine;
-    const BOOL started = CreateProcessW(nullptr, writable.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+    const BOOL created = CreateProcessW(nullptr, writable.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                                         &startup, &process);
-    if (!started)
+    if (!created)
     {
         const HRESULT error = HRESULT_FROM_WIN32(GetLastError());
         CloseHandle(file);
         throw ComError(error);
     }
 
+    if (started)
+        started(process.dwThreadId);
     ProcessOutcome outcome;
     outcome.TimedOut = WaitForSingleObject(process.hProcess, limitMilliseconds) == WAIT_TIMEOUT;
     if (outcome.TimedOut)

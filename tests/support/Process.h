@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 
 namespace kiv::test
@@ -14,8 +15,10 @@ struct ProcessOutcome
     bool TimedOut = false;
 };
 
-// Runs a program to its end; one that takes longer than the limit is ended.
-ProcessOutcome RunProcess(const std::wstring& commandLine, DWORD limitMilliseconds = 60000);
+// Runs a program to its end; one that takes longer than the limit is ended. started hears of its first
+// thread.
+ProcessOutcome RunProcess(const std::wstring& commandLine, DWORD limitMilliseconds = 60000,
+                          const std::function<void(DWORD thread)>& started = {});
 
 // A path as one word of a command line.
 std::wstring Quoted(const std::wstring& path);
