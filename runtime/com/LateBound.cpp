@@ -14,8 +14,6 @@ namespace kiv
 namespace
 {
 
-constexpr WORD MethodOrProperty = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
-
 // The error in an exception's description, whose texts are freed.
 HRESULT ErrorIn(EXCEPINFO& exception)
 {
@@ -29,23 +27,12 @@ HRESULT ErrorIn(EXCEPINFO& exception)
     return FAILED(exception.scode) ? exception.scode : DISP_E_EXCEPTION;
 }
 
-// The next two are for Wine's VBScript, which has the members of a script's classes in the newer interface
-// only.
+// For Wine's VBScript, which finds the members of a script's classes by the newer interface only.
 HRESULT FindAroundWine(IDispatch* object, const wchar_t* name, DISPID& member)
 {
     ComPtr<IDispatchEx> extended;
     return SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&extended)))
                ? extended->GetDispID(Bstr(name).Get(), fdexNameCaseInsensitive, &member)
-               : E_NOTIMPL;
-}
-
-HRESULT InvokeAroundWine(IDispatch* object, DISPID member, DISPPARAMS& passed, VARIANT* result,
-                         EXCEPINFO& exception)
-{
-    ComPtr<IDispatchEx> extended;
-    return SUCCEEDED(object->QueryInterface(IID_PPV_ARGS(&extended)))
-               ? extended->InvokeEx(member, LOCALE_USER_DEFAULT, MethodOrProperty, &passed, result,
-                                    &exception, nullptr)
                : E_NOTIMPL;
 }
 
@@ -68,10 +55,9 @@ Variant CallMember(IDispatch* object, DISPID member, std::initializer_list<Varia
     DISPPARAMS passed = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
     Variant result;
     EXCEPINFO exception = {};
-    HRESULT outcome = object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, MethodOrProperty, &passed,
-                                     result.Receive(), &exception, nullptr);
-    if (outcome == E_NOTIMPL)
-        outcome = InvokeAroundWine(object, member, passed, result.Receive(), exception);
+    const HRESULT outcome =
+        object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &passed,
+                       result.Receive(), &exception, nullptr);
     Check(outcome == DISP_E_EXCEPTION ? ErrorIn(exception) : outcome);
     return (result.Type() & VT_BYREF) != 0 ? Variant(result.Get()) : result;
 }
