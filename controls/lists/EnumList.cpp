@@ -53,6 +53,10 @@ EnumList::EnumList(IUnknown* outer) : StandardControl(Class, outer) {}
 void EnumList::UserControl_Initialize()
 {
     cmd.OnClick = [this] { cmd_Click(); };
+    cmd.OnDropDown = [this] {
+        if (TakesInput())
+            cmd_Click();
+    };
     Font(CreateDefaultFont());
 }
 
@@ -105,8 +109,7 @@ void EnumList::UserControl_Paint()
     lbl.Draw();
 }
 
-// F4 drops the list down, as it does that of a combo box; Alt with the down arrow comes as a key of the
-// system's and is left to the container.
+// F4 drops the list down, as it does that of a combo box.
 void EnumList::UserControl_KeyDown(short& KeyCode, short Shift)
 {
     if (KeyCode != VK_F4 || Shift != 0)

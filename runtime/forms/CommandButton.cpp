@@ -73,6 +73,13 @@ bool CommandButton::Received(UINT message, WPARAM wParam, LPARAM lParam)
         Value(true);
         return true;
     }
+    if (message == WM_SYSKEYDOWN && wParam == VK_DOWN && OnDropDown)
+    {
+        // The system first, which takes an Alt that it saw nothing come between for the menu's.
+        Ask(message, wParam, lParam);
+        OnDropDown();
+        return true;
+    }
     if (message == WM_LBUTTONDBLCLK)
     {
         // The second of two quick clicks is one like the first; an owner-drawn button would take it for a

@@ -18,6 +18,7 @@ public:
 
     // Events.
     std::function<void()> OnClick;
+    std::function<void()> OnDropDown; // Alt with the down arrow
 
     const std::wstring& Caption() const { return caption_; }
     void Caption(std::wstring_view caption);

@@ -242,7 +242,7 @@ TEST_F(PickerChoiceTest, AHelpNumberOfOneShowsTheCodes)
     }
 }
 
-TEST_F(PickerChoiceTest, FourTheFunctionKeyOpensItAndSoDoesTheMouse)
+TEST_F(PickerChoiceTest, FourTheFunctionKeyOpensItAndSoDoAltWithDownAndTheMouse)
 {
     host::ControlSite& list = ShownList();
     int opened = 0;
@@ -253,6 +253,17 @@ TEST_F(PickerChoiceTest, FourTheFunctionKeyOpensItAndSoDoesTheMouse)
     };
     Pick([] { TapKey(VK_F4); }, close);
     Pick(
+        [] {
+            PressKey(VK_MENU);
+            PressKey(VK_DOWN);
+        },
+        [&](Picker& picker) {
+            ReleaseKey(VK_MENU); // released first, it is not to open the picker's menu
+            ReleaseKey(VK_DOWN);
+            picker.Settle();
+            close(picker);
+        });
+    Pick(
         [&] {
             POINT place = {5, 5};
             ClientToScreen(ButtonOf(list), &place);
@@ -261,7 +272,7 @@ TEST_F(PickerChoiceTest, FourTheFunctionKeyOpensItAndSoDoesTheMouse)
             ReleaseButton(MouseButton::Left);
         },
         close);
-    EXPECT_EQ(opened, 2);
+    EXPECT_EQ(opened, 3);
     EXPECT_EQ(GetFocus(), ButtonOf(list)) << "the focus comes back";
 }
 
