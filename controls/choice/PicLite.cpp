@@ -73,7 +73,7 @@ void PicLite::UserControl_Paint()
     const MemoryDc memory(graphics.CompatibleWith());
     const Selection selected(memory.Get(), bitmap);
     // The host has the bitmap as well, and may be drawing with it.
-    if (GetCurrentObject(memory.Get(), OBJ_BITMAP) == bitmap)
+    if (Holds(memory.Get(), bitmap))
         BitBlt(graphics.Dc(), 0, 0, header.bmWidth, header.bmHeight, memory.Get(), 0, 0, SRCCOPY);
 }
 

@@ -127,6 +127,11 @@ bool ExchangeRows(HBITMAP target, const BITMAP& header, const PixelExchange& exc
 
 } // namespace
 
+bool Holds(HDC dc, HBITMAP bitmap)
+{
+    return HandleToLong(GetCurrentObject(dc, OBJ_BITMAP)) == HandleToLong(bitmap);
+}
+
 GdiObject<HBITMAP> Recolored(HBITMAP source, COLORREF mask, COLORREF replace)
 {
     BITMAP header = {};
@@ -138,7 +143,7 @@ GdiObject<HBITMAP> Recolored(HBITMAP source, COLORREF mask, COLORREF replace)
     const MemoryDc sourceDc(nullptr);
     const Selection selectedSource(sourceDc.Get(), source);
     // Somebody else may be drawing with it.
-    if (GetCurrentObject(sourceDc.Get(), OBJ_BITMAP) != source)
+    if (!Holds(sourceDc.Get(), source))
         return {};
     GdiObject<HBITMAP> target(CreateCompatibleBitmap(sourceDc.Get(), header.bmWidth, header.bmHeight));
     if (!target)

@@ -10,4 +10,8 @@ namespace kiv
 // or higher than 32768 pixels.
 GdiObject<HBITMAP> Recolored(HBITMAP source, COLORREF mask, COLORREF replace);
 
+// Whether the bitmap is the one that is selected into the device context. Only 32 bits of a handle count, and
+// picture objects hand out no more.
+bool Holds(HDC dc, HBITMAP bitmap);
+
 } // namespace kiv

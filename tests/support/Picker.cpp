@@ -125,7 +125,11 @@ std::vector<std::wstring> Picker::Items() const
         std::string text(static_cast<std::size_t>(SendMessageA(List(), LB_GETTEXTLEN, i, 0)) + 1, '\0');
         text.resize(static_cast<std::size_t>(
             SendMessageA(List(), LB_GETTEXT, i, reinterpret_cast<LPARAM>(text.data()))));
-        items.emplace_back(text.begin(), text.end());
+        std::wstring wide(text.size(), L'\0');
+        const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()),
+                                               wide.data(), static_cast<int>(wide.size()));
+        wide.resize(static_cast<std::size_t>(length));
+        items.push_back(std::move(wide));
     }
     return items;
 }

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,6 +23,17 @@ struct DifferenceClass
     // Whether it accounts for the difference.
     bool (*Explains)(const Case&);
 };
+
+// Whether a number is what arithmetic in binary makes of many digits where another one is the nearest: its
+// neighbour, in the 64-bit system, which has no wider registers, a number close by.
+inline bool IsCloseTo(double exact, double theirs)
+{
+    constexpr int steps = sizeof(void*) == 8 ? 16 : 1;
+    double reached = theirs;
+    for (int i = 0; i < steps && reached != exact; ++i)
+        reached = std::nextafter(reached, exact);
+    return reached == exact;
+}
 
 // Sorts the differences of many cases into classes. Every difference must belong to one, and docs/numbers.md
 // must explain each class. The classes are those of Wine, where every one must occur: one that no longer does
