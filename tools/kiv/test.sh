@@ -3,7 +3,7 @@
 
 GROUPS_OF_TESTS=(native com gui clients)
 # A program that takes longer than this hangs. In seconds.
-TEST_LIMIT=600
+TEST_LIMIT=1200
 
 cmd_test() {
     take_arch "$@"
