@@ -3,7 +3,6 @@
 #include "controls/amount/AmountFilter.h"
 #include "controls/amount/AmountLayout.h"
 #include "controls/entry/EntryControl.h"
-#include "runtime/core/Units.h"
 #include "runtime/forms/Clipboard.h"
 #include "runtime/forms/Color.h"
 #include "runtime/forms/Label.h"
@@ -79,8 +78,8 @@ protected:
     void UserControl_Resize() override
     {
         const AmountLayout layout = Layout();
-        lblRight.Move(PixelsX(layout.Label.Left), PixelsY(layout.Label.Top), PixelsX(layout.Label.Width),
-                      lblRight.LineHeight());
+        lblRight.Move(Screen::PixelsX(layout.Label.Left), Screen::PixelsY(layout.Label.Top),
+                      Screen::PixelsX(layout.Label.Width), lblRight.LineHeight());
         // Parked even while the user types, until the focus comes anew. Deliberate.
         PlaceBox(layout.Box);
         // A window of almost no height has no border either: with the one that it gets as it grows, it has to
@@ -91,7 +90,7 @@ protected:
             const SIZE size = this->TheSurface().OuterSize();
             if (std::exchange(former, size.cy) == size.cy)
                 break;
-            this->RequestSize({size.cx, PixelsY(*height)});
+            this->RequestSize({size.cx, Screen::PixelsY(*height)});
         }
     }
 
@@ -224,9 +223,6 @@ private:
         return box;
     }
 
-    static int PixelsX(double twips) { return TwipsToPixels(twips, Screen::TwipsPerPixelX()); }
-    static int PixelsY(double twips) { return TwipsToPixels(twips, Screen::TwipsPerPixelY()); }
-
     double BoxHeight() const { return txtLeft.LeastHeight() * Screen::TwipsPerPixelY(); }
 
     AmountLayout Layout() const
@@ -244,7 +240,8 @@ private:
     void PlaceBox(const AmountPlace& place)
     {
         isParked_ = place.Top == ParkedTop;
-        txtLeft.Move(PixelsX(place.Left), PixelsY(place.Top), PixelsX(place.Width), txtLeft.LeastHeight());
+        txtLeft.Move(Screen::PixelsX(place.Left), Screen::PixelsY(place.Top), Screen::PixelsX(place.Width),
+                     txtLeft.LeastHeight());
     }
 
     const Events events_;

@@ -7,7 +7,6 @@
 #include "controls/lists/frmEnums.h"
 #include "resources/ResourceIds.h"
 #include "runtime/core/Scoped.h"
-#include "runtime/core/Units.h"
 #include "runtime/forms/Color.h"
 #include "runtime/forms/MousePointer.h"
 #include "runtime/forms/Screen.h"
@@ -28,16 +27,6 @@ constexpr double ButtonWidth = 255; // twips
 
 // With this number as its WhatsThisHelpID a control's picker shows codes, whatever the control itself shows.
 constexpr long ShowCodesHelpId = 1;
-
-int PixelsX(double twips)
-{
-    return TwipsToPixels(twips, Screen::TwipsPerPixelX());
-}
-
-int PixelsY(double twips)
-{
-    return TwipsToPixels(twips, Screen::TwipsPerPixelY());
-}
 
 } // namespace
 
@@ -93,15 +82,16 @@ void EnumList::UserControl_Resize()
     const double height = surface.ScaleHeight();
     const double labelHeight = LabelHeight();
     const EnumListLayout layout = CalcEnumListLayout(width, height, ButtonWidth, labelHeight);
-    cmd.Move(PixelsX(layout.ButtonLeft), 0, PixelsX(ButtonWidth), PixelsY(height));
+    cmd.Move(Screen::PixelsX(layout.ButtonLeft), 0, Screen::PixelsX(ButtonWidth), Screen::PixelsY(height));
     if (layout.MissingWidth > 0 || layout.MissingHeight > 0)
     {
         // Not from the outer size: a window smaller than its border has none that says anything.
-        RequestSize({PixelsX(width + layout.MissingWidth) + 2 * GetSystemMetrics(SM_CXEDGE),
-                     PixelsY(height + layout.MissingHeight) + 2 * GetSystemMetrics(SM_CYEDGE)});
+        RequestSize({Screen::PixelsX(width + layout.MissingWidth) + 2 * GetSystemMetrics(SM_CXEDGE),
+                     Screen::PixelsY(height + layout.MissingHeight) + 2 * GetSystemMetrics(SM_CYEDGE)});
         return;
     }
-    lbl.Move(0, PixelsY(layout.LabelTop), PixelsX(layout.LabelWidth), PixelsY(labelHeight));
+    lbl.Move(0, Screen::PixelsY(layout.LabelTop), Screen::PixelsX(layout.LabelWidth),
+             Screen::PixelsY(labelHeight));
 }
 
 void EnumList::UserControl_Paint()

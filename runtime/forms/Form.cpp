@@ -2,7 +2,6 @@
 
 #include "runtime/com/Boundary.h"
 #include "runtime/com/Module.h"
-#include "runtime/core/Units.h"
 #include "runtime/forms/CommandButton.h"
 #include "runtime/forms/Screen.h"
 
@@ -18,16 +17,6 @@ namespace
 constexpr char ClassName[] = "KivControls.Form";
 constexpr DWORD Style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN;
 constexpr DWORD ExtendedStyle = WS_EX_DLGMODALFRAME;
-
-int PixelsX(double twips)
-{
-    return TwipsToPixels(twips, Screen::TwipsPerPixelX());
-}
-
-int PixelsY(double twips)
-{
-    return TwipsToPixels(twips, Screen::TwipsPerPixelY());
-}
 
 // The window class, there while the module is.
 class WindowClass
@@ -82,7 +71,7 @@ void Form::Load(HWND owner, std::wstring_view caption)
     static const WindowClass windowClass(&Form::WndProc);
     owner_ = owner;
     unloaded_ = false;
-    RECT place = {0, 0, PixelsX(innerWidth_), PixelsY(innerHeight_)};
+    RECT place = {0, 0, Screen::PixelsX(innerWidth_), Screen::PixelsY(innerHeight_)};
     const SIZE inner = {place.right, place.bottom};
     AdjustWindowRectEx(&place, Style, FALSE, ExtendedStyle);
     if (!CreateWindowExA(ExtendedStyle, ClassName, Ansi(caption).c_str(), Style, 0, 0,
@@ -121,7 +110,7 @@ void Form::OuterWidth(double width)
 {
     RECT outer = {};
     GetWindowRect(window_, &outer);
-    SetWindowPos(window_, nullptr, 0, 0, PixelsX(width), outer.bottom - outer.top,
+    SetWindowPos(window_, nullptr, 0, 0, Screen::PixelsX(width), outer.bottom - outer.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -137,13 +126,14 @@ FormPlace Form::PlaceOf(const Constituent& control) const
 
 void Form::Move(const Constituent& control, const FormPlace& place)
 {
-    SetWindowPos(control.hWnd(), nullptr, PixelsX(place.Left), PixelsY(place.Top), PixelsX(place.Width),
-                 PixelsY(place.Height), SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(control.hWnd(), nullptr, Screen::PixelsX(place.Left), Screen::PixelsY(place.Top),
+                 Screen::PixelsX(place.Width), Screen::PixelsY(place.Height), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Form::Move(Label& label, const FormPlace& place)
 {
-    label.Move(PixelsX(place.Left), PixelsY(place.Top), PixelsX(place.Width), PixelsY(place.Height));
+    label.Move(Screen::PixelsX(place.Left), Screen::PixelsY(place.Top), Screen::PixelsX(place.Width),
+               Screen::PixelsY(place.Height));
 }
 
 // The numbers by which the system's dialog keys know the two buttons.

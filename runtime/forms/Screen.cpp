@@ -54,4 +54,14 @@ double Screen::TwipsPerPixelY()
     return static_cast<double>(TwipsPerInch) / PixelsPerInchY();
 }
 
+int Screen::PixelsX(double twips)
+{
+    return TwipsToPixels(twips, TwipsPerPixelX());
+}
+
+int Screen::PixelsY(double twips)
+{
+    return TwipsToPixels(twips, TwipsPerPixelY());
+}
+
 } // namespace kiv

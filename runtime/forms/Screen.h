@@ -10,6 +10,9 @@ struct Screen
     static int PixelsPerInchY();
     static double TwipsPerPixelX();
     static double TwipsPerPixelY();
+    // A distance in whole pixels.
+    static int PixelsX(double twips);
+    static int PixelsY(double twips);
 };
 
 } // namespace kiv
