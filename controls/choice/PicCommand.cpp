@@ -2,6 +2,7 @@
 
 #include "framework/ModuleData.h"
 #include "resources/ResourceIds.h"
+#include "runtime/com/LateBound.h"
 #include "runtime/core/Mnemonic.h"
 
 namespace kiv
@@ -153,7 +154,7 @@ HRESULT PicCommand::get_BoundDetailStatus(VARIANT* result) noexcept
 
 HRESULT PicCommand::put_BoundDetailStatus(VARIANT newStatus) noexcept
 {
-    return Member([&] { SetBoundDetailStatus(Variant(newStatus)); });
+    return Member([&] { SetBoundDetailStatus(PlainValue(Variant(newStatus))); });
 }
 
 void PicCommand::SetBoundDetailStatus(const Variant& newStatus)

@@ -1,6 +1,7 @@
 #include "controls/choice/YesNo.h"
 
 #include "resources/ResourceIds.h"
+#include "runtime/com/LateBound.h"
 #include "runtime/forms/Screen.h"
 
 using Microsoft::WRL::ComPtr;
@@ -238,7 +239,7 @@ Variant YesNo::Text() const
 
 HRESULT YesNo::put_Text(VARIANT newText) noexcept
 {
-    return Member([&] { Text(Variant(newText)); });
+    return Member([&] { Text(PlainValue(Variant(newText))); });
 }
 
 void YesNo::Text(const Variant& newText)

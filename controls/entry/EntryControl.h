@@ -3,6 +3,7 @@
 #include "controls/entry/BoxState.h"
 #include "framework/SubClass.h"
 #include "framework/SubClassOwner.h"
+#include "runtime/com/LateBound.h"
 #include "runtime/forms/StandardControl.h"
 #include "runtime/forms/TextBox.h"
 
@@ -27,7 +28,7 @@ public:
     }
     HRESULT STDMETHODCALLTYPE put_Value(VARIANT newValue) noexcept override
     {
-        return this->Member([&] { Value(Variant(newValue)); });
+        return this->Member([&] { Value(PlainValue(Variant(newValue))); });
     }
     HRESULT STDMETHODCALLTYPE IsValidInput(VARIANT_BOOL* ShowMessage, VARIANT_BOOL* result) noexcept override
     {

@@ -6,6 +6,7 @@
 #include "controls/lists/EnumRules.h"
 #include "controls/lists/frmEnums.h"
 #include "resources/ResourceIds.h"
+#include "runtime/com/LateBound.h"
 #include "runtime/core/Scoped.h"
 #include "runtime/forms/Color.h"
 #include "runtime/forms/MousePointer.h"
@@ -320,7 +321,7 @@ HRESULT EnumList::get_BoundEnumCode(VARIANT* result) noexcept
 
 HRESULT EnumList::put_BoundEnumCode(VARIANT newCode) noexcept
 {
-    return Member([&] { BoundEnumCode(Variant(newCode)); });
+    return Member([&] { BoundEnumCode(PlainValue(Variant(newCode))); });
 }
 
 // Both notifications come twice: from EnumCode and from here. Data-bound hosts rely on it.

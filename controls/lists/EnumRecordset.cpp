@@ -45,7 +45,10 @@ DISPID EnumRecordset::Member(DISPID& known, const wchar_t* name) const
 
 bool EnumRecordset::AtEnd() const
 {
-    return CallMember(rows_.Get(), Member(eof_, L"EOF")).Bool();
+    const std::optional<Variant> atEnd = CallMember(rows_.Get(), Member(eof_, L"EOF")).As(VT_BOOL);
+    if (!atEnd)
+        throw ComError(TypeMismatch);
+    return atEnd->Bool();
 }
 
 void EnumRecordset::MoveNext()
@@ -66,14 +69,14 @@ ComPtr<IDispatch> EnumRecordset::Field(const wchar_t* column)
         }
         catch (const ComError& error)
         {
-            if (error.Result() != DISP_E_BADPARAMCOUNT)
+            if (error.Result() != WrongNumberOfArguments)
                 throw;
             fieldsTakeNames_ = false;
         }
     }
     const ComPtr<IDispatch> collection = ObjectOf(CallMember(rows_.Get(), fields));
     if (!collection)
-        throw ComError(DISP_E_TYPEMISMATCH);
+        throw ComError(ObjectRequired);
     return ObjectOf(CallMember(collection.Get(), DISPID_VALUE, {Variant(column)}));
 }
 
@@ -81,8 +84,8 @@ std::wstring EnumRecordset::Text(const wchar_t* column)
 {
     const ComPtr<IDispatch> field = Field(column);
     if (!field)
-        throw ComError(DISP_E_TYPEMISMATCH);
-    const Variant value = CallMember(field.Get(), MemberOf(field.Get(), L"Value"));
+        throw ComError(ObjectRequired);
+    const Variant value = PlainValue(CallMember(field.Get(), MemberOf(field.Get(), L"Value")));
     if (value.Type() == VT_BSTR)
         return std::wstring(Bstr::ViewOf(V_BSTR(&value.Get())));
     const std::optional<Variant> text = value.As(VT_BSTR);

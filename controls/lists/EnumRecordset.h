@@ -14,7 +14,8 @@ namespace kiv
 
 // The rows that a host's database object answers a query with, read once from the first to the last. The
 // database may be any automation object with OpenRecordset(query, type); its record sets have EOF, MoveNext,
-// Fields(name).Value and Close. All but Open can throw ComError.
+// Fields(name).Value and Close. All but Open can throw ComError: the database's own errors as it raised them,
+// 438 for a record set without one of the members, 424 for a field that is no object.
 class EnumRecordset
 {
 public:

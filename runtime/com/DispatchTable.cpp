@@ -1,6 +1,6 @@
 #include "runtime/com/DispatchTable.h"
 
-#include "runtime/com/Boundary.h"
+#include "runtime/com/LateBound.h"
 #include "runtime/com/Module.h"
 #include "runtime/com/PerThread.h"
 
@@ -79,8 +79,42 @@ bool LeftOut(const VARIANT& argument)
     return V_VT(&argument) == VT_ERROR && V_ERROR(&argument) == DISP_E_PARAMNOTFOUND;
 }
 
-// Storage for one argument that goes by reference, and the caller's own variant that it is written back to.
-struct ReferredArgument
+const VARIANT& Behind(const VARIANT& argument)
+{
+    const bool isVariable = V_VT(&argument) == (VT_BYREF | VT_VARIANT) && V_VARIANTREF(&argument);
+    return isVariable ? *V_VARIANTREF(&argument) : argument;
+}
+
+// What a VARIANT parameter is given is the member's own to look at.
+bool TakesValues(VARTYPE type)
+{
+    return type != VT_EMPTY && type != VT_VARIANT;
+}
+
+// Whether a value that a parameter of a type is given has to become another one first: an object that stands
+// for its default member, and a Boolean, whose text is a word.
+bool NeedsValue(const VARIANT& argument, VARTYPE type)
+{
+    const VARIANT& given = Behind(argument);
+    switch (V_VT(&given))
+    {
+    case VT_BOOL:
+    case VT_BYREF | VT_BOOL:
+        return type == VT_BSTR;
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+        return TakesValues(type) && V_UNKNOWN(&given);
+    case VT_BYREF | VT_DISPATCH:
+    case VT_BYREF | VT_UNKNOWN:
+        return TakesValues(type) && V_UNKNOWNREF(&given) && *V_UNKNOWNREF(&given);
+    default:
+        return false;
+    }
+}
+
+// Storage for one argument that is not passed as it was given, and the caller's own variant that one by
+// reference is written back to.
+struct HeldArgument
 {
     Variant Content;
     VARIANT* Target = nullptr;
@@ -153,10 +187,16 @@ void DispatchTable::ReadMember(UINT index)
         if (element.tdesc.vt == VT_PTR && (description.wParamFlags & PARAMFLAG_FOUT) != 0)
         {
             parameter.ReferredType = PlainType(typeInfo_.Get(), *element.tdesc.lptdesc);
-            if ((description.wParamFlags & PARAMFLAG_FHASDEFAULT) != 0)
-                parameter.Default = Variant(description.pparamdescex->varDefaultValue);
             member.TakesReferences = member.TakesReferences || parameter.ReferredType != VT_EMPTY;
         }
+        else
+        {
+            parameter.Type = PlainType(typeInfo_.Get(), element.tdesc);
+            if (parameter.Type == VT_PTR || parameter.Type == VT_DISPATCH || parameter.Type == VT_UNKNOWN)
+                parameter.Type = VT_EMPTY;
+        }
+        if ((description.wParamFlags & PARAMFLAG_FHASDEFAULT) != 0)
+            parameter.Default = Variant(description.pparamdescex->varDefaultValue);
         member.Parameters.push_back(std::move(parameter));
     }
     members_[{function->memid, function->invkind}] = std::move(member);
@@ -188,7 +228,7 @@ HRESULT DispatchTable::GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) c
 
 HRESULT DispatchTable::Invoke(IUnknown* instance, DISPID member, REFIID reserved, WORD flags,
                               DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
-                              UINT* argumentInError) const noexcept
+                              UINT* argumentInError) const
 {
     if (reserved != IID_NULL)
         return DISP_E_UNKNOWNINTERFACE;
@@ -198,14 +238,35 @@ HRESULT DispatchTable::Invoke(IUnknown* instance, DISPID member, REFIID reserved
     // Not every ITypeInfo::Invoke counts the arguments before it calls.
     if (called && (arguments->cArgs > called->Parameters.size() || arguments->cArgs < called->Required))
         return DISP_E_BADPARAMCOUNT;
-    if (called && called->TakesReferences && (arguments->cNamedArgs == 0 || IsAssignment(*arguments)))
+    const bool inOrder = arguments->cNamedArgs == 0 || IsAssignment(*arguments);
+    if (called && inOrder && NeedsRepair(*called, *arguments))
+        return InvokeRepaired(instance, member, flags, *arguments, result, exception, argumentInError,
+                              called->Parameters);
+    return InvokeAsItIs(instance, member, flags, *arguments, result, exception, argumentInError);
+}
+
+bool DispatchTable::NeedsRepair(const Member& called, const DISPPARAMS& arguments)
+{
+    if (called.TakesReferences)
+        return true;
+    for (UINT i = 0; i < arguments.cArgs; ++i)
     {
-        return Boundary([&] {
-            return InvokeRepaired(instance, member, flags, *arguments, result, exception, argumentInError,
-                                  called->Parameters);
-        });
+        if (NeedsValue(arguments.rgvarg[arguments.cArgs - 1 - i], called.Parameters[i].Type))
+            return true;
     }
-    return typeInfo_->Invoke(instance, member, flags, arguments, result, exception, argumentInError);
+    return false;
+}
+
+HRESULT DispatchTable::InvokeAsItIs(IUnknown* instance, DISPID member, WORD flags,
+                                    const DISPPARAMS& arguments, VARIANT* result, EXCEPINFO* exception,
+                                    UINT* argumentInError) const
+{
+    const HRESULT outcome = typeInfo_->Invoke(instance, member, flags, const_cast<DISPPARAMS*>(&arguments),
+                                              result, exception, argumentInError);
+    // Colours: late-bound hosts compare them with constants of their own, which are signed.
+    if (SUCCEEDED(outcome) && result && V_VT(result) == VT_UI4)
+        V_VT(result) = VT_I4;
+    return outcome;
 }
 
 // ITypeInfo::Invoke hands a left-out by-reference argument to the method as null, fails a call with an
@@ -217,7 +278,7 @@ HRESULT DispatchTable::InvokeRepaired(IUnknown* instance, DISPID member, WORD fl
                                       UINT* argumentInError, const std::vector<Parameter>& parameters) const
 {
     const std::size_t count = parameters.size();
-    std::vector<ReferredArgument> referred(count);
+    std::vector<HeldArgument> held(count);
     std::vector<VARIANT> repaired(count); // borrowed contents, last argument first
     for (std::size_t i = 0; i < count; ++i)
     {
@@ -227,33 +288,40 @@ HRESULT DispatchTable::InvokeRepaired(IUnknown* instance, DISPID member, WORD fl
         const bool leftOut = !given || LeftOut(*given);
         if (leftOut && !parameter.Optional)
             return DISP_E_PARAMNOTOPTIONAL;
-        const bool asItIs = !leftOut && (parameter.ReferredType == VT_EMPTY ||
-                                         V_VT(given) == (VT_BYREF | parameter.ReferredType));
+        const bool byReference = parameter.ReferredType != VT_EMPTY;
+        const bool asItIs = !leftOut && (byReference ? V_VT(given) == (VT_BYREF | parameter.ReferredType)
+                                                     : !NeedsValue(*given, parameter.Type));
         if (asItIs)
         {
             slot = *given;
             continue;
         }
-        const Variant content = leftOut ? parameter.Default : Variant(*given);
-        const std::optional<Variant> typed = content.As(parameter.ReferredType);
+        const Variant content = leftOut ? parameter.Default : PlainValue(Variant(*given));
+        const std::optional<Variant> typed =
+            content.As(byReference ? parameter.ReferredType : parameter.Type);
         if (!typed)
         {
             if (argumentInError)
                 *argumentInError = static_cast<UINT>(arguments.cArgs - 1 - i);
             return DISP_E_TYPEMISMATCH;
         }
-        referred[i].Content = *typed;
+        held[i].Content = *typed;
+        if (!byReference)
+        {
+            slot = held[i].Content.Get();
+            continue;
+        }
         if (given && V_VT(given) == (VT_BYREF | VT_VARIANT))
-            referred[i].Target = V_VARIANTREF(given);
+            held[i].Target = V_VARIANTREF(given);
         V_VT(&slot) = static_cast<VARTYPE>(VT_BYREF | parameter.ReferredType);
-        V_BYREF(&slot) = referred[i].Storage();
+        V_BYREF(&slot) = held[i].Storage();
     }
 
     DISPPARAMS repairedArguments = {repaired.data(), arguments.rgdispidNamedArgs, static_cast<UINT>(count),
                                     arguments.cNamedArgs};
     const HRESULT outcome =
-        typeInfo_->Invoke(instance, member, flags, &repairedArguments, result, exception, argumentInError);
-    for (ReferredArgument& argument : referred)
+        InvokeAsItIs(instance, member, flags, repairedArguments, result, exception, argumentInError);
+    for (HeldArgument& argument : held)
     {
         if (argument.Target && SUCCEEDED(outcome))
             Check(VariantCopy(argument.Target, argument.Content.Borrow()));

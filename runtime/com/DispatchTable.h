@@ -28,13 +28,17 @@ public:
     DISPID IdOf(const wchar_t* name) const;
 
     HRESULT GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const noexcept;
+    // An object that is given where a value is expected stands for its default member; an error in asking it
+    // is thrown, as ComError, before the member runs.
     HRESULT Invoke(IUnknown* instance, DISPID member, REFIID reserved, WORD flags, DISPPARAMS* arguments,
-                   VARIANT* result, EXCEPINFO* exception, UINT* argumentInError) const noexcept;
+                   VARIANT* result, EXCEPINFO* exception, UINT* argumentInError) const;
 
 private:
-    // A parameter that the member may write to: the type that it refers to and what it is when left out.
+    // The type of a parameter that goes by value, or the one that a parameter refers to which the member may
+    // write to, and what that is when left out.
     struct Parameter
     {
+        VARTYPE Type = VT_EMPTY;         // VT_EMPTY: no value but an object
         VARTYPE ReferredType = VT_EMPTY; // VT_EMPTY: an ordinary parameter by value
         bool Optional = false;
         Variant Default;
@@ -50,6 +54,9 @@ private:
     explicit DispatchTable(Microsoft::WRL::ComPtr<ITypeInfo> typeInfo);
     void ReadMember(UINT index);
     const Member* Find(DISPID id, WORD flags) const;
+    static bool NeedsRepair(const Member& called, const DISPPARAMS& arguments);
+    HRESULT InvokeAsItIs(IUnknown* instance, DISPID member, WORD flags, const DISPPARAMS& arguments,
+                         VARIANT* result, EXCEPINFO* exception, UINT* argumentInError) const;
     HRESULT InvokeRepaired(IUnknown* instance, DISPID member, WORD flags, const DISPPARAMS& arguments,
                            VARIANT* result, EXCEPINFO* exception, UINT* argumentInError,
                            const std::vector<Parameter>& parameters) const;

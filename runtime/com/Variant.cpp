@@ -3,6 +3,17 @@
 namespace kiv
 {
 
+namespace
+{
+
+// The text of a Boolean is a word; as a number it would be -1.
+HRESULT Change(VARIANT* target, VARIANT* value, VARTYPE type)
+{
+    return VariantChangeType(target, value, type == VT_BSTR ? VARIANT_ALPHABOOL : 0, type);
+}
+
+} // namespace
+
 Variant::Variant(bool value) noexcept : Variant()
 {
     V_VT(&value_) = VT_BOOL;
@@ -106,7 +117,7 @@ std::optional<Variant> Variant::As(VARTYPE type) const
     // An object stays an object: its default member is not asked for a value behind the host's back.
     if (Object() && type != VT_DISPATCH && type != VT_UNKNOWN)
         return std::nullopt;
-    if (FAILED(VariantChangeType(&converted.value_, Borrow(), 0, type)))
+    if (FAILED(Change(&converted.value_, Borrow(), type)))
         return std::nullopt;
     return converted;
 }
@@ -114,7 +125,7 @@ std::optional<Variant> Variant::As(VARTYPE type) const
 Variant Variant::Converted(VARTYPE type) const
 {
     Variant converted;
-    Check(VariantChangeType(&converted.value_, Borrow(), 0, type));
+    Check(Change(&converted.value_, Borrow(), type));
     return converted;
 }
 

@@ -58,7 +58,8 @@ public:
     // Hands the value over; the target's former content is not released ([out] parameters hold none).
     void DetachTo(VARIANT* target);
 
-    // The value as another type, or nothing when it cannot be that.
+    // The value as another type, or nothing when it cannot be that. The text of a Boolean is "True" or
+    // "False".
     std::optional<Variant> As(VARTYPE type) const;
 
     // The value converted; throws ComError (DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW) when it cannot be.

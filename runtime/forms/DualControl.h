@@ -42,10 +42,17 @@ public:
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments,
                                      VARIANT* result, EXCEPINFO* exception, UINT* argument) noexcept override
     {
-        return Boundary([&] {
+        // An object among the arguments is asked for its value, and may do anything meanwhile.
+        const Microsoft::WRL::ComPtr<IUnknown> held(Outer());
+        try
+        {
             return Table().Invoke(static_cast<Dual*>(this), member, reserved, flags, arguments, result,
                                   exception, argument);
-        });
+        }
+        catch (...)
+        {
+            return RaiseCurrentException(exception, Class().Name);
+        }
     }
 
 protected:

@@ -4,6 +4,7 @@
 #include "runtime/com/Boundary.h"
 #include "runtime/com/ConnectionPoint.h"
 #include "runtime/com/DispatchTable.h"
+#include "runtime/com/ErrorReport.h"
 #include "runtime/com/MakeCom.h"
 #include "runtime/com/PropertyBag.h"
 #include "runtime/com/StreamPropertyBag.h"
@@ -206,11 +207,25 @@ protected:
     HRESULT Member(Body&& body) noexcept
     {
         const Microsoft::WRL::ComPtr<IUnknown> held(Outer());
-        const HRESULT result = Boundary([&] {
+        try
+        {
             EnsureInitialized();
-            return Boundary(std::forward<Body>(body));
-        });
-        return FAILED(result) ? ReportMemberError(result) : result;
+            if constexpr (std::is_void_v<std::invoke_result_t<Body>>)
+            {
+                body();
+                return S_OK;
+            }
+            else
+            {
+                const HRESULT result = body();
+                Check(result);
+                return result;
+            }
+        }
+        catch (...)
+        {
+            return ReportCurrentException(class_.Properties, class_.Name);
+        }
     }
     template<class T, class Body>
     HRESULT Get(T* result, Body&& body) noexcept
@@ -259,7 +274,6 @@ private:
     void DeliverHeld();
 
     // UserControl_object.cpp
-    HRESULT ReportMemberError(HRESULT result) noexcept;
     void TellAccessKeys();
 
     // UserControl_activation.cpp

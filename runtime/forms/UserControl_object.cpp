@@ -1,16 +1,9 @@
 #include "runtime/forms/UserControl.h"
 
-#include "runtime/com/ErrorReport.h"
-
 using Microsoft::WRL::ComPtr;
 
 namespace kiv
 {
-
-HRESULT UserControl::ReportMemberError(HRESULT result) noexcept
-{
-    return ReportError(result, class_.Properties, class_.Name);
-}
 
 HRESULT UserControl::SetClientSite(IOleClientSite* site) noexcept
 {

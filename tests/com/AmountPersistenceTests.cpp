@@ -200,8 +200,8 @@ TEST_F(AmountPersistenceTest, ANewOneHasTheDefaultsAndWritesNone)
         SCOPED_TRACE(subject.Name);
         const AmountControl control(*subject.ClassId);
         control.InitNew();
-        EXPECT_EQ(control.Shown(L"BackColor"), "VT 19 2147483653");
-        EXPECT_EQ(control.Shown(L"ForeColor"), "VT 19 2147483656");
+        EXPECT_EQ(control.Shown(L"BackColor"), "VT 3 -2147483643");
+        EXPECT_EQ(control.Shown(L"ForeColor"), "VT 3 -2147483640");
         EXPECT_EQ(control.Shown(L"Enabled"), "VT 11 True");
         EXPECT_EQ(FactsOf(control.Property(L"Font").Object()), FontFacts()) << "the container's";
         const auto bag = MakeCom<TestPropertyBag>();

@@ -37,7 +37,7 @@ TEST_F(TypeLibraryTest, DescribesTheMembersOfCurrencyBox)
                   L"get 6 Text() BSTR",
                   L"get 0 Value() VARIANT bindable displaybind defaultbind",
                   L"put 0 Value(in VARIANT) void bindable displaybind defaultbind",
-                  L"method 7 IsValidInput(in out optional =0 VARIANT_BOOL* ShowMessage) VARIANT_BOOL",
+                  L"method 7 IsValidInput(in out optional =False VARIANT_BOOL* ShowMessage) VARIANT_BOOL",
               }));
     EXPECT_EQ(OwnMembers(InfoOf(Id(0x3E649252)).Get()),
               (Members{
@@ -76,7 +76,7 @@ TEST_F(TypeLibraryTest, DescribesTheMembersOfPercentBox)
                   L"get 7 Text() BSTR",
                   L"get 0 Value() VARIANT bindable displaybind defaultbind",
                   L"put 0 Value(in VARIANT) void bindable displaybind defaultbind",
-                  L"method 8 IsValidInput(in out optional =0 VARIANT_BOOL* ShowMessage) VARIANT_BOOL",
+                  L"method 8 IsValidInput(in out optional =False VARIANT_BOOL* ShowMessage) VARIANT_BOOL",
               }));
     EXPECT_EQ(OwnMembers(InfoOf(Id(0x3E64924B)).Get()),
               (Members{

@@ -50,10 +50,10 @@ TEST_P(PutTest, ReadsBack)
 INSTANTIATE_TEST_SUITE_P(
     Rows, PutTest,
     testing::Values(
-        PutRow{"BackColor", L"BackColor", Variant(0x00FF00L), "VT 19 65280"},
-        PutRow{"SystemBackColor", L"BackColor", Variant(static_cast<long>(0x80000005)), "VT 19 2147483653"},
-        PutRow{"ForeColorAsDouble", L"ForeColor", Variant(255.0), "VT 19 255"},
-        PutRow{"ForeColorAsText", L"foreCOLOR", Variant(L"77"), "VT 19 77"},
+        PutRow{"BackColor", L"BackColor", Variant(0x00FF00L), "VT 3 65280"},
+        PutRow{"SystemBackColor", L"BackColor", Variant(static_cast<long>(0x80000005)), "VT 3 -2147483643"},
+        PutRow{"ForeColorAsDouble", L"ForeColor", Variant(255.0), "VT 3 255"},
+        PutRow{"ForeColorAsText", L"foreCOLOR", Variant(L"77"), "VT 3 77"},
         PutRow{"EnabledFalse", L"Enabled", Variant(false), "VT 11 False"},
         PutRow{"EnabledAsNumber", L"Enabled", Variant(7L), "VT 11 True"},
         PutRow{"EnabledAsText", L"Enabled", Variant(L"False"), "VT 11 False"},
@@ -84,8 +84,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(DispatchTest, ReadsTheDefaultsOfANewObject)
 {
     const std::pair<const wchar_t*, const char*> rows[] = {
-        {L"BackColor", "VT 19 2147483663"},
-        {L"ForeColor", "VT 19 2147483666"},
+        {L"BackColor", "VT 3 -2147483633"},
+        {L"ForeColor", "VT 3 -2147483630"},
         {L"Enabled", "VT 11 True"},
         {L"Text", "VT 1"},
         {L"Value", "VT 3 0"},
@@ -127,8 +127,8 @@ TEST_F(DispatchTest, ShowsOneStateThroughBothSides)
     EXPECT_HRESULT_SUCCEEDED(control_->put_YesText(Bstr(L"Ja").Get()));
     EXPECT_HRESULT_SUCCEEDED(control_->put_NoText(Bstr(L"Nein").Get()));
     EXPECT_HRESULT_SUCCEEDED(control_->put_Value(Yes));
-    EXPECT_EQ(Read(L"BackColor"), "VT 19 1193046");
-    EXPECT_EQ(Read(L"ForeColor"), "VT 19 6636321");
+    EXPECT_EQ(Read(L"BackColor"), "VT 3 1193046");
+    EXPECT_EQ(Read(L"ForeColor"), "VT 3 6636321");
     EXPECT_EQ(Read(L"Enabled"), "VT 11 False");
     EXPECT_EQ(Read(L"YesText"), "VT 8 \"Ja\"");
     EXPECT_EQ(Read(L"NoText"), "VT 8 \"Nein\"");

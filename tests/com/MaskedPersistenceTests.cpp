@@ -266,8 +266,8 @@ TEST_F(MaskedPersistenceTest, NewBoxesHaveTheDefaults)
     EXPECT_EQ(number.Shown(L"Style"), "VT 3 0");
     EXPECT_EQ(number.Shown(L"MaxLength"), "VT 2 11");
     EXPECT_EQ(number.Shown(L"Enabled"), "VT 11 True");
-    EXPECT_EQ(number.Shown(L"BackColor"), "VT 19 2147483653");
-    EXPECT_EQ(number.Shown(L"ForeColor"), "VT 19 2147483656");
+    EXPECT_EQ(number.Shown(L"BackColor"), "VT 3 -2147483643");
+    EXPECT_EQ(number.Shown(L"ForeColor"), "VT 3 -2147483640");
     EXPECT_EQ(FactsOf(number.Property(L"Font").Object()), FontFacts()) << "the container's";
     const MaskedControl date(CLSID_DateBox);
     date.InitNew();

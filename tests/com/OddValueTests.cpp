@@ -78,7 +78,7 @@ std::optional<Variant> Coerced(const Variant& value, VARTYPE type)
 {
     Variant converted;
     const bool isObject = value.Type() == VT_DISPATCH || value.Type() == VT_UNKNOWN;
-    if (isObject || FAILED(VariantChangeType(converted.Receive(), value.Borrow(), 0, type)))
+    if (isObject || FAILED(VariantChangeType(converted.Receive(), value.Borrow(), VARIANT_ALPHABOOL, type)))
         return std::nullopt;
     return converted;
 }
@@ -199,6 +199,19 @@ TEST_P(OddValueTest, AsNoTextCanBeSavedAgain)
         EXPECT_EQ(Hr(third.Query<IPersistStreamInit>()->Load(stream.Get())), Hr(S_OK)) << odd.What;
         EXPECT_EQ(StateOf(third.Get()), state) << odd.What;
     }
+}
+
+// Whatever the type that a form file gives it, the text of a Boolean is a word.
+TEST_P(OddValueTest, AsTextsOfBooleansAreWords)
+{
+    const SitedControl control;
+    LoadWith(control, L"NoText", Variant(true));
+    EXPECT_EQ(StateOf(control.Get()).NoText, L"True");
+    EXPECT_EQ(Hr(PutByName(control.Get(), L"Text", Variant(true)).Result), Hr(S_OK));
+    EXPECT_EQ(StateOf(control.Get()).Value, 2);
+    const SitedControl other;
+    LoadWith(other, L"YesText", Variant(false));
+    EXPECT_EQ(StateOf(other.Get()).YesText, L"False");
 }
 
 // A text put by program matches a NoText of another type when both read alike.

@@ -37,7 +37,8 @@ HRESULT TestPropertyBag::Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) no
     {
         // An object is not asked for its default member.
         const bool fromObject = found->second.Object() && wanted != VT_UNKNOWN && wanted != VT_DISPATCH;
-        result = fromObject ? DISP_E_TYPEMISMATCH : VariantChangeType(&answer, &answer, 0, wanted);
+        result =
+            fromObject ? DISP_E_TYPEMISMATCH : VariantChangeType(&answer, &answer, VARIANT_ALPHABOOL, wanted);
     }
     if (SUCCEEDED(result))
     {
