@@ -8,7 +8,8 @@
 #include "runtime/forms/Label.h"
 #include "runtime/forms/Screen.h"
 
-#include <utility>
+#include <functional>
+#include <optional>
 
 namespace kiv
 {
@@ -82,16 +83,12 @@ protected:
                       Screen::PixelsX(layout.Label.Width), lblRight.LineHeight());
         // Parked even while the user types, until the focus comes anew. Deliberate.
         PlaceBox(layout.Box);
-        // A window of almost no height has no border either: with the one that it gets as it grows, it has to
-        // grow once more. A container that gives no more room is not asked again.
-        LONG former = -1;
-        for (std::optional<double> height = layout.Height; height; height = Layout().Height)
-        {
-            const SIZE size = this->TheSurface().OuterSize();
-            if (std::exchange(former, size.cy) == size.cy)
-                break;
-            this->RequestSize({size.cx, Screen::PixelsY(*height)});
-        }
+        this->RequestFit([this]() -> std::optional<SIZE> {
+            const std::optional<double> height = Layout().Height;
+            if (!height)
+                return std::nullopt;
+            return SIZE{this->TheSurface().OuterSize().cx, Screen::PixelsY(*height)};
+        });
     }
 
     void UserControl_Paint() override { lblRight.Draw(); }

@@ -1,6 +1,5 @@
 #include "controls/lists/EnumList.h"
 
-#include "controls/lists/EnumLayout.h"
 #include "controls/lists/EnumMessages.h"
 #include "controls/lists/EnumRecordset.h"
 #include "controls/lists/EnumRules.h"
@@ -78,21 +77,37 @@ void EnumList::UserControl_ReadProperties(PropertyBag& PropBag)
 
 void EnumList::UserControl_Resize()
 {
+    RequestFit([this] { return NeededSize(); });
+    const EnumListLayout layout = Layout();
+    cmd.Move(Screen::PixelsX(layout.ButtonLeft), 0, Screen::PixelsX(ButtonWidth),
+             Screen::PixelsY(TheSurface().ScaleHeight()));
+    if (layout.MissingWidth <= 0 && layout.MissingHeight <= 0)
+        lbl.Move(0, Screen::PixelsY(layout.LabelTop), Screen::PixelsX(layout.LabelWidth),
+                 Screen::PixelsY(LabelHeight()));
+}
+
+EnumListLayout EnumList::Layout() const
+{
     const Surface& surface = TheSurface();
-    const double width = surface.ScaleWidth();
-    const double height = surface.ScaleHeight();
-    const double labelHeight = LabelHeight();
-    const EnumListLayout layout = CalcEnumListLayout(width, height, ButtonWidth, labelHeight);
-    cmd.Move(Screen::PixelsX(layout.ButtonLeft), 0, Screen::PixelsX(ButtonWidth), Screen::PixelsY(height));
-    if (layout.MissingWidth > 0 || layout.MissingHeight > 0)
-    {
-        // Not from the outer size: a window smaller than its border has none that says anything.
-        RequestSize({Screen::PixelsX(width + layout.MissingWidth) + 2 * GetSystemMetrics(SM_CXEDGE),
-                     Screen::PixelsY(height + layout.MissingHeight) + 2 * GetSystemMetrics(SM_CYEDGE)});
-        return;
-    }
-    lbl.Move(0, Screen::PixelsY(layout.LabelTop), Screen::PixelsX(layout.LabelWidth),
-             Screen::PixelsY(labelHeight));
+    return CalcEnumListLayout(surface.ScaleWidth(), surface.ScaleHeight(), ButtonWidth, LabelHeight());
+}
+
+// Only what is missing changes, and that not by the outer size: a window smaller than its border has none
+// that says anything.
+std::optional<SIZE> EnumList::NeededSize() const
+{
+    const EnumListLayout layout = Layout();
+    if (layout.MissingWidth <= 0 && layout.MissingHeight <= 0)
+        return std::nullopt;
+    const Surface& surface = TheSurface();
+    SIZE size = surface.OuterSize();
+    if (layout.MissingWidth > 0)
+        size.cx =
+            Screen::PixelsX(surface.ScaleWidth() + layout.MissingWidth) + 2 * GetSystemMetrics(SM_CXEDGE);
+    if (layout.MissingHeight > 0)
+        size.cy =
+            Screen::PixelsY(surface.ScaleHeight() + layout.MissingHeight) + 2 * GetSystemMetrics(SM_CYEDGE);
+    return size;
 }
 
 void EnumList::UserControl_Paint()

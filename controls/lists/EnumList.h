@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/lists/EnumLayout.h"
 #include "runtime/forms/CommandButton.h"
 #include "runtime/forms/Label.h"
 #include "runtime/forms/StandardControl.h"
@@ -70,6 +71,8 @@ private:
     void ShowCaption(std::wstring_view caption);
     void RefreshEnumLabel();
     double LabelHeight() const;
+    EnumListLayout Layout() const;
+    std::optional<SIZE> NeededSize() const;
 
     std::wstring StateCode;
     std::wstring TableName;

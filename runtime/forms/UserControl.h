@@ -21,6 +21,7 @@
 #include <olectl.h>
 
 #include <functional>
+#include <optional>
 #include <span>
 
 namespace kiv
@@ -171,8 +172,11 @@ protected:
     // Repaints the surface, in the window or wherever the container shows it.
     void Refresh();
     // Asks the container for another size of the control's window, in pixels and with its border; without a
-    // container it is taken.
+    // container it is taken. Not while loading: the control is laid out when that is over.
     void RequestSize(SIZE pixels);
+    // The same until the control fits, or its container gives no more. needed: the size that the control has
+    // to take as it is now; none when it fits.
+    void RequestFit(const std::function<std::optional<SIZE>()>& needed);
     // The window that has the focus when the control has it: the surface's, unless a constituent takes it.
     virtual HWND FocusWindow() const { return surface_.hWnd(); }
     // The letters that, with Alt, lead to the control; the container hears of a change.
@@ -279,7 +283,6 @@ private:
     // UserControl_activation.cpp
     void ActivateInPlace();
     void ActivateUi();
-    void Follow(const RECT& position);
 
     // UserControl_persistence.cpp
     void EnsureInitialized();
@@ -293,6 +296,7 @@ private:
     SIZEL ExtentOf(SIZE pixels) const;
     SIZE PixelsOf(SIZEL extent) const;
     void SetSize(SIZEL extent);
+    void FollowWindow();
 
     const ControlClass& class_;
     AmbientProperties ambient_;

@@ -72,7 +72,6 @@ void UserControl::ActivateInPlace()
             throw ComError(OLE_E_INVALIDHWND);
         surface_.MoveUnder(parent);
         surface_.Place(position, clip, true);
-        Follow(position);
         if (clientSite_)
             ComPtr<IOleClientSite>(clientSite_)->ShowObject();
     }
@@ -181,19 +180,7 @@ HRESULT UserControl::SetObjectRects(LPCRECT position, LPCRECT clip) noexcept
     if (activity_ == Activity::Inactive)
         return E_UNEXPECTED;
     const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] {
-        surface_.Place(*position, *clip, false);
-        Follow(*position);
-    });
-}
-
-// The extent follows the place that the container gave, unless that is its very size in pixels.
-void UserControl::Follow(const RECT& position)
-{
-    const SIZE size = {position.right - position.left, position.bottom - position.top};
-    const SIZE known = PixelsOf(extent_);
-    if (size.cx != known.cx || size.cy != known.cy)
-        extent_ = ExtentOf(size);
+    return Boundary([&] { surface_.Place(*position, *clip, false); });
 }
 
 HRESULT UserControl::ReactivateAndUndo() noexcept

@@ -58,20 +58,49 @@ void UserControl::SetSize(SIZEL extent)
     surface_.Resize(PixelsOf(extent));
 }
 
+// Whoever has given the window its size: the extent is what it was, in fractions of a pixel too, unless the
+// window has become another size.
+void UserControl::FollowWindow()
+{
+    const SIZE size = surface_.OuterSize();
+    const SIZE known = PixelsOf(extent_);
+    if (size.cx != known.cx || size.cy != known.cy)
+        extent_ = ExtentOf(size);
+}
+
 void UserControl::RequestSize(SIZE pixels)
 {
     // A container that insists on its own size answers by setting that again; once is enough.
-    if (requestingSize_)
+    if (requestingSize_ || loading_)
         return;
+    const ComPtr<IUnknown> held(Outer());
     const Scoped<bool> requesting(requestingSize_, true);
     SetSize(ExtentOf(pixels));
-    if (activity_ == Activity::Inactive || loading_)
+    if (activity_ == Activity::Inactive)
         return;
     RECT place = {};
     const HWND window = surface_.hWnd();
     GetWindowRect(window, &place);
     MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
     ComPtr<IOleInPlaceSite>(inPlaceSite_)->OnPosRectChange(&place);
+}
+
+void UserControl::RequestFit(const std::function<std::optional<SIZE>()>& needed)
+{
+    // A window of almost no size has no border either: with the one that it gets as it grows, it has to grow
+    // once more, in either direction.
+    constexpr int MostRequests = 4;
+    const ComPtr<IUnknown> held(Outer());
+    SIZE former = {-1, -1};
+    for (int request = 0; request < MostRequests; ++request)
+    {
+        const std::optional<SIZE> size = needed();
+        const SIZE outer = surface_.OuterSize();
+        if (!size || (outer.cx == former.cx && outer.cy == former.cy))
+            return;
+        former = outer;
+        RequestSize(*size);
+    }
 }
 
 void UserControl::Refresh()

@@ -29,6 +29,7 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
     switch (message)
     {
     case WM_SIZE:
+        FollowWindow();
         if (hasProperties_ && !loading_)
             UserControl_Resize();
         return 0;

@@ -144,8 +144,9 @@ HRESULT RecordingSite::DeactivateAndUndo() noexcept
     return log_->Arrived("DeactivateAndUndo");
 }
 
-HRESULT RecordingSite::OnPosRectChange(LPCRECT) noexcept
+HRESULT RecordingSite::OnPosRectChange(LPCRECT position) noexcept
 {
+    asked_ = *position;
     return log_->Arrived("OnPosRectChange");
 }
 

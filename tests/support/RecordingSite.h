@@ -84,6 +84,8 @@ public:
     // Where the control is to be, in pixels of the host's window.
     void PlaceAt(const RECT& position) { position_ = position; }
     const RECT& Position() const { return position_; }
+    // Where the control last asked to be; known before the call is recorded.
+    const RECT& AskedPosition() const { return asked_; }
     // Lets go of what the control handed over.
     void LetGo();
 
@@ -140,6 +142,7 @@ private:
     Microsoft::WRL::ComPtr<RecordingFrame> frame_;
     Microsoft::WRL::ComPtr<RecordingFrame> document_;
     RECT position_ = {10, 10, 130, 50};
+    RECT asked_ = {};
     std::map<DISPID, Variant> ambients_;
     std::set<DISPID> ambientsRead_;
     bool failAmbients_ = false;
