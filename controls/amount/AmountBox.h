@@ -120,7 +120,7 @@ protected:
             txtLeft.SelText(L"");
             return;
         }
-        txtLeft.Text(filtered.Box.Text);
+        txtLeft.Amend(filtered.Box.Text);
         // The host may have answered the change by another text, which then stands.
         if (txtLeft.Text() == filtered.Box.Text)
             txtLeft.Select(filtered.Box.SelStart, filtered.Box.SelLength);

@@ -3,6 +3,7 @@
 #include "controls/masked/MaskedBox.h"
 #include "resources/ResourceIds.h"
 #include "runtime/forms/Color.h"
+#include "runtime/forms/KeyState.h"
 
 namespace kiv
 {
@@ -45,7 +46,6 @@ void DateBox::UserControl_Initialize()
 {
     txtDate.OnChange = [this] { txtDate_Change(); };
     txtDate.OnClick = [this] { txtDate_Click(); };
-    txtDate.OnGotFocus = [this] { txtDate_GotFocus(); };
     Font(CreateDefaultFont());
     HookBox(txtDate);
 }
@@ -85,10 +85,16 @@ void DateBox::UserControl_Resize()
     CoverWith({&txtDate});
 }
 
+void DateBox::UserControl_EnterFocus()
+{
+    txtDate.SelectAll();
+}
+
 void DateBox::UserControl_KeyDown(short& KeyCode, short Shift)
 {
     RaiseKeyEvent(KeyDownEvent, KeyCode, Shift);
-    if (KeyCode == DeleteKey)
+    // Delete with Shift is the older key for cutting.
+    if (KeyCode == DeleteKey && Shift != ShiftHeld)
         Apply(rules_.KeyDown(StateOf(txtDate), KeyCode), txtDate, KeyCode);
 }
 
@@ -137,11 +143,6 @@ void DateBox::txtDate_Change()
 void DateBox::txtDate_Click()
 {
     RaiseEvent(ClickEvent);
-}
-
-void DateBox::txtDate_GotFocus()
-{
-    txtDate.SelectAll();
 }
 
 LRESULT DateBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)

@@ -38,6 +38,7 @@ private:
     void UserControl_InitProperties() override;
     void UserControl_ReadProperties(PropertyBag& PropBag) override;
     void UserControl_Resize() override;
+    void UserControl_EnterFocus() override;
     void UserControl_KeyDown(short& KeyCode, short Shift) override;
     void UserControl_KeyPress(short& KeyAscii) override;
     void UserControl_KeyUp(short& KeyCode, short Shift) override;
@@ -46,7 +47,6 @@ private:
     void UserControl_Terminate() override;
     void txtDate_Change();
     void txtDate_Click();
-    void txtDate_GotFocus();
 
     // Properties.
     OLE_COLOR BackColor() const override { return txtDate.BackColor(); }

@@ -13,7 +13,7 @@ void Apply(const KeyOutcome& outcome, TextBox& box, short& key)
     key = 0;
     for (const std::wstring& text : outcome.Edits)
     {
-        box.Text(text);
+        box.Amend(text);
         // The host may have answered the change by another text, which then stands.
         if (box.Text() != text)
             return;
@@ -23,6 +23,20 @@ void Apply(const KeyOutcome& outcome, TextBox& box, short& key)
         box.Select(wanted.Start, wanted.Length);
 }
 
+namespace
+{
+
+// The entry is typed anew from its start, also where it is what it was.
+void Replace(TextBox& box, std::wstring_view text)
+{
+    if (box.Text() == text)
+        box.Home();
+    else
+        box.Text(text);
+}
+
+} // namespace
+
 bool HandleClipboardMessage(UINT message, TextBox& box, std::wstring_view mask, const PasteRule& pasted)
 {
     switch (message)
@@ -30,14 +44,14 @@ bool HandleClipboardMessage(UINT message, TextBox& box, std::wstring_view mask, 
     case WM_CUT:
         // The entry is cleared even if the clipboard cannot be had.
         Boundary([&] { Clipboard::SetText(box.hWnd(), box.SelText()); });
-        box.Text(mask);
+        Replace(box, mask);
         return true;
     case WM_PASTE:
         if (const std::optional<std::wstring> text = pasted(Clipboard::GetText(box.hWnd())))
-            box.Text(*text);
+            Replace(box, *text);
         return true;
     case WM_CLEAR:
-        box.Text(mask);
+        Replace(box, mask);
         return true;
     default:
         return false;

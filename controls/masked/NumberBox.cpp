@@ -3,6 +3,7 @@
 #include "controls/masked/MaskedBox.h"
 #include "resources/ResourceIds.h"
 #include "runtime/forms/Color.h"
+#include "runtime/forms/KeyState.h"
 
 namespace kiv
 {
@@ -72,7 +73,8 @@ void NumberBox::UserControl_EnterFocus()
 void NumberBox::UserControl_KeyDown(short& KeyCode, short Shift)
 {
     RaiseKeyEvent(KeyDownEvent, KeyCode, Shift);
-    if (KeyCode == DeleteKey)
+    // Delete with Shift is the older key for cutting.
+    if (KeyCode == DeleteKey && Shift != ShiftHeld)
         Apply(rules_.KeyDown(StateOf(*activeBox_), KeyCode), *activeBox_, KeyCode);
 }
 

@@ -113,6 +113,13 @@ bool Constituent::Handle(UINT message, WPARAM& wParam, LPARAM lParam)
     auto key = static_cast<short>(wParam);
     switch (message)
     {
+    case WM_SYSKEYDOWN:
+    case WM_SYSKEYUP:
+        // With Alt: while the control is deaf they are the form's all the same (its menu, its closing).
+        if (!owner_.TakesInput())
+            return Received(message, wParam, lParam);
+        message == WM_SYSKEYDOWN ? owner_.PreviewKeyDown(key) : owner_.PreviewKeyUp(key);
+        break;
     case WM_KEYDOWN:
         owner_.PreviewKeyDown(key);
         break;

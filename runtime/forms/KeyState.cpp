@@ -13,8 +13,8 @@ short ShiftState()
     std::array<BYTE, 256> keys = {};
     GetKeyboardState(keys.data());
     const auto bitWhenDown = [&keys](std::size_t key, int bit) { return (keys[key] & 0x80) != 0 ? bit : 0; };
-    return static_cast<short>(bitWhenDown(VK_SHIFT, 1) | bitWhenDown(VK_CONTROL, 2) |
-                              bitWhenDown(VK_MENU, 4));
+    return static_cast<short>(bitWhenDown(VK_SHIFT, ShiftHeld) | bitWhenDown(VK_CONTROL, ControlHeld) |
+                              bitWhenDown(VK_MENU, AltHeld));
 }
 
 } // namespace kiv

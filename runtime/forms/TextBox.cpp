@@ -2,6 +2,7 @@
 
 #include "runtime/forms/Color.h"
 #include "runtime/forms/Graphics.h"
+#include "runtime/forms/KeyState.h"
 #include "runtime/forms/SavedDc.h"
 
 #include <algorithm>
@@ -21,6 +22,17 @@ constexpr int Margin = 1;
 DWORD StyleOf(TextBoxLook look)
 {
     return WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | (look.AlignsRight ? DWORD{ES_RIGHT} : 0);
+}
+
+// The message that one of the older keys for the clipboard stands for; 0 for other keys.
+UINT ClipboardMessageOf(WPARAM key)
+{
+    if (key != VK_INSERT && key != VK_DELETE)
+        return 0;
+    const short shift = ShiftState();
+    if (shift == ShiftHeld)
+        return key == VK_INSERT ? WM_PASTE : WM_CUT;
+    return key == VK_INSERT && shift == ControlHeld ? WM_COPY : 0;
 }
 
 void Call(const std::function<void()>& handler)
@@ -48,6 +60,12 @@ std::wstring TextBox::Text() const
 
 void TextBox::Text(std::wstring_view text)
 {
+    if (text != Text())
+        Ask(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Ansi(text).c_str()));
+}
+
+void TextBox::Amend(std::wstring_view text)
+{
     const std::wstring current = Text();
     if (text == current)
         return;
@@ -56,10 +74,9 @@ void TextBox::Text(std::wstring_view text)
     if (fits && text.size() == current.size() && ansi.size() == text.size())
         ReplaceDifference(current, text, ansi);
     else
-        Ask(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(ansi.c_str()));
+        Text(text);
 }
 
-// Overtyping changes a place or two: only they are drawn again.
 void TextBox::ReplaceDifference(std::wstring_view current, std::wstring_view text, std::string ansi)
 {
     const auto differs = std::mismatch(current.begin(), current.end(), text.begin()).first;
@@ -82,6 +99,12 @@ TextBox::Selection TextBox::Selected() const
 void TextBox::Select(int start, int length)
 {
     Ask(EM_SETSEL, static_cast<WPARAM>(start), start + length);
+}
+
+void TextBox::Home()
+{
+    Select(0, 0);
+    Ask(EM_SCROLLCARET);
 }
 
 std::wstring TextBox::SelText() const
@@ -185,11 +208,17 @@ HBRUSH TextBox::Colors(HDC dc)
     return background_.Get();
 }
 
-bool TextBox::Received(UINT message, WPARAM, LPARAM)
+bool TextBox::Received(UINT message, WPARAM wParam, LPARAM)
 {
-    if (message == WM_SETFOCUS)
-        Call(OnGotFocus);
-    else if (message == WM_LBUTTONUP)
+    if (message == WM_KEYDOWN)
+    {
+        // Wine's box pastes and cuts for these keys without the messages that a control hears of it by.
+        const UINT meant = ClipboardMessageOf(wParam);
+        if (meant != 0)
+            SendMessageA(hWnd(), meant, 0, 0);
+        return meant != 0;
+    }
+    if (message == WM_LBUTTONUP)
         Call(OnClick);
     return false;
 }

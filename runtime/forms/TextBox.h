@@ -28,11 +28,14 @@ public:
     // Events.
     std::function<void()> OnChange;
     std::function<void()> OnClick;
-    std::function<void()> OnGotFocus;
 
     std::wstring Text() const;
-    // Raises OnChange, unless the box already holds the text. Where the caret is then is not defined.
+    // Sets the whole text: the caret is at its start then, and the start in view. A text that the box already
+    // holds changes nothing; any other raises OnChange.
     void Text(std::wstring_view text);
+    // The same for what a key makes of the text: only the places that differ are drawn again, and the caret
+    // is behind them.
+    void Amend(std::wstring_view text);
 
     // In characters from 0.
     struct Selection
@@ -45,6 +48,8 @@ public:
     Selection Selected() const;
     void Select(int start, int length);
     void SelectAll() { Select(0, Length()); }
+    // Puts the caret at the start, and that in view.
+    void Home();
     std::wstring SelText() const;
     // Puts a text in the place of the selection, the caret behind it. Raises OnChange.
     void SelText(std::wstring_view text);
