@@ -121,7 +121,13 @@ int AppMsgBox(std::wstring_view text, UINT flags)
 {
     // Copied: while the box is shown the host may set another title.
     const std::string title = Ansi(Module().AppTitle);
-    return MessageBoxA(GetFocus(), Ansi(text).c_str(), title.c_str(), flags);
+    const HWND focus = GetFocus();
+    const int answer = MessageBoxA(focus, Ansi(text).c_str(), title.c_str(), flags);
+    // Not every form puts the focus back where it was: the system leaves it with the form itself.
+    const HWND form = GetAncestor(focus, GA_ROOT);
+    if (focus != form && GetFocus() == form && IsWindowVisible(focus) && IsWindowEnabled(focus))
+        SetFocus(focus);
+    return answer;
 }
 
 } // namespace kiv

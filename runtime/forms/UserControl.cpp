@@ -29,6 +29,7 @@ void UserControl::Initialize()
 
 void UserControl::FinalRelease() noexcept
 {
+    away_.reset();
     if (initializeRan_)
         Boundary([&] { UserControl_Terminate(); });
     Boundary([&] { InPlaceDeactivate(); });

@@ -13,6 +13,7 @@
 #include "runtime/forms/Constituent.h"
 #include "runtime/forms/ControlClass.h"
 #include "runtime/forms/ExtenderProperties.h"
+#include "runtime/forms/FocusWatch.h"
 #include "runtime/forms/Surface.h"
 
 #include <windows.h>
@@ -155,7 +156,8 @@ protected:
     virtual void UserControl_KeyUp(short& KeyCode, short Shift);
     // One of the letters of SetAccessKeys was typed with Alt, wherever the focus is.
     virtual void UserControl_AccessKeyPress(wchar_t) {}
-    // The focus crosses the control's outer edge; moves between its own windows do not count.
+    // The focus crosses the control's outer edge within its form. Moves between its own windows do not count,
+    // and neither does another window in front, a message box or another program, which gives the focus back.
     virtual void UserControl_EnterFocus() {}
     virtual void UserControl_ExitFocus() {}
     virtual void UserControl_WriteProperties(PropertyBag&) {}
@@ -270,6 +272,9 @@ private:
     void MouseReleased(short button, WPARAM keys, LPARAM position);
     void FocusGained(HWND from);
     void FocusLost(HWND to);
+    void FocusGoes(HWND next);
+    bool LeavesFor(HWND window) const;
+    void Leave();
     bool IsOwn(HWND window) const;
 
     // UserControl_events.cpp
@@ -316,7 +321,8 @@ private:
     ConnectionPoint notifications_;
     Activity activity_ = Activity::Inactive;
     bool deactivating_ = false;
-    bool hasFocus_ = false; // as UserControl_EnterFocus and UserControl_ExitFocus told it
+    bool hasFocus_ = false;          // as UserControl_EnterFocus and UserControl_ExitFocus told it
+    std::optional<FocusWatch> away_; // while the focus is with another window in front
     bool requestingSize_ = false;
     SIZEL extent_ = {}; // HIMETRIC
     bool initializeRan_ = false;

@@ -19,6 +19,9 @@ HRESULT UserControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRE
         case OLEIVERB_UIACTIVATE:
             ActivateInPlace();
             ActivateUi();
+            // An active one may have lost the focus to a window that was in front.
+            if (activity_ == Activity::Ui && !surface_.ContainsFocus())
+                SetFocus(FocusWindow());
             return S_OK;
         case OLEIVERB_INPLACEACTIVATE:
             ActivateInPlace();
@@ -152,6 +155,9 @@ HRESULT UserControl::InPlaceDeactivate() noexcept
         const Scoped<bool> deactivating(deactivating_, true);
         UserControl_Hide();
         surface_.Park();
+        // One that had its focus before another window came in front does not get it back.
+        if (away_)
+            Leave();
         activity_ = Activity::Inactive;
         frame_.Reset();
         document_.Reset();

@@ -158,11 +158,17 @@ bool UserControl::IsOwn(HWND window) const
 // send such messages among its own windows.
 void UserControl::FocusGained(HWND from)
 {
-    if (IsOwn(from) || std::exchange(hasFocus_, true))
+    if (IsOwn(from))
+        return;
+    const bool returns = away_.has_value();
+    away_.reset();
+    if (std::exchange(hasFocus_, true) && !returns)
         return;
     // A focus that came by a click or a Tab key makes the control the active one.
     if (activity_ == Activity::InPlace && ambient_.UserMode())
         ActivateUi();
+    if (returns)
+        return;
     UserControl_EnterFocus();
     if (controlSite_)
         Microsoft::WRL::ComPtr<IOleControlSite>(controlSite_)->OnFocus(TRUE);
@@ -170,7 +176,35 @@ void UserControl::FocusGained(HWND from)
 
 void UserControl::FocusLost(HWND to)
 {
-    if (IsOwn(to) || surface_.ContainsFocus() || !std::exchange(hasFocus_, false))
+    if (IsOwn(to) || surface_.ContainsFocus() || !hasFocus_)
+        return;
+    if (LeavesFor(to))
+        Leave();
+    else if (!away_)
+        away_.emplace([this](HWND next) { FocusGoes(next); });
+}
+
+// While another window is in front: it comes back, perhaps by way of a window around the control, or it goes
+// elsewhere in the form after all.
+void UserControl::FocusGoes(HWND next)
+{
+    const Microsoft::WRL::ComPtr<IUnknown> held(Outer());
+    if (next && !IsOwn(next) && !IsChild(next, surface_.hWnd()) && LeavesFor(next))
+        Leave();
+}
+
+// Whether the control is left when the focus goes to a window: one of its own form, or none although the form
+// stays in front, as when the control is disabled.
+bool UserControl::LeavesFor(HWND window) const
+{
+    return window ? FormOf(window) == FormOf(surface_.hWnd())
+                  : GetActiveWindow() == GetAncestor(surface_.hWnd(), GA_ROOT);
+}
+
+void UserControl::Leave()
+{
+    away_.reset();
+    if (!std::exchange(hasFocus_, false))
         return;
     UserControl_ExitFocus();
     if (controlSite_)
