@@ -61,12 +61,48 @@ void RunValueRow(IClassFactory* factory, HWND parent)
     Print({"NumberBox: Value, against the box's text", times.Library, times.Bare, std::nullopt});
 }
 
+// A value that the host assigns, each time another one, against setting the text of a bare box.
+void RunAssignRow(IClassFactory* factory, HWND parent)
+{
+    const HostedControl control(factory, parent, Place);
+    const ComPtr<_NumberBox> box = NumberBoxIn(control);
+    const BareEdit bare(parent, "123-45-6789");
+    const Variant values[] = {Variant(L"123-45-6789"), Variant(L"987-65-4321")};
+    const char* const texts[] = {"123-45-6789", "987-65-4321"};
+    std::size_t onControl = 0;
+    std::size_t onBare = 0;
+    const Pair times = MeasurePair(
+        500, [&] { Check(box->put_Value(values[onControl++ % 2].Get())); },
+        [&] { SetWindowTextA(bare.Handle(), texts[onBare++ % 2]); });
+    Print({"NumberBox: Value set, against a box's text", times.Library, times.Bare, 1.5});
+}
+
+// The focus goes to another form and comes back, and nothing of the entry changes.
+void RunAwayRow(IClassFactory* factory, HWND parent)
+{
+    const HostedControl control(factory, parent, Place);
+    const BareEdit bare(parent, "123-45-6789");
+    const HWND other = CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 500, 500, 50, 50, nullptr,
+                                       nullptr, nullptr, nullptr);
+    const auto there = [other](HWND window) {
+        SetFocus(other);
+        SetFocus(window);
+    };
+    const HWND box = TextBoxOf(NumberBoxIn(control).Get());
+    const Pair times = MeasurePair(
+        100, [&] { there(box); }, [&] { there(bare.Handle()); });
+    Print({"NumberBox: focus to another form and back", times.Library, times.Bare, 1.5});
+    DestroyWindow(other);
+}
+
 } // namespace
 
 void RunNumberBoxRows(IClassFactory* factory, HWND parent)
 {
     RunTypingRow(factory, parent);
     RunValueRow(factory, parent);
+    RunAssignRow(factory, parent);
+    RunAwayRow(factory, parent);
 }
 
 } // namespace kiv::bench

@@ -2,6 +2,7 @@
 #include "bench/Bench.h"
 #include "bench/ChkComboBench.h"
 #include "bench/EnumListBench.h"
+#include "bench/LoadedBench.h"
 #include "bench/NumberBoxBench.h"
 #include "bench/NumbersBench.h"
 #include "bench/PicBench.h"
@@ -44,6 +45,7 @@ void Run()
     kiv::bench::RunNumberBoxRows(FactoryOf(CLSID_NumberBox).Get(), parent);
     kiv::bench::RunAmountRows(FactoryOf(CLSID_CurrencyBox).Get(), FactoryOf(CLSID_PercentBox).Get(), parent);
     kiv::bench::RunEnumListRows(FactoryOf(CLSID_EnumList).Get(), parent);
+    kiv::bench::RunLoadedRows();
     kiv::bench::RunRulesRows();
     kiv::bench::RunNumbersRows();
     DestroyWindow(parent);

@@ -25,8 +25,10 @@ int CountIntDigits(Currency amount)
 // All nines; none where a stored digit count that no let would take makes them too many.
 std::optional<Currency> WidestMaxValue(const CurrencyLimits& limits)
 {
-    const int intDigits = std::max<int>(limits.NumIntDigits, 0);
-    const int decDigits = std::max<int>(limits.NumDecDigits, 0);
+    // More say nothing more: so many are too many, or behind the point round up.
+    constexpr int Enough = 30;
+    const int intDigits = std::clamp<int>(limits.NumIntDigits, 0, Enough);
+    const int decDigits = std::clamp<int>(limits.NumDecDigits, 0, Enough);
     return Currency::From(
         Decimal(false, std::string(static_cast<std::size_t>(intDigits + decDigits), '9'), intDigits));
 }

@@ -14,10 +14,14 @@ namespace
 
 constexpr std::wstring_view WholePattern = L"0";
 
+// As many as any number of automation has. A form file may ask for thousands, which no text box shows in
+// time.
+constexpr int MostDecimals = 28;
+
 // The front of a pattern, and as many fixed decimals as the amount has.
 std::wstring WithDecimals(std::wstring_view front, const CurrencyLimits& limits)
 {
-    const int decimals = std::max<int>(limits.NumDecDigits, 0);
+    const int decimals = std::clamp<int>(limits.NumDecDigits, 0, MostDecimals);
     return std::wstring(front) + std::wstring(static_cast<std::size_t>(decimals), L'0');
 }
 

@@ -137,6 +137,19 @@ TEST(CurrencyLimitsTest, RefusesAResetThatStoredDigitCountsMakeTooWide)
     EXPECT_EQ(Names(change), NameList{L"NumDecDigits"});
 }
 
+// Nines without end round up to a digit too many; four of them and fewer are what the range ends with.
+TEST(CurrencyLimitsTest, RefusesAResetThatStoredDecimalsRoundUp)
+{
+    for (const std::int16_t decimals :
+         {std::int16_t{5}, std::int16_t{30}, std::int16_t{31}, std::int16_t{32767}})
+    {
+        const CurrencyLimitsChange change = LetNumIntDigits(Digits(14, decimals), 5);
+        EXPECT_TRUE(change.Refused) << decimals;
+        EXPECT_EQ(Names(change), NameList{L"NumIntDigits"});
+    }
+    EXPECT_EQ(LetNumIntDigits(Digits(14, 4), 5).Limits.MaxValue.Units(), 999'999'999);
+}
+
 TEST(CurrencyLimitsTest, SurvivesStoredBoundsAtTheEndsOfCurrency)
 {
     CurrencyLimits limits;

@@ -156,8 +156,19 @@ TEST(CurrencyRulesTest, SurvivesStoredDigitCountsThatNoLetWouldTake)
     limits.NumDecDigits = -3;
     EXPECT_EQ(CurrencyTextOf(ParseNumber(L"12.5", {}), limits, {}), L"13.");
     EXPECT_EQ(CurrencyDisplayText(L"12.5", limits, {}), L"13");
-    limits.NumDecDigits = 30000;
-    EXPECT_EQ(CurrencyTextOf(ParseNumber(L"12.5", {}), limits, {}).size(), 30003U);
+    // As many decimals as a number may have, and no more: a text box takes seconds to show thousands.
+    const struct
+    {
+        std::int16_t Stored;
+        std::size_t Shown;
+    } rows[] = {{5, 5}, {27, 27}, {28, 28}, {29, 28}, {30000, 28}, {32767, 28}};
+    for (const auto& row : rows)
+    {
+        limits.NumDecDigits = row.Stored;
+        const std::wstring decimals = L"5" + std::wstring(row.Shown - 1, L'0');
+        EXPECT_EQ(CurrencyTextOf(ParseNumber(L"12.5", {}), limits, {}), L"12." + decimals);
+        EXPECT_EQ(CurrencyDisplayText(L"1234.5", limits, {}), L"1,234." + decimals);
+    }
 }
 
 } // namespace
