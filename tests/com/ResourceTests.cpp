@@ -1,6 +1,8 @@
 // The pictures and the version that KivCtls.ocx carries, read as any program reads a file's resources. The
 // library is mapped without running any of its code.
 
+#include "tests/support/ShippedPicture.h"
+
 #include <windows.h>
 
 #include <winver.h>
@@ -9,9 +11,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cstdint>
+#include <iterator>
 #include <memory>
-#include <ostream>
+#include <optional>
 #include <set>
 #include <string>
 #include <type_traits>
@@ -123,25 +127,23 @@ protected:
     Module library_;
 };
 
-struct NamedIcon
-{
-    const char* name;
-    RECT drawn; // what the picture covers, right and bottom exclusive
-};
-
-std::ostream& operator<<(std::ostream& out, const NamedIcon& icon)
-{
-    return out << icon.name;
-}
-
-class IconTest : public ResourceTest, public testing::WithParamInterface<NamedIcon>
+class IconTest : public ResourceTest, public testing::WithParamInterface<const char*>
 {
 protected:
+    // The text that the icon is made of.
+    static pictures::Picture Source()
+    {
+        std::string name;
+        std::ranges::transform(std::string(GetParam()), std::back_inserter(name),
+                               [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+        return ShippedPicture(name);
+    }
+
     // The icon drawn as the controls draw it.
     Pixels DrawOn(COLORREF background) const
     {
         const Canvas canvas(background);
-        const Icon icon(LoadIconA(library_.get(), GetParam().name));
+        const Icon icon(LoadIconA(library_.get(), GetParam()));
         EXPECT_TRUE(DrawIconEx(canvas.Context(), 0, 0, icon.get(), 0, 0, 0, nullptr, DI_NORMAL));
         return canvas.Read();
     }
@@ -152,7 +154,7 @@ protected:
 // Names are looked up in either case.
 TEST_P(IconTest, HasOne32x32ImageOf16Colours)
 {
-    const BYTE* const group = Resource(GetParam().name, reinterpret_cast<LPCSTR>(RT_GROUP_ICON));
+    const BYTE* const group = Resource(GetParam(), reinterpret_cast<LPCSTR>(RT_GROUP_ICON));
     ASSERT_NE(group, nullptr);
     const auto word = [&](std::size_t at) { return static_cast<WORD>(group[at] | group[at + 1] << 8); };
     EXPECT_EQ(word(4), 1); // images
@@ -169,39 +171,33 @@ TEST_P(IconTest, HasOne32x32ImageOf16Colours)
 
 TEST_P(IconTest, DrawsItsCornerAndLeavesTheRest)
 {
-    constexpr std::uint32_t orange = 0xff8000;
-    constexpr std::uint32_t sky = 0x80c0ff;
-    const Pixels onOrange = DrawOn(RGB(0xff, 0x80, 0));
-    const Pixels onSky = DrawOn(RGB(0x80, 0xc0, 0xff));
-    RECT drawn{Side, Side, 0, 0};
-    for (int y = 0; y < Side; ++y)
+    const pictures::Picture source = Source();
+    for (const COLORREF background : {RGB(0xff, 0x80, 0), RGB(0x80, 0xc0, 0xff)})
     {
-        for (int x = 0; x < Side; ++x)
+        const Pixels shown = DrawOn(background);
+        const std::uint32_t kept = static_cast<std::uint32_t>(GetRValue(background)) << 16 |
+                                   static_cast<std::uint32_t>(GetGValue(background)) << 8 |
+                                   GetBValue(background);
+        for (std::size_t y = 0; y < Side; ++y)
         {
-            const auto i = static_cast<std::size_t>(y * Side + x);
-            const bool kept = onOrange[i] == orange && onSky[i] == sky;
-            // Neither background is one of the 16 colours, so that a pixel is kept or drawn the same on both.
-            EXPECT_TRUE(kept || onOrange[i] == onSky[i]) << x << ", " << y;
-            if (kept)
-                continue;
-            drawn.left = std::min<LONG>(drawn.left, x);
-            drawn.top = std::min<LONG>(drawn.top, y);
-            drawn.right = std::max<LONG>(drawn.right, x + 1);
-            drawn.bottom = std::max<LONG>(drawn.bottom, y + 1);
+            for (std::size_t x = 0; x < Side; ++x)
+            {
+                const pictures::Pixel drawn =
+                    x < source.width && y < source.height ? source.At(x, y) : std::nullopt;
+                const std::uint32_t expected =
+                    drawn ? std::uint32_t{drawn->red} << 16 | std::uint32_t{drawn->green} << 8 | drawn->blue
+                          : kept;
+                EXPECT_EQ(shown[y * Side + x], expected) << x << ", " << y;
+            }
         }
     }
-    EXPECT_TRUE(EqualRect(&drawn, &GetParam().drawn))
-        << drawn.left << ", " << drawn.top << ", " << drawn.right << ", " << drawn.bottom;
 }
 
-const NamedIcon NamedIcons[]{
-    {"checkmark", {0, 0, 15, 10}},      {"CHECKMARK", {0, 0, 15, 10}},  {"partial", {0, 0, 15, 10}},
-    {"plus", {0, 0, 18, 18}},           {"minus", {0, 0, 18, 18}},      {"note", {0, 0, 23, 23}},
-    {"graph", {0, 0, 23, 23}},          {"weblink", {0, 0, 23, 23}},    {"chkcmb_chk", {1, 2, 13, 12}},
-    {"chkcmb_chk_sel", {1, 2, 13, 12}}, {"chkcmb_par", {1, 2, 13, 12}}, {"chkcmb_par_sel", {1, 2, 13, 12}},
-};
-INSTANTIATE_TEST_SUITE_P(Resources, IconTest, testing::ValuesIn(NamedIcons),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Resources, IconTest,
+                         testing::Values("checkmark", "CHECKMARK", "partial", "plus", "minus", "note",
+                                         "graph", "weblink", "chkcmb_chk", "chkcmb_chk_sel", "chkcmb_par",
+                                         "chkcmb_par_sel"),
+                         [](const auto& row) { return std::string(row.param); });
 
 TEST_F(ResourceTest, OptionImagesAre14x14With16Colours)
 {

@@ -3,8 +3,8 @@
 
 # Which folders a file may include from; the first row that fits it counts. The order of the library's own rows
 # is the order of its layers. Hosts, tests and benchmarks stand outside: they see it only through COM, but may
-# use the automation building blocks. tests/native, tests/module and
-# the benchmarks of rules look inside.
+# use the automation building blocks. tests/native, tests/module and the benchmarks of rules look inside,
+# tests/pictures into what reads text pictures.
 MODULE='framework/(SubClass|ModuleData|HostTitle|MessageLong)'
 LAYERS="\
 runtime/core/   runtime/core/
@@ -15,7 +15,8 @@ controls/       runtime/|$MODULE|resources/|controls/
 framework/      runtime/|framework/|controls/
 resources/      resources/
 tools/          runtime/core/|resources/|tools/
-tests/native/   runtime/core/|controls/|host/|resources/|tools/|tests/native/
+tests/pictures/ tools/pictures/|tests/pictures/
+tests/native/   runtime/core/|controls/|host/|resources/|tools/|tests/(native|pictures)/
 fuzz/           runtime/core/|controls/|host/|fuzz/
 tests/module/   runtime/|$MODULE|host/|tests/(support|module)/
 host/           runtime/(core|com)/|host/
@@ -84,7 +85,7 @@ portable_files() {
     local rules
     rules=$(sed -n '/^add_library(kiv_rules/,/)/p' controls/CMakeLists.txt | grep -oE '[A-Za-z/]+\.cpp' |
         sed 's/\.cpp$//' | paste -sd '|')
-    cpp_sources | grep -E "^((runtime/core|tools|fuzz|tests/native|host/formfile)/|host/data/[A-Za-z]*Query|controls/($rules)\.)"
+    cpp_sources | grep -E "^((runtime/core|tools|fuzz|tests/(native|pictures)|host/formfile)/|host/data/[A-Za-z]*Query|controls/($rules)\.)"
 }
 
 find_long_files() {

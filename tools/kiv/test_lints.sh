@@ -30,8 +30,8 @@ expect find_misformatted tools/a/A.cpp 'int F()\n{\n    return 1;\n}\n' ''
 expect find_misformatted tools/a/A.cpp 'int F()\n{\n  return 1;\n}\n' 'tools/a/A.cpp:2: not laid out'
 
 # Every layer may see itself and those before it, and nothing after it.
-mkdir -p "$samples"/{runtime/{core,com,forms},framework,controls/x,host,tests/{com,native},bench,fuzz}
-for header in runtime/core/H runtime/com/H runtime/forms/H framework/SubClass controls/x/H framework/Library host/H; do
+mkdir -p "$samples"/{runtime/{core,com,forms},framework,controls/x,host,tests/{com,native,pictures},tools/pictures,bench,fuzz}
+for header in runtime/core/H runtime/com/H runtime/forms/H framework/SubClass controls/x/H framework/Library host/H tools/pictures/H tests/pictures/H; do
     : >"$samples/$header.h"
 done
 may_include() { expect find_wrong_includes "$1" "#include \"$2\"\n" ''; }
@@ -57,6 +57,11 @@ may_include tests/module/A.cpp framework/SubClass.h
 must_not_include tests/module/A.cpp framework/Library.h
 must_not_include bench/A.cpp framework/SubClass.h
 may_include tests/native/A.cpp controls/x/H.h
+may_include tests/native/A.cpp tests/pictures/H.h
+may_include tests/com/A.cpp tests/pictures/H.h
+must_not_include tests/com/A.cpp tools/pictures/H.h
+may_include tests/pictures/A.cpp tools/pictures/H.h
+must_not_include tests/pictures/A.cpp host/H.h
 must_not_include fuzz/A.cpp runtime/com/H.h
 expect find_wrong_includes controls/x/A.cpp '#include "controls/x/Gone.h"\n' \
     'controls/x/A.cpp:1: there is no controls/x/Gone.h'
@@ -68,6 +73,7 @@ expect find_windows_headers runtime/core/A.h '#include <string>\n' ''
 expect find_windows_headers runtime/core/A.h '\n#include <windows.h>\n' 'runtime/core/A.h:2: portable code must not include windows.h'
 expect find_windows_headers tools/a/A.cpp '#include <OleAuto.h>\n' 'tools/a/A.cpp:1: portable code'
 expect find_windows_headers controls/x/Rules.h '#include <windows.h>\n' 'controls/x/Rules.h:1: portable code'
+expect find_windows_headers tests/pictures/A.h '#include <windows.h>\n' 'tests/pictures/A.h:1: portable code'
 expect find_windows_headers controls/x/A.h '#include <windows.h>\n' ''
 expect find_windows_headers runtime/com/A.h '#include <windows.h>\n' ''
 
