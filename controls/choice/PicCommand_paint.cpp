@@ -147,8 +147,9 @@ void PicCommand::DrawFace(const DRAWITEMSTRUCT& item, const PixelRect& inside, c
     if ((item.itemState & ODS_SELECTED) != 0)
         OffsetRect(&text, 1, 1);
     const auto font = reinterpret_cast<HFONT>(SendMessageA(TheSurface().hWnd(), WM_GETFONT, 0, 0));
-    // Measured as it stands, "&" included: hosts have always seen the icon so far to the left.
-    const int captionWidth = icon && PictureType != 0 ? TextWidthInPixels(Caption, font) : 0;
+    // Measured as it stands, "&" included: hosts have always seen the icon so far to the left. It is drawn in
+    // the code page.
+    const int captionWidth = icon && PictureType != 0 ? TextWidthInPixels(Wide(Ansi(Caption)), font) : 0;
     const ButtonLayout layout = ButtonLayoutOf(ToPixelRect(text), picture, PictureType, captionWidth);
     {
         const Graphics graphics(nullptr, dc, font, GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE));

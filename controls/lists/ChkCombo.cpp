@@ -170,7 +170,7 @@ HRESULT ChkCombo::get_hwnd(LONG* result) noexcept
 
 HRESULT ChkCombo::get_Text(BSTR* result) noexcept
 {
-    return Get(result, [&] { return Bstr(Wide(combo_.ItemText(combo_.Selected()))).Detach(); });
+    return Get(result, [&] { return Bstr(combo_.ItemText(combo_.Selected())).Detach(); });
 }
 
 HRESULT ChkCombo::get_ListIndex(short* result) noexcept
@@ -215,7 +215,7 @@ HRESULT ChkCombo::get_List(short Index, BSTR* result) noexcept
 {
     return Get(result, [&] {
         RequireItem(Index);
-        return Bstr(Wide(combo_.ItemText(Index))).Detach();
+        return Bstr(combo_.ItemText(Index)).Detach();
     });
 }
 
@@ -230,7 +230,7 @@ void ChkCombo::List(short Index, std::wstring_view newText)
 {
     RequireItem(Index);
     const long data = combo_.ItemData(Index);
-    combo_.Insert(Ansi(newText), Index);
+    combo_.Insert(std::wstring(newText), Index);
     combo_.ItemData(Index, data);
     combo_.Remove(Index + 1);
     FollowShift(HScroll1.Value());
@@ -286,7 +286,7 @@ void ChkCombo::Insert(std::wstring_view Item, short Index)
         throw ComError(InvalidPropertyIndex);
     if (list_.IsFull())
         throw ComError(Overflow);
-    const auto inserted = static_cast<short>(combo_.Insert(Ansi(Item), Index));
+    const auto inserted = static_cast<short>(combo_.Insert(std::wstring(Item), Index));
     list_.Inserted(inserted);
     const short selected = AfterInsertion(HScroll1.Value(), inserted);
     if (selected == HScroll1.Value())

@@ -188,7 +188,7 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
     const auto index = static_cast<int>(item.itemID);
     if (!list_.Holds(index))
         return;
-    const std::string text = combo_.ItemText(index);
+    const std::wstring text = combo_.ItemText(index);
 
     const bool selected = (item.itemState & ODS_SELECTED) != 0;
     const COLORREF background =
@@ -204,7 +204,7 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
         DrawIconEx(dc, place.left, ItemIconTop(place.top, place.bottom), picture, 0, 0, 0, nullptr,
                    DI_NORMAL);
     place.left = ItemTextLeft(place.left, icon);
-    DrawTextA(dc, text.c_str(), -1, &place, ItemTextFormat);
+    DrawTextW(dc, text.c_str(), -1, &place, ItemTextFormat);
 }
 
 } // namespace kiv

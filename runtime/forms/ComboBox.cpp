@@ -29,14 +29,14 @@ int ComboBox::Count() const
     return static_cast<int>(Ask(CB_GETCOUNT));
 }
 
-std::string ComboBox::ItemText(int index) const
+std::wstring ComboBox::ItemText(int index) const
 {
     const auto item = static_cast<WPARAM>(index);
-    const LRESULT length = Ask(CB_GETLBTEXTLEN, item);
+    const LRESULT length = AskWide(CB_GETLBTEXTLEN, item, 0);
     if (length <= 0)
         return {};
-    std::string text(static_cast<std::size_t>(length) + 1, '\0');
-    const LRESULT copied = Ask(CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    const LRESULT copied = AskWide(CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<std::size_t>(std::clamp<LRESULT>(copied, 0, length)));
     return text;
 }
@@ -51,10 +51,10 @@ void ComboBox::ItemData(int index, long data)
     Ask(CB_SETITEMDATA, static_cast<WPARAM>(index), data);
 }
 
-int ComboBox::Insert(const std::string& text, int index)
+int ComboBox::Insert(const std::wstring& text, int index)
 {
     const LRESULT inserted =
-        Ask(CB_INSERTSTRING, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.c_str()));
+        AskWide(CB_INSERTSTRING, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.c_str()));
     if (inserted < 0)
         throw ComError(E_OUTOFMEMORY);
     return static_cast<int>(inserted);

@@ -14,13 +14,12 @@ class ComboBox final : public Constituent
 public:
     ComboBox(ConstituentOwner& owner, HWND parent);
 
-    // Texts are in the ANSI code page, as the combo box has them.
     int Count() const;
-    std::string ItemText(int index) const;
+    std::wstring ItemText(int index) const;
     long ItemData(int index) const;
     void ItemData(int index, long data);
     // At the end for -1. Returns where the item is; throws ComError (E_OUTOFMEMORY) when it cannot be had.
-    int Insert(const std::string& text, int index);
+    int Insert(const std::wstring& text, int index);
     void Remove(int index);
     void Clear();
 

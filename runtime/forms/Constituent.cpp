@@ -31,6 +31,10 @@ Constituent::Constituent(ConstituentOwner& owner, HWND parent, const char* windo
     if (!window_)
         ThrowLastError();
     PerThread<Constituents>().ByWindow[window_] = this;
+    // The system's controls keep their texts in Unicode, whatever the window is. Sent to one that is ANSI, or
+    // handed to previous_, a text is taken into the code page and back; handed to the class's own procedure
+    // as Unicode windows know it, it is not.
+    widePrevious_ = reinterpret_cast<WNDPROC>(GetClassLongPtrW(window_, GCLP_WNDPROC));
     previous_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Constituent::WndProc)));
 }
@@ -84,6 +88,11 @@ void Constituent::HelpContextID(long topic)
 LRESULT Constituent::Ask(UINT message, WPARAM wParam, LPARAM lParam) const
 {
     return window_ ? CallWindowProcA(previous_, window_, message, wParam, lParam) : 0;
+}
+
+LRESULT Constituent::AskWide(UINT message, WPARAM wParam, LPARAM lParam) const
+{
+    return window_ ? CallWindowProcW(widePrevious_, window_, message, wParam, lParam) : 0;
 }
 
 void Constituent::Notified(WORD) {}

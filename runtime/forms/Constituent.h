@@ -63,6 +63,8 @@ protected:
     // Hands a message straight to the system's control, past the hooks: for what the control itself wants to
     // know or do many times for each key.
     LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    // The same for a message with a text in Unicode, in or out, of which nothing is lost.
+    LRESULT AskWide(UINT message, WPARAM wParam, LPARAM lParam) const;
 
     // The window's own messages, after the owner has seen what is its to see; returns true when that is all
     // there is to do.
@@ -75,6 +77,7 @@ private:
     ConstituentOwner& owner_;
     HWND window_ = nullptr;
     WNDPROC previous_ = nullptr;
+    WNDPROC widePrevious_ = nullptr;
 };
 
 } // namespace kiv

@@ -14,29 +14,30 @@ namespace kiv
 namespace
 {
 
-constexpr char ClassName[] = "KivControls.Form";
+constexpr wchar_t ClassName[] = L"KivControls.Form";
 constexpr DWORD Style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN;
 constexpr DWORD ExtendedStyle = WS_EX_DLGMODALFRAME;
 
-// The window class, there while the module is.
+// The window class, there while the module is. In Unicode, other than the surface's: the caption is the
+// host's, with letters that the code page may lack.
 class WindowClass
 {
 public:
     explicit WindowClass(WNDPROC procedure)
     {
-        WNDCLASSEXA description = {};
+        WNDCLASSEXW description = {};
         description.cbSize = sizeof description;
         description.lpfnWndProc = procedure;
         description.cbWndExtra = sizeof(Form*);
         description.hInstance = ModuleInstance();
-        description.hCursor = LoadCursorA(nullptr, reinterpret_cast<const char*>(IDC_ARROW));
+        description.hCursor = LoadCursorW(nullptr, reinterpret_cast<const wchar_t*>(IDC_ARROW));
         description.lpszClassName = ClassName;
-        if (RegisterClassExA(&description) == 0)
+        if (RegisterClassExW(&description) == 0)
             ThrowLastError();
     }
     WindowClass(const WindowClass&) = delete;
     WindowClass& operator=(const WindowClass&) = delete;
-    ~WindowClass() { UnregisterClassA(ClassName, ModuleInstance()); }
+    ~WindowClass() { UnregisterClassW(ClassName, ModuleInstance()); }
 };
 
 } // namespace
@@ -74,7 +75,7 @@ void Form::Load(HWND owner, std::wstring_view caption)
     RECT place = {0, 0, Screen::PixelsX(innerWidth_), Screen::PixelsY(innerHeight_)};
     const SIZE inner = {place.right, place.bottom};
     AdjustWindowRectEx(&place, Style, FALSE, ExtendedStyle);
-    if (!CreateWindowExA(ExtendedStyle, ClassName, Ansi(caption).c_str(), Style, 0, 0,
+    if (!CreateWindowExW(ExtendedStyle, ClassName, std::wstring(caption).c_str(), Style, 0, 0,
                          place.right - place.left, place.bottom - place.top, owner, nullptr, ModuleInstance(),
                          this))
         ThrowLastError();
@@ -92,7 +93,7 @@ void Form::Destroy() noexcept
     if (const HWND window = std::exchange(window_, nullptr))
     {
         // From here on its messages find no form.
-        SetWindowLongPtrA(window, 0, 0);
+        SetWindowLongPtrW(window, 0, 0);
         DestroyWindow(window);
     }
 }
@@ -288,7 +289,7 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     default:
         break;
     }
-    return DefWindowProcA(window_, message, wParam, lParam);
+    return DefWindowProcW(window_, message, wParam, lParam);
 }
 
 // Nothing may unwind through a window procedure: an error ends the message, with nothing done.
@@ -296,20 +297,20 @@ LRESULT CALLBACK Form::WndProc(HWND window, UINT message, WPARAM wParam, LPARAM 
 {
     if (message == WM_NCCREATE)
     {
-        auto* created = static_cast<Form*>(reinterpret_cast<CREATESTRUCTA*>(lParam)->lpCreateParams);
+        auto* created = static_cast<Form*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
         created->window_ = window;
-        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(created));
-        return DefWindowProcA(window, message, wParam, lParam);
+        SetWindowLongPtrW(window, 0, reinterpret_cast<LONG_PTR>(created));
+        return DefWindowProcW(window, message, wParam, lParam);
     }
-    auto* form = reinterpret_cast<Form*>(GetWindowLongPtrA(window, 0));
+    auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, 0));
     if (!form)
-        return DefWindowProcA(window, message, wParam, lParam);
+        return DefWindowProcW(window, message, wParam, lParam);
     if (message == WM_NCDESTROY)
     {
         // The owner has gone and has taken its window with it.
         form->window_ = nullptr;
         Boundary([&] { form->Unload(); });
-        return DefWindowProcA(window, message, wParam, lParam);
+        return DefWindowProcW(window, message, wParam, lParam);
     }
     LRESULT result = 0;
     Boundary([&] { result = form->Handle(message, wParam, lParam); });

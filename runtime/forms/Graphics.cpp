@@ -67,9 +67,8 @@ int TextWidthInPixels(std::wstring_view text, HFONT font)
 {
     const HDC dc = PerThread<Ruler>().Dc.Get();
     const Selection selected(dc, font);
-    const std::string ansi = Ansi(text);
     SIZE extent = {};
-    GetTextExtentPoint32A(dc, ansi.c_str(), static_cast<int>(ansi.size()), &extent);
+    GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &extent);
     return extent.cx;
 }
 

@@ -1,7 +1,5 @@
 #include "runtime/forms/ListBox.h"
 
-#include "runtime/forms/Graphics.h"
-
 #include <new>
 
 namespace kiv
@@ -26,8 +24,8 @@ ListBox::ListBox(ConstituentOwner& owner, HWND parent) :
 
 int ListBox::AddItem(std::wstring_view text)
 {
-    const LRESULT index =
-        Ask(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Ansi(text.substr(0, LongestShown)).c_str()));
+    const std::wstring shown(text.substr(0, LongestShown));
+    const LRESULT index = AskWide(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(shown.c_str()));
     if (index < 0)
         throw std::bad_alloc();
     texts_.emplace_back(text);

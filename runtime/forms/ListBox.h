@@ -25,8 +25,7 @@ public:
     int AddItem(std::wstring_view text);
     void Clear();
     int ListCount() const { return static_cast<int>(texts_.size()); }
-    // The item's text as it was added. The window has its beginning, as far as any screen could show it, in
-    // the ANSI code page.
+    // The item's text as it was added. The window has its beginning, as far as any screen could show it.
     const std::wstring& List(int index) const { return texts_[static_cast<std::size_t>(index)]; }
     int ItemData(int index) const;
     void ItemData(int index, int data);

@@ -182,6 +182,24 @@ TEST_F(ChkComboComTest, AnswersByName)
     EXPECT_EQ(Property(control, L"ListCount").Short(), 0);
 }
 
+// Letters that the code page lacks, and those that take two units, too.
+TEST_F(ChkComboComTest, GivesTextsBackAsItTookThem)
+{
+    const ComPtr<IDispatch> control = Create();
+    const std::wstring texts[] = {L"\u0141\u00F3d\u017A", L"\u65E5\u672C \U0001F600", L"",
+                                  std::wstring(65535, L'x') + L"\u0142"};
+    for (const std::wstring& text : texts)
+        Add(control, text.c_str());
+    for (long index = 0; index < 4; ++index)
+    {
+        EXPECT_TRUE(ItemProperty(control, L"List", Variant(index)).Value.Text() == texts[index]) << index;
+        EXPECT_EQ(Hr(PutByName(control.Get(), L"ListIndex", Variant(index)).Result), Hr(S_OK));
+        EXPECT_TRUE(Property(control, L"Text").Text() == texts[index]) << index;
+    }
+    EXPECT_EQ(Hr(PutItemProperty(control, L"List", Variant(2L), Variant(L"\u017Bory")).Result), Hr(S_OK));
+    EXPECT_EQ(ItemProperty(control, L"List", Variant(2L)).Value.Text(), L"\u017Bory");
+}
+
 TEST_F(ChkComboComTest, RaisesItsErrors)
 {
     const ComPtr<IDispatch> control = Create();

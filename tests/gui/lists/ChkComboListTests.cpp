@@ -281,7 +281,7 @@ TEST_F(ChkComboList, KeepsEverythingElseWhenATextIsReplaced)
 TEST_F(ChkComboList, HoldsLongTexts)
 {
     HostedCombo combo = ShownCombo();
-    const std::wstring text(65536, L'x');
+    const std::wstring text = std::wstring(65536, L'x') + L"\u0142";
     combo.Add(text.c_str());
     combo.Add(L"");
     EXPECT_EQ(combo.Item(0), text);
@@ -295,16 +295,40 @@ TEST_F(ChkComboList, HoldsLongTexts)
     EXPECT_EQ(combo.Item(1), text);
 }
 
-// What the system's code page lacks is shown as a question mark; a text ends at its first null.
-TEST_F(ChkComboList, HoldsTextsAsTheSystemsCodePageHasThem)
+// Also what the system's code page lacks; a text ends at its first null.
+TEST_F(ChkComboList, HoldsTextsAsTheyAreGiven)
 {
-    HostedCombo combo = AddCombo();
-    combo.Add(L"caf\u00E9 \u65E5 & Co");
-    EXPECT_EQ(combo.Item(0), L"caf\u00E9 ? & Co");
+    HostedCombo combo = ShownCombo();
+    const wchar_t* const texts[] = {
+        L"caf\u00E9 \u65E5 & Co", L"\u0141\u00F3d\u017A", L"\U0001D54B\u0301 \U0001F600", L"",
+        L"\xD83D halved",
+    };
+    for (const wchar_t* const text : texts)
+        combo.Add(text);
+    for (short index = 0; index < 5; ++index)
+    {
+        SCOPED_TRACE(index);
+        EXPECT_EQ(combo.Item(index), texts[index]);
+        ASSERT_HRESULT_SUCCEEDED(combo->put_ListIndex(index));
+        EXPECT_EQ(combo.Text(), texts[index]);
+        ASSERT_HRESULT_SUCCEEDED(combo->put_List(index, Bstr(texts[4 - index]).Get()));
+        EXPECT_EQ(combo.Item(index), texts[4 - index]);
+        EXPECT_EQ(combo.Text(), texts[4 - index]);
+        ASSERT_HRESULT_SUCCEEDED(combo->put_List(index, Bstr(texts[index]).Get()));
+    }
+    combo.Open(true);
+    ClickAt(combo.ItemOnScreen(1));
+    EXPECT_EQ(combo.Text(), texts[1]) << "chosen by mouse";
+    char read[16] = {};
+    SendMessageA(combo.Combo(), CB_GETLBTEXT, 1, reinterpret_cast<LPARAM>(read));
+    EXPECT_STREQ(read, "L\xF3"
+                       "dz")
+        << "what another program reads is in the code page";
+    ASSERT_HRESULT_SUCCEEDED(combo->Clear());
     EXPECT_HRESULT_SUCCEEDED(combo->AddItem(Bstr(std::wstring_view(L"a\0b", 3)).Get(), -1));
-    EXPECT_EQ(combo.Item(1), L"a");
+    EXPECT_EQ(combo.Item(0), L"a");
     EXPECT_HRESULT_SUCCEEDED(combo->AddItem(nullptr, -1));
-    EXPECT_EQ(combo.Item(2), L"");
+    EXPECT_EQ(combo.Item(1), L"");
 }
 
 TEST_F(ChkComboList, TakesAsManyItemsAsItsIndexesReach)

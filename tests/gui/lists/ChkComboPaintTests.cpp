@@ -21,7 +21,7 @@ struct ItemLook
     COLORREF BackColor = 0;
     COLORREF ForeColor = 0;
     int IconTop = 0;
-    std::string Text;
+    std::wstring Text;
 };
 
 class Brush
@@ -58,7 +58,7 @@ void PaintItem(HDC dc, const RECT& place, const ItemLook& look, HFONT font)
     }
     SetBkColor(dc, look.BackColor);
     SetTextColor(dc, look.ForeColor);
-    DrawTextA(dc, look.Text.c_str(), -1, &textPlace, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    DrawTextW(dc, look.Text.c_str(), -1, &textPlace, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
     SelectObject(dc, formerFont);
 }
 
@@ -126,7 +126,7 @@ TEST_P(ChkComboItem, ShowsItsStatus)
         look.BackColor = GetSysColor(GetParam().Selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
         look.ForeColor = GetSysColor(GetParam().Selected ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
         look.IconTop = (place.top + place.bottom - 14) / 2;
-        look.Text = "item 0";
+        look.Text = L"item 0";
         const UINT state = GetParam().Selected ? UINT{ODS_SELECTED} : 0U;
         const Pixels expected = Expected(combo, look, place);
         EXPECT_EQ(Difference(expected, Drawn(combo, 0, ODA_DRAWENTIRE, state, place)), "");
@@ -173,7 +173,7 @@ TEST_P(ChkComboColours, AreThoseOfUnselectedItems)
     ItemLook look;
     look.BackColor = resolved(row.BackIsSystem, row.BackShown);
     look.ForeColor = resolved(row.ForeIsSystem, row.ForeShown);
-    look.Text = "item 0";
+    look.Text = L"item 0";
     EXPECT_EQ(Difference(Expected(combo, look, place), Drawn(combo, 0, ODA_DRAWENTIRE, 0, place)), "");
     look.BackColor = GetSysColor(COLOR_HIGHLIGHT);
     look.ForeColor = GetSysColor(COLOR_HIGHLIGHTTEXT);
@@ -214,9 +214,30 @@ TEST_F(ChkComboPaint, ShowsAmpersands)
     ItemLook look;
     look.BackColor = GetSysColor(COLOR_WINDOW);
     look.ForeColor = GetSysColor(COLOR_BTNTEXT);
-    look.Text = "W-2 && 1099 &R";
+    look.Text = L"W-2 && 1099 &R";
     const RECT place = {0, 0, 120, 20};
     EXPECT_EQ(Difference(Expected(combo, look, place), Drawn(combo, 0, ODA_DRAWENTIRE, 0, place)), "");
+}
+
+// Letters that the code page lacks are drawn as they are, not as those that come nearest to them.
+TEST_F(ChkComboPaint, ShowsLettersThatTheCodePageLacks)
+{
+    const wchar_t* const texts[] = {L"\u0141\u00F3d\u017A", L"L\u00F3dz", L"Lodz"};
+    HostedCombo combo = AddCombo();
+    for (const wchar_t* const text : texts)
+        combo.Add(text);
+    const RECT place = {0, 0, 120, 20};
+    const auto drawn = [&](int index) { return Drawn(combo, index, ODA_DRAWENTIRE, 0, place); };
+    for (int index = 0; index < 3; ++index)
+    {
+        ItemLook look;
+        look.BackColor = GetSysColor(COLOR_WINDOW);
+        look.ForeColor = GetSysColor(COLOR_BTNTEXT);
+        look.Text = texts[index];
+        EXPECT_EQ(Difference(Expected(combo, look, place), drawn(index)), "") << index;
+    }
+    EXPECT_NE(Difference(drawn(1), drawn(0)), "");
+    EXPECT_NE(Difference(drawn(2), drawn(0)), "");
 }
 
 TEST_F(ChkComboPaint, AnswersTheSystemsQuestionForAHeightWithItsOwn)
@@ -238,8 +259,8 @@ TEST_F(ChkComboPaint, ShowsTheOpenList)
     ASSERT_HRESULT_SUCCEEDED(combo->put_ListIndex(1));
     combo.Open(true);
     Settle();
-    const auto expectItem = [&](int index, const char* icon, bool selected, const char* text) {
-        SCOPED_TRACE(text);
+    const auto expectItem = [&](int index, const char* icon, bool selected, const wchar_t* text) {
+        SCOPED_TRACE(testing::Message() << text);
         RECT place = {};
         SendMessageW(combo.List(), LB_GETITEMRECT, static_cast<WPARAM>(index),
                      reinterpret_cast<LPARAM>(&place));
@@ -265,15 +286,15 @@ TEST_F(ChkComboPaint, ShowsTheOpenList)
         }
         EXPECT_EQ(Difference(expected, shown), "");
     };
-    expectItem(0, nullptr, false, "item 0");
-    expectItem(1, "CHKCMB_PAR_SEL", true, "item 1");
-    expectItem(2, "CHKCMB_CHK", false, "item 2");
+    expectItem(0, nullptr, false, L"item 0");
+    expectItem(1, "CHKCMB_PAR_SEL", true, L"item 1");
+    expectItem(2, "CHKCMB_CHK", false, L"item 2");
     ASSERT_HRESULT_SUCCEEDED(combo->put_ListCompletionStatus(0, Complete));
     ASSERT_HRESULT_SUCCEEDED(combo->put_ListCompletionStatus(1, Complete));
     Settle();
-    expectItem(0, "CHKCMB_CHK", false, "item 0");
-    expectItem(1, "CHKCMB_CHK_SEL", true, "item 1");
-    expectItem(2, "CHKCMB_CHK", false, "item 2");
+    expectItem(0, "CHKCMB_CHK", false, L"item 0");
+    expectItem(1, "CHKCMB_CHK_SEL", true, L"item 1");
+    expectItem(2, "CHKCMB_CHK", false, L"item 2");
     combo.Open(false);
 }
 

@@ -3,6 +3,7 @@
 #include "tests/gui/lists/ListsTest.h"
 
 #include "tests/support/MessageBoxWatcher.h"
+#include "tests/support/Pixels.h"
 
 namespace kiv::test
 {
@@ -77,6 +78,49 @@ TEST_F(PickerFormTest, IsAsWideAsItsLongestLineWithinTheScreen)
     EXPECT_EQ(width(), wide) << "every line counts";
     Database().Rows({{L"MA", L"Single", Variant(L"1"), Variant(std::wstring(600, L'W'))}});
     EXPECT_EQ(width(), screen);
+}
+
+// Neither the caption nor the list takes letters that the code page lacks for others.
+TEST_F(PickerFormTest, ShowsLettersThatTheCodePageLacks)
+{
+    host::ControlSite& list = ShownList();
+    const wchar_t* const texts[] = {L"\u0141\u00F3d\u017A \u65E5", L"L\u00F3dz ?", L"Lodz ?"};
+    std::vector<Pixels> shown;
+    for (const wchar_t* const text : texts)
+    {
+        Database().Rows({{L"MA", L"Single", Variant(L"1"), Variant(text)}});
+        list.Put(L"EnumListTitle", Variant(text));
+        Pick([&](Picker& picker) {
+            picker.Settle();
+            shown.push_back(PixelsOfWindow(picker.List()));
+            EXPECT_EQ(WindowText(picker.Window()), text);
+        });
+    }
+    ASSERT_EQ(shown.size(), 3U);
+    EXPECT_NE(Difference(shown[1], shown[0]), "");
+    EXPECT_NE(Difference(shown[2], shown[0]), "");
+}
+
+TEST_F(PickerFormTest, IsAsWideAsLettersThatTheCodePageLacks)
+{
+    ShownList();
+    const auto beside = [&](wchar_t letter) {
+        const std::wstring line(60, letter);
+        Database().Rows({{L"MA", L"Single", Variant(L"1"), Variant(line)}});
+        SIZE text = {};
+        long inner = 0;
+        Pick([&](Picker& picker) {
+            inner = picker.InnerSize().cx;
+            const HDC dc = GetDC(picker.List());
+            const HGDIOBJ former =
+                SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(picker.List(), WM_GETFONT, 0, 0)));
+            GetTextExtentPoint32W(dc, line.c_str(), static_cast<int>(line.size()), &text);
+            SelectObject(dc, former);
+            ReleaseDC(picker.List(), dc);
+        });
+        return inner - text.cx;
+    };
+    EXPECT_EQ(beside(L'\u0416'), beside(L'?'));
 }
 
 TEST_F(PickerFormTest, APresetCodeIsSelectedAndScrolledToTheTop)
