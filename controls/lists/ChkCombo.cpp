@@ -98,6 +98,12 @@ void ChkCombo::UserControl_WriteProperties(PropertyBag& PropBag)
                           Variant(DefaultForeColor));
 }
 
+// An open list is no child of the control's window, and would stay.
+void ChkCombo::UserControl_Hide()
+{
+    combo_.Close();
+}
+
 // The combo box goes with the control, whose part it is.
 void ChkCombo::UserControl_Terminate()
 {

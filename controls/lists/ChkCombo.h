@@ -4,10 +4,13 @@
 #include "framework/SubClass.h"
 #include "framework/SubClassOwner.h"
 #include "runtime/forms/ComboBox.h"
+#include "runtime/forms/ReachWatch.h"
 #include "runtime/forms/ScrollBar.h"
 #include "runtime/forms/StandardControl.h"
 
 #include <KivControls.h>
+
+#include <optional>
 
 namespace kiv
 {
@@ -58,6 +61,7 @@ private:
     void UserControl_KeyDown(short& KeyCode, short Shift) override;
     void UserControl_KeyPress(short& KeyAscii) override;
     void UserControl_WriteProperties(PropertyBag& PropBag) override;
+    void UserControl_Hide() override;
     void UserControl_Terminate() override;
     void HScroll1_Change();
     void HScroll1_KeyDown(short& KeyCode, short Shift);
@@ -70,6 +74,7 @@ private:
     void Combo_Notified(WORD code);
     void Combo_SelChange();
     void Combo_DropDown();
+    void Combo_CloseUp();
     void DrawItem(const DRAWITEMSTRUCT& item) const;
     void DrawContent(const DRAWITEMSTRUCT& item) const;
 
@@ -99,7 +104,9 @@ private:
     ComboBox combo_{*this, TheSurface().hWnd()};
     bool internalChange_ = false; // HScroll1's value is being moved by the control itself
     bool resizing_ = false;
-    bool choosing_ = false; // the user has picked from the open list
+    bool choosing_ = false;           // the user has picked from the open list
+    bool leftMeanwhile_ = false;      // the host has put the control away in DropDown
+    std::optional<ReachWatch> watch_; // while the list is open
     WndProcSlot controlPrevWndProc_ = 0;
     WndProcSlot comboPrevWndProc_ = 0;
     WndProcSlot scrollBarPrevWndProc_ = 0;

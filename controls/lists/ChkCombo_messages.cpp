@@ -65,7 +65,12 @@ LRESULT ChkCombo::ComboMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam
     // has the focus: only once, or that would not end.
     if (msg == WM_SETFOCUS && focusDebounce_.HandsOn(GetTickCount()))
         SendMessageA(TheSurface().hWnd(), WM_SETFOCUS, 0, 0);
-    return CallPrevious(comboPrevWndProc_, hwnd, msg, wParam, lParam);
+    const Scoped<bool> opening(leftMeanwhile_, false);
+    const LRESULT result = CallPrevious(comboPrevWndProc_, hwnd, msg, wParam, lParam);
+    // Whichever message opened the list: only now is it there to be closed.
+    if (leftMeanwhile_)
+        combo_.Close();
+    return result;
 }
 
 LRESULT ChkCombo::ScrollBarMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
@@ -145,10 +150,7 @@ void ChkCombo::Combo_Notified(WORD code)
         choosing_ = true;
         break;
     case CBN_CLOSEUP:
-        // What the pointer merely passed over is not selected. A choice is yet to be told.
-        if (!choosing_)
-            FollowShift(HScroll1.Value());
-        RaiseEvent(CloseUpEvent);
+        Combo_CloseUp();
         break;
     default:
         break;
@@ -167,9 +169,24 @@ void ChkCombo::Combo_DropDown()
     const SIZE size = TheSurface().PixelSize();
     combo_.Move(0, 0, size.cx, DropDownHeight(size.cy, combo_.ItemHeight(), combo_.Count()), true);
     RaiseEvent(DropDownEvent);
-    // The host may have put the control away: the list opens all the same, and is not to stay.
-    if (!IsWindowVisible(TheSurface().hWnd()))
-        PostMessageA(combo_.hWnd(), CB_SHOWDROPDOWN, FALSE, 0);
+    // The host may have put the control away: the list opens all the same, and is not to stay. Neither is it
+    // when that happens later.
+    leftMeanwhile_ = !IsWithinReach(TheSurface().hWnd());
+    if (leftMeanwhile_)
+        return;
+    watch_.emplace(TheSurface().hWnd(), [this] {
+        const Microsoft::WRL::ComPtr<IUnknown> held(Outer());
+        combo_.Close();
+    });
+}
+
+void ChkCombo::Combo_CloseUp()
+{
+    watch_.reset();
+    // What the pointer merely passed over is not selected. A choice is yet to be told.
+    if (!choosing_)
+        FollowShift(HScroll1.Value());
+    RaiseEvent(CloseUpEvent);
 }
 
 void ChkCombo::DrawItem(const DRAWITEMSTRUCT& item) const

@@ -87,7 +87,21 @@ bool ComboBox::IsDropped() const
 
 void ComboBox::DropDown(bool shown)
 {
-    Ask(CB_SHOWDROPDOWN, shown);
+    SendMessageA(hWnd(), CB_SHOWDROPDOWN, shown, 0);
+}
+
+void ComboBox::Close()
+{
+    if (IsDropped())
+        DropDown(false);
+    ReleaseMouse();
+}
+
+void ComboBox::ReleaseMouse() const
+{
+    const HWND holder = GetCapture();
+    if (holder && (holder == hWnd() || holder == List()))
+        ReleaseCapture();
 }
 
 void ComboBox::Move(int left, int top, int width, int height, bool repaint)
@@ -117,11 +131,23 @@ void ComboBox::Font(HFONT font)
 
 bool ComboBox::Received(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message != WM_LBUTTONDBLCLK)
+    switch (message)
+    {
+    case WM_LBUTTONDBLCLK:
+        // Wine's combo box opens at the first of two quick clicks only, when Esc closed the list between
+        // them.
+        Ask(WM_LBUTTONDOWN, wParam, lParam);
+        return true;
+    case WM_LBUTTONUP:
+        Ask(message, wParam, lParam);
+        // Wine's combo box gives the mouse to its list when a press on it ends, though the list may have
+        // closed.
+        if (!IsDropped())
+            ReleaseMouse();
+        return true;
+    default:
         return false;
-    // Wine's combo box opens at the first of two quick clicks only, when Esc closed the list between them.
-    Ask(WM_LBUTTONDOWN, wParam, lParam);
-    return true;
+    }
 }
 
 HWND ComboBox::List() const

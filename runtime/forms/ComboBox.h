@@ -28,7 +28,10 @@ public:
     void Select(int index);
 
     bool IsDropped() const;
+    // As if somebody else had it opened or closed: the window's messages tell of it.
     void DropDown(bool shown);
+    // Closes the list and lets the mouse go, which an open list holds, and so does the press that opened it.
+    void Close();
 
     // Pixels of the surface. The height is that with the list open; closed, it follows from the items'.
     void Move(int left, int top, int width, int height, bool repaint);
@@ -46,6 +49,7 @@ protected:
 
 private:
     HWND List() const;
+    void ReleaseMouse() const;
 
     int leastItemHeight_;
     int leastFieldHeight_;

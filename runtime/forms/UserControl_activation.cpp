@@ -147,7 +147,9 @@ HRESULT UserControl::InPlaceDeactivate() noexcept
     const ComPtr<IUnknown> held(Outer());
     return Boundary([&] {
         UIDeactivate();
-        // The container may have answered by deactivating already.
+        // The container may have answered by deactivating already. Its window may then go at once.
+        if (deactivating_)
+            surface_.Park();
         if (activity_ == Activity::Inactive || deactivating_)
             return;
         // Hiding a window that has the focus gives the focus to the container, which may think of giving it
