@@ -153,8 +153,16 @@ bool ChkCombo::Wants(WPARAM key) const
 
 void ChkCombo::Enabled(bool newState)
 {
+    // From a window that is being disabled the system takes the focus, and with it the keys that lead
+    // elsewhere.
+    if (!newState && GetFocus() == combo_.hWnd())
+        SetFocus(HScroll1.hWnd());
+    TheSurface().Enabled(newState);
+    combo_.Enabled(newState);
+    // Closes an open list, of which the host hears: whatever it answers is what stands.
     EnableWindow(TheSurface().hWnd(), newState);
-    StandardControl::Enabled(newState);
+    PropertyChanged(L"Enabled");
+    UserControl::Refresh();
 }
 
 void ChkCombo::ApplyFont()

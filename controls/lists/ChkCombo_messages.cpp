@@ -210,8 +210,9 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
     const bool selected = (item.itemState & ODS_SELECTED) != 0;
     const COLORREF background =
         selected ? GetSysColor(COLOR_HIGHLIGHT) : Resolved(ItemBackground(TheSurface().BackColor()));
-    const COLORREF foreground =
-        selected ? GetSysColor(COLOR_HIGHLIGHTTEXT) : Resolved(ItemForeground(TheSurface().ForeColor()));
+    const COLORREF foreground = (item.itemState & ODS_DISABLED) != 0 ? GetSysColor(COLOR_GRAYTEXT)
+                                : selected                           ? GetSysColor(COLOR_HIGHLIGHTTEXT)
+                                           : Resolved(ItemForeground(TheSurface().ForeColor()));
     SetBkColor(dc, background);
     Fill(dc, place, background);
     SetTextColor(dc, foreground);

@@ -170,14 +170,19 @@ void ComboBox::RepaintItem(int index)
         InvalidateRect(list, &place, TRUE);
 }
 
+// Around the items, disabled or not.
+HBRUSH ComboBox::Colors(HDC)
+{
+    return GetSysColorBrush(COLOR_WINDOW);
+}
+
 void ComboBox::Draw(HDC dc, const RECT& place) const
 {
     RECT inside = place;
     DrawEdge(dc, &inside, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
     RECT button = inside;
     button.left = std::max(inside.left, inside.right - GetSystemMetrics(SM_CXVSCROLL));
-    DrawFrameControl(dc, &button, DFC_SCROLL,
-                     static_cast<UINT>(DFCS_SCROLLCOMBOBOX | (IsWindowEnabled(hWnd()) ? 0 : DFCS_INACTIVE)));
+    DrawFrameControl(dc, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | (Enabled() ? 0U : UINT{DFCS_INACTIVE}));
     inside.right = button.left;
 
     const GdiObject<HBRUSH> background(CreateSolidBrush(GetSysColor(COLOR_WINDOW)));
@@ -190,7 +195,7 @@ void ComboBox::Draw(HDC dc, const RECT& place) const
     item.CtlType = ODT_COMBOBOX;
     item.itemID = static_cast<UINT>(Selected());
     item.itemAction = ODA_DRAWENTIRE;
-    item.itemState = ODS_COMBOBOXEDIT;
+    item.itemState = ODS_COMBOBOXEDIT | (Enabled() ? 0U : UINT{ODS_DISABLED});
     item.hwndItem = hWnd();
     item.hDC = dc;
     item.rcItem = inside;

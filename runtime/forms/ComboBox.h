@@ -43,6 +43,7 @@ public:
     // Repaints an item, in the open list too.
     void RepaintItem(int index);
     void Draw(HDC dc, const RECT& place) const override;
+    HBRUSH Colors(HDC dc) override;
 
 protected:
     bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -273,6 +273,7 @@ TEST_F(ChkComboComTest, KeepsWhatDiffersFromItsDefaults)
         EXPECT_EQ(Property(second, L"ListCount").Short(), 0);
         const auto combo = static_cast<HWND>(LongToHandle(Property(second, L"hwnd").Long()));
         EXPECT_FALSE(IsWindowEnabled(GetParent(combo))) << "the mouse does not reach it either";
+        EXPECT_FALSE(IsWindowEnabled(combo)) << "and it looks so";
     };
     const ComPtr<IDispatch> second = Create();
     Check(As<IPersistPropertyBag>(second)->Load(bag.Get(), nullptr));
@@ -288,9 +289,23 @@ TEST_F(ChkComboComTest, KeepsWhatDiffersFromItsDefaults)
     expectSame(third);
 }
 
+TEST_F(ChkComboComTest, DisablesItsComboBox)
+{
+    const ComPtr<IDispatch> control = Create();
+    const auto combo = static_cast<HWND>(LongToHandle(Property(control, L"hwnd").Long()));
+    for (const bool enabled : {true, false, false, true})
+    {
+        EXPECT_EQ(Hr(PutByName(control.Get(), L"Enabled", Variant(enabled)).Result), Hr(S_OK));
+        EXPECT_EQ(IsWindowEnabled(combo) != FALSE, enabled);
+        EXPECT_EQ(IsWindowEnabled(GetParent(combo)) != FALSE, enabled);
+        EXPECT_EQ(Property(control, L"Enabled").Bool(), enabled);
+    }
+}
+
 TEST_F(ChkComboComTest, IsNewAfterALoadThatFails)
 {
     const ComPtr<IDispatch> control = Create();
+    const auto combo = static_cast<HWND>(LongToHandle(Property(control, L"hwnd").Long()));
     EXPECT_EQ(Hr(PutByName(control.Get(), L"BackColor", Variant(0x80FFFFL)).Result), Hr(S_OK));
     EXPECT_EQ(Hr(PutByName(control.Get(), L"Enabled", Variant(false)).Result), Hr(S_OK));
     ComPtr<IStream> stream;
@@ -298,6 +313,7 @@ TEST_F(ChkComboComTest, IsNewAfterALoadThatFails)
     EXPECT_TRUE(FAILED(As<IPersistStreamInit>(control)->Load(stream.Get())));
     EXPECT_EQ(Property(control, L"BackColor").Long(), DefaultBackColor);
     EXPECT_TRUE(Property(control, L"Enabled").Bool());
+    EXPECT_TRUE(IsWindowEnabled(combo));
 }
 
 TEST_F(ChkComboComTest, TakesDefaultsForValuesThatAreNone)

@@ -1,5 +1,7 @@
 // What the items of a ChkCombo look like, held pixel by pixel against a picture painted here.
 
+#include "host/container/PropertyBag.h"
+#include "runtime/com/MakeCom.h"
 #include "tests/gui/lists/ChkComboTest.h"
 #include "tests/support/NamedRow.h"
 #include "tests/support/Pixels.h"
@@ -132,6 +134,25 @@ TEST_P(ChkComboItem, ShowsItsStatus)
         EXPECT_EQ(Difference(expected, Drawn(combo, 0, ODA_DRAWENTIRE, state, place)), "");
         EXPECT_EQ(Difference(expected, Drawn(combo, 0, ODA_SELECT, state, place)), "");
     }
+}
+
+// Of a disabled control only the text differs, also where the colours are the control's own.
+TEST_P(ChkComboItem, IsGreyWhereItIsDisabled)
+{
+    HostedCombo combo = AddCombo({GetParam().Status});
+    ASSERT_HRESULT_SUCCEEDED(combo->put_BackColor(0x80FFFF));
+    ASSERT_HRESULT_SUCCEEDED(combo->put_ForeColor(0x0000C0));
+    const RECT place = {3, 4, 110, 21};
+    ItemLook look;
+    look.Icon = GetParam().Icon;
+    look.BackColor = GetParam().Selected ? GetSysColor(COLOR_HIGHLIGHT) : 0x80FFFF;
+    look.ForeColor = GetSysColor(COLOR_GRAYTEXT);
+    look.IconTop = (place.top + place.bottom - 14) / 2;
+    look.Text = L"item 0";
+    const Pixels expected = Expected(combo, look, place);
+    const UINT state = ODS_DISABLED | (GetParam().Selected ? UINT{ODS_SELECTED} : 0U);
+    for (const UINT part : {0U, UINT{ODS_COMBOBOXEDIT}}) // of the list, and the field
+        EXPECT_EQ(Difference(expected, Drawn(combo, 0, ODA_DRAWENTIRE, state | part, place)), "") << part;
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ChkComboItem, testing::ValuesIn(LookRows), RowName());
@@ -314,6 +335,75 @@ TEST_F(ChkComboPaint, IsDrawnInactiveAsOnTheScreen)
     EXPECT_EQ(difference(), "");
     ASSERT_HRESULT_SUCCEEDED(combo->put_ListIndex(2));
     EXPECT_EQ(difference(), "");
+}
+
+// The field without its frame and its button, as it is on the screen.
+Pixels FieldOf(const HostedCombo& combo)
+{
+    COMBOBOXINFO information = {};
+    information.cbSize = sizeof information;
+    GetComboBoxInfo(combo.Combo(), &information);
+    const Pixels whole = PixelsOfWindow(combo.Combo());
+    const RECT& place = information.rcItem;
+    Pixels field({place.right - place.left, place.bottom - place.top});
+    for (int y = 0; y < field.Size().cy; ++y)
+    {
+        for (int x = 0; x < field.Size().cx; ++x)
+            field.Set(x, y, whole.At(place.left + x, place.top + y));
+    }
+    return field;
+}
+
+// On the screen and where it is drawn without a window.
+TEST_F(ChkComboPaint, ShowsADisabledFieldInGrey)
+{
+    AddElsewhere();
+    HostedCombo combo = AddCombo(OneOfEach());
+    ASSERT_HRESULT_SUCCEEDED(combo->put_ForeColor(0x0000C0));
+    ShowForm();
+    const auto shown = [&](bool enabled) {
+        EXPECT_HRESULT_SUCCEEDED(combo->put_Enabled(enabled ? VARIANT_TRUE : VARIANT_FALSE));
+        TheForm().PumpPending();
+        const Pixels control = PixelsOfWindow(combo.Window());
+        const Canvas canvas(control.Size());
+        EXPECT_HRESULT_SUCCEEDED(
+            combo.Site().Draw(canvas.Dc(), {0, 0, control.Size().cx, control.Size().cy}));
+        EXPECT_EQ(Difference(control, canvas.Content()), "") << enabled;
+        return FieldOf(combo);
+    };
+    EXPECT_EQ(Difference(shown(true), shown(false)), "") << "an empty field is as before";
+    ASSERT_HRESULT_SUCCEEDED(combo->put_ListIndex(0));
+    const Pixels enabled = shown(true);
+    const Pixels disabled = shown(false);
+    Pixels expected = enabled;
+    for (int y = 0; y < expected.Size().cy; ++y)
+    {
+        for (int x = 0; x < expected.Size().cx; ++x)
+        {
+            if (enabled.At(x, y) == 0x0000C0)
+                expected.Set(x, y, GetSysColor(COLOR_GRAYTEXT));
+        }
+    }
+    EXPECT_GT(enabled.Count(0x0000C0), 10);
+    EXPECT_EQ(Difference(expected, disabled), "");
+    EXPECT_EQ(Difference(enabled, shown(true)), "");
+}
+
+// As it comes from a form's file.
+TEST_F(ChkComboPaint, ShowsAFieldThatIsLoadedDisabledInGrey)
+{
+    AddElsewhere();
+    const auto bag = MakeCom<host::PropertyBag>();
+    bag->Set(L"Enabled", Variant(false));
+    bag->Set(L"ForeColor", Variant(0x0000C0L));
+    host::SiteOptions options = Wide();
+    options.load = bag.Get();
+    HostedCombo combo = AddCombo(OneOfEach(), options);
+    ASSERT_HRESULT_SUCCEEDED(combo->put_ListIndex(0));
+    ShowForm();
+    TheForm().PumpPending();
+    EXPECT_EQ(FieldOf(combo).Count(0x0000C0), 0);
+    EXPECT_GT(FieldOf(combo).Count(GetSysColor(COLOR_GRAYTEXT)), 10);
 }
 
 TEST_F(ChkComboPaint, TakesNewColoursUpWithTheNextDrawing)

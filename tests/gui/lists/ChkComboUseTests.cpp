@@ -160,6 +160,102 @@ TEST_F(ChkComboKeys, OfADisabledControlGoElsewhere)
     EXPECT_FALSE(combo.IsOpen());
 }
 
+// One that is disabled while it has the focus holds back no key from the next control.
+TEST_F(ChkComboKeys, OfAControlThatHasBeenDisabledGoElsewhere)
+{
+    HostedCombo combo = ShownCombo(OneOfEach());
+    const HostedYesNo next(TheForm(), Placed({20, 60, 160, 80}));
+    ASSERT_HRESULT_SUCCEEDED(combo->put_Enabled(VARIANT_FALSE));
+    Key(VK_DOWN);
+    Key(VK_F4);
+    Key(VK_DOWN, {VK_MENU});
+    EXPECT_EQ(combo.TakeEvents(), Events());
+    Key(VK_TAB);
+    EXPECT_EQ(GetFocus(), next.Window());
+    Character(L'y');
+    EXPECT_EQ(next.Value(), Yes);
+}
+
+// The focus that came back at once stayed with the combo box, from which disabling takes it.
+TEST_F(ChkComboKeys, OfAComboBoxThatHasBeenDisabledWithTheFocusGoElsewhere)
+{
+    HostedCombo combo = ShownCombo(OneOfEach());
+    const HostedYesNo next(TheForm(), Placed({20, 60, 160, 80}));
+    // On a busy machine the ten milliseconds may be over.
+    for (int attempt = 0; attempt < 100 && GetFocus() != combo.Combo(); ++attempt)
+    {
+        WaitForTheNextHandOver();
+        SetFocus(combo.Combo());
+        SetFocus(combo.Combo());
+    }
+    ASSERT_EQ(GetFocus(), combo.Combo());
+    ASSERT_HRESULT_SUCCEEDED(combo->put_Enabled(VARIANT_FALSE));
+    Key(VK_TAB);
+    EXPECT_EQ(GetFocus(), next.Window());
+    Character(L'y');
+    EXPECT_EQ(next.Value(), Yes);
+}
+
+// The host disables it in an event, with its list open or about to, and sends the user on.
+TEST_F(ChkComboKeys, OfAControlThatItsHostDisablesInAnEventGoElsewhere)
+{
+    for (const wchar_t* const event : {L"Click", L"DropDown", L"CloseUp"})
+    {
+        SCOPED_TRACE(testing::Message() << event);
+        HostedCombo combo = ShownCombo(OneOfEach());
+        const HostedYesNo next(TheForm(), Placed({20, 60, 160, 80}));
+        combo.On(event, [&](DISPPARAMS&) {
+            combo->put_Enabled(VARIANT_FALSE);
+            next.Site().Focus();
+        });
+        TapKey(VK_F4);
+        TapKey(VK_DOWN);
+        TapKey(VK_ESCAPE);
+        TypeCharacter(L'y');
+        Settle();
+        EXPECT_EQ(GetFocus(), next.Window());
+        EXPECT_EQ(next.Value(), Yes);
+        EXPECT_FALSE(combo.IsOpen());
+        EXPECT_EQ(GetCapture(), nullptr);
+        combo.LetGo();
+        StartAnew();
+    }
+}
+
+// What it hears in CloseUp stands: the host may have enabled the control again.
+TEST_F(ChkComboKeys, AreAnsweredByAControlThatItsHostEnablesAgainInCloseUp)
+{
+    HostedCombo combo = ShownCombo(OneOfEach());
+    bool enabledThen = true;
+    combo.On(L"CloseUp", [&](DISPPARAMS&) {
+        VARIANT_BOOL enabled = VARIANT_TRUE;
+        combo->get_Enabled(&enabled);
+        enabledThen = enabled != VARIANT_FALSE;
+        combo->put_Enabled(VARIANT_TRUE);
+    });
+    Key(VK_F4);
+    ASSERT_HRESULT_SUCCEEDED(combo->put_Enabled(VARIANT_FALSE));
+    EXPECT_FALSE(enabledThen);
+    EXPECT_TRUE(IsWindowEnabled(combo.Window()));
+    EXPECT_TRUE(IsWindowEnabled(combo.Combo()));
+    EXPECT_EQ(combo.TakeEvents(), (Events{L"DropDown", L"CloseUp"}));
+    Key(VK_DOWN);
+    EXPECT_EQ(combo.ListIndex(), 0);
+}
+
+// Neither by a program.
+TEST_F(ChkComboMouse, OpensNoDisabledControl)
+{
+    HostedCombo combo = ShownCombo(OneOfEach());
+    ASSERT_HRESULT_SUCCEEDED(combo->put_Enabled(VARIANT_FALSE));
+    ClickAt(combo.Middle());
+    EXPECT_FALSE(combo.IsOpen());
+    EXPECT_EQ(combo.TakeEvents(), Events());
+    combo.Open(true);
+    EXPECT_FALSE(combo.IsOpen());
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
 TEST_F(ChkComboMouse, OpensPicksAndTellsSo)
 {
     HostedCombo combo = ShownCombo(std::vector<long>(12));
