@@ -119,7 +119,7 @@ LRESULT PicCommand::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM
         PaintButton(hwnd, msg);
         return 0;
     }
-    if (msg != WM_DRAWITEM)
+    if (msg != WM_DRAWITEM || lParam == 0)
         return CallPrevious(PrevWndProc, hwnd, msg, wParam, lParam);
     const DRAWITEMSTRUCT item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
     DrawButton(item);

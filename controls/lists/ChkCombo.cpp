@@ -298,7 +298,8 @@ void ChkCombo::Insert(std::wstring_view Item, short Index)
 {
     if (!list_.CanInsert(Index))
         throw ComError(InvalidPropertyIndex);
-    if (list_.IsFull())
+    // Somebody else may have put items into the combo box.
+    if (list_.IsFull() || combo_.Count() >= ChkComboList::MostItems)
         throw ComError(Overflow);
     const auto inserted = static_cast<short>(combo_.Insert(std::wstring(Item), Index));
     list_.Inserted(inserted);

@@ -21,6 +21,9 @@ ItemColor MaskedColor(std::uint32_t oleColor, std::uint32_t systemMask)
 
 void ChkComboList::Inserted(short index)
 {
+    // Behind items that somebody else has put into the combo box: they have a status, too.
+    if (index > Count())
+        statuses_.resize(static_cast<std::size_t>(index));
     statuses_.insert(statuses_.begin() + index, 0);
     newIndex_ = index;
     previousIndex_ = AfterInsertion(previousIndex_, index);

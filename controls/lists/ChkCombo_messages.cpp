@@ -118,6 +118,8 @@ LRESULT ChkCombo::ControlMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lPar
         break;
     }
     case WM_DRAWITEM:
+        if (lParam == 0)
+            break;
         DrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         return TRUE;
     case WM_MEASUREITEM:

@@ -227,8 +227,8 @@ std::wstring frmEnums::ListItemCode(int index) const
 std::wstring frmEnums::SelectedCode() const
 {
     const ListBox& list = controls_->lstEnums;
-    const int selected = list.ListIndex();
-    return selected >= 1 ? ListItemCode(list.ItemData(selected)) : std::wstring();
+    const int entry = list.ItemData(list.ListIndex());
+    return entry >= 1 ? ListItemCode(entry) : std::wstring();
 }
 
 void frmEnums::lstEnums_Click()

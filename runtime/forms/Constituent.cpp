@@ -2,6 +2,7 @@
 
 #include "runtime/com/Boundary.h"
 #include "runtime/com/PerThread.h"
+#include "runtime/forms/StrayMessage.h"
 
 #include <wrl/client.h>
 
@@ -53,6 +54,13 @@ Constituent* Constituent::Of(HWND window)
     const auto& constituents = PerThread<Constituents>().ByWindow;
     const auto found = constituents.find(window);
     return found == constituents.end() ? nullptr : found->second;
+}
+
+Constituent* Constituent::In(HWND parent, LPARAM window)
+{
+    const auto child = reinterpret_cast<HWND>(window);
+    Constituent* const constituent = Of(child);
+    return constituent && GetAncestor(child, GA_PARENT) == parent ? constituent : nullptr;
 }
 
 bool Constituent::Enabled() const
@@ -163,6 +171,8 @@ LRESULT CALLBACK Constituent::WndProc(HWND window, UINT message, WPARAM wParam, 
     Boundary([&] { constituent = Of(window); });
     if (!constituent)
         return DefWindowProcA(window, message, wParam, lParam);
+    if (IsStray(message, lParam))
+        return 0;
     const WNDPROC previous = constituent->previous_;
     if (message == WM_NCDESTROY)
     {

@@ -45,6 +45,8 @@ public:
 
     // The constituent of a window, null for other windows.
     static Constituent* Of(HWND window);
+    // The one whose window a notification names; null where it names anything but a window right in parent.
+    static Constituent* In(HWND parent, LPARAM window);
 
     // A notification of the window to its parent: WM_COMMAND's or WM_HSCROLL's code.
     virtual void Notified(WORD code);

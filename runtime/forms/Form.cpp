@@ -4,6 +4,7 @@
 #include "runtime/com/Module.h"
 #include "runtime/forms/CommandButton.h"
 #include "runtime/forms/Screen.h"
+#include "runtime/forms/StrayMessage.h"
 
 #include <algorithm>
 #include <utility>
@@ -255,7 +256,7 @@ LRESULT Form::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lP
     switch (message)
     {
     case WM_COMMAND:
-        if (Constituent* const constituent = Constituent::Of(reinterpret_cast<HWND>(lParam)))
+        if (Constituent* const constituent = Constituent::In(window, lParam))
             constituent->Notified(HIWORD(wParam));
         return 0;
     case DM_GETDEFID:
@@ -268,15 +269,23 @@ LRESULT Form::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lP
     }
 }
 
+// The surface fills the window, as large as that is by now.
+void Form::Resized()
+{
+    RECT inside = {};
+    GetClientRect(window_, &inside);
+    if (surface_)
+        surface_->Place(inside, {}, true);
+    if (shown_)
+        Form_Resize();
+}
+
 LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message)
     {
     case WM_SIZE:
-        if (surface_)
-            surface_->Place({0, 0, LOWORD(lParam), HIWORD(lParam)}, {}, true);
-        if (shown_)
-            Form_Resize();
+        Resized();
         return 0;
     case WM_ACTIVATE:
         if (LOWORD(wParam) == WA_INACTIVE || HIWORD(wParam) != 0)
@@ -295,16 +304,20 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
 // Nothing may unwind through a window procedure: an error ends the message, with nothing done.
 LRESULT CALLBACK Form::WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
-    if (message == WM_NCCREATE)
-    {
-        auto* created = static_cast<Form*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-        created->window_ = window;
-        SetWindowLongPtrW(window, 0, reinterpret_cast<LONG_PTR>(created));
-        return DefWindowProcW(window, message, wParam, lParam);
-    }
     auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, 0));
     if (!form)
+    {
+        const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+        if (message == WM_NCCREATE && creation && creation->lpCreateParams)
+        {
+            form = static_cast<Form*>(creation->lpCreateParams);
+            form->window_ = window;
+            SetWindowLongPtrW(window, 0, reinterpret_cast<LONG_PTR>(form));
+        }
         return DefWindowProcW(window, message, wParam, lParam);
+    }
+    if (IsStray(message, lParam))
+        return 0;
     if (message == WM_NCDESTROY)
     {
         // The owner has gone and has taken its window with it.

@@ -98,6 +98,7 @@ private:
     void Center();
     void RunLoop();
     void TakeFocus();
+    void Resized();
     static LRESULT CALLBACK WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -24,7 +24,7 @@ bool Frame::Received(UINT message, WPARAM wParam, LPARAM lParam)
     }
     if (message == WM_COMMAND)
     {
-        if (Constituent* const inFrame = Of(reinterpret_cast<HWND>(lParam)))
+        if (Constituent* const inFrame = In(hWnd(), lParam))
             inFrame->Notified(HIWORD(wParam));
         return true;
     }

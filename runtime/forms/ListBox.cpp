@@ -38,6 +38,12 @@ void ListBox::Clear()
     texts_.clear();
 }
 
+std::wstring_view ListBox::List(int index) const
+{
+    return index >= 0 && index < ListCount() ? std::wstring_view(texts_[static_cast<std::size_t>(index)])
+                                             : std::wstring_view();
+}
+
 int ListBox::ItemData(int index) const
 {
     return static_cast<int>(Ask(LB_GETITEMDATA, static_cast<WPARAM>(index)));

@@ -26,7 +26,8 @@ public:
     void Clear();
     int ListCount() const { return static_cast<int>(texts_.size()); }
     // The item's text as it was added. The window has its beginning, as far as any screen could show it.
-    const std::wstring& List(int index) const { return texts_[static_cast<std::size_t>(index)]; }
+    // Empty for an item that somebody else has put into the window.
+    std::wstring_view List(int index) const;
     int ItemData(int index) const;
     void ItemData(int index, int data);
 

@@ -7,6 +7,7 @@
 #include "runtime/forms/Constituent.h"
 #include "runtime/forms/ParkingWindow.h"
 #include "runtime/forms/Screen.h"
+#include "runtime/forms/StrayMessage.h"
 
 namespace kiv
 {
@@ -221,7 +222,8 @@ LRESULT Surface::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         PaintWindow();
         return 0;
     case WM_PRINTCLIENT:
-        PaintWithConstituents(reinterpret_cast<HDC>(wParam));
+        if (wParam != 0)
+            PaintWithConstituents(reinterpret_cast<HDC>(wParam));
         return 0;
     case WM_GETFONT:
         return reinterpret_cast<LRESULT>(font_.Handle());
@@ -233,16 +235,20 @@ LRESULT Surface::Handle(UINT message, WPARAM wParam, LPARAM lParam)
 // Nothing may unwind through a window procedure: an error ends the message, with nothing done.
 LRESULT CALLBACK Surface::WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
-    if (message == WM_NCCREATE)
-    {
-        auto* created = static_cast<Surface*>(reinterpret_cast<CREATESTRUCTA*>(lParam)->lpCreateParams);
-        created->window_ = window;
-        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(created));
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
     auto* surface = reinterpret_cast<Surface*>(GetWindowLongPtrA(window, 0));
     if (!surface)
+    {
+        const auto* creation = reinterpret_cast<const CREATESTRUCTA*>(lParam);
+        if (message == WM_NCCREATE && creation && creation->lpCreateParams)
+        {
+            surface = static_cast<Surface*>(creation->lpCreateParams);
+            surface->window_ = window;
+            SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(surface));
+        }
         return DefWindowProcA(window, message, wParam, lParam);
+    }
+    if (IsStray(message, lParam))
+        return 0;
     if (message == WM_NCDESTROY)
     {
         surface->window_ = nullptr;

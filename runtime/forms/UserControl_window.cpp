@@ -73,16 +73,16 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
         PreviewKeyUp(key);
         break;
     case WM_COMMAND:
-        if (Constituent* const constituent = Constituent::Of(reinterpret_cast<HWND>(lParam)))
+        if (Constituent* const constituent = Constituent::In(window, lParam))
             constituent->Notified(HIWORD(wParam));
         return 0;
     case WM_HSCROLL:
-        if (Constituent* const constituent = Constituent::Of(reinterpret_cast<HWND>(lParam)))
+        if (Constituent* const constituent = Constituent::In(window, lParam))
             constituent->Notified(LOWORD(wParam));
         return 0;
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
-        if (Constituent* const constituent = Constituent::Of(reinterpret_cast<HWND>(lParam)))
+        if (Constituent* const constituent = Constituent::In(window, lParam))
         {
             if (const HBRUSH background = constituent->Colors(reinterpret_cast<HDC>(wParam)))
                 return reinterpret_cast<LRESULT>(background);

@@ -133,6 +133,22 @@ Pixels PaintPicCommand(const ButtonLook& look)
     return canvas.Content();
 }
 
+namespace
+{
+
+std::string InCodePage(const std::wstring& text)
+{
+    const int length = static_cast<int>(text.size());
+    std::string bytes(static_cast<std::size_t>(
+                          WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr)),
+                      '\0');
+    WideCharToMultiByte(CP_ACP, 0, text.data(), length, bytes.data(), static_cast<int>(bytes.size()), nullptr,
+                        nullptr);
+    return bytes;
+}
+
+} // namespace
+
 HostedButton::HostedButton(host::Form& form, host::SiteOptions options) :
     site_(form.Add(Library::UnderTest().Create(CLSID_PicCommand).Get(), std::move(options)))
 {
@@ -162,7 +178,7 @@ ButtonLook HostedButton::Look() const
     look.Size = {inner.right, inner.bottom};
     look.PictureType = site_.Get(L"PictureType").Long();
     look.DetailStatus = site_.Get(L"DetailStatus").Long();
-    look.Caption = Narrow(site_.Get(L"Caption").Text());
+    look.Caption = InCodePage(site_.Get(L"Caption").Text());
     look.Enabled = site_.Get(L"Enabled").Bool();
     look.Focused = GetFocus() == Button();
     ComPtr<IFont> font;

@@ -203,6 +203,7 @@ TEST_F(PicCommandPaint, ShowsAnyCaption)
     {
         Show({type, 1});
         for (const wchar_t* caption : {L"", L"&", L"&&", L"Salt && Pepper", L"No mnemonic",
+                                       L"\u0416\u0416\u0416\u0416 \u0141", // in the code page "???? L"
                                        L"A caption that is far too long for the button that it stands on"})
         {
             button.SetCaption(caption);
@@ -236,6 +237,22 @@ TEST_F(PicCommandPaint, ShowsAChangeAtOnce)
     ComPtr<IFont> font;
     ASSERT_HRESULT_SUCCEEDED(button.Site().Get(L"Font").Object()->QueryInterface(IID_PPV_ARGS(&font)));
     ASSERT_HRESULT_SUCCEEDED(font->put_Underline(TRUE));
+    ExpectPicture(button.Look());
+}
+
+// Another program may ask for what it does not name.
+TEST_F(PicCommandPaint, DrawsNothingWhereItIsNotToldWhat)
+{
+    HostedButton& button = Shown();
+    FocusElsewhere();
+    const DRAWITEMSTRUCT empty = {};
+    for (const HWND window : {button.Window(), button.Button()})
+    {
+        for (const UINT message : {WM_DRAWITEM, WM_MEASUREITEM, WM_DELETEITEM, WM_COMPAREITEM})
+            SendMessageA(window, message, 0, 0);
+    }
+    SendMessageA(button.Window(), WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&empty));
+    button.Site().Call(L"Refresh");
     ExpectPicture(button.Look());
 }
 

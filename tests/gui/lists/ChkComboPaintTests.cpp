@@ -273,6 +273,28 @@ TEST_F(ChkComboPaint, AnswersTheSystemsQuestionForAHeightWithItsOwn)
     EXPECT_EQ(measure.itemWidth, 45U);
 }
 
+// Another program may ask for what it does not name.
+TEST_F(ChkComboPaint, DrawsNothingWhereItIsNotToldWhat)
+{
+    AddElsewhere();
+    HostedCombo combo = AddCombo(OneOfEach());
+    ASSERT_HRESULT_SUCCEEDED(combo->put_ListIndex(1));
+    ShowForm();
+    TheForm().PumpPending();
+    const Pixels before = PixelsOfWindow(combo.Window());
+    const DRAWITEMSTRUCT empty = {};
+    for (const HWND window : {combo.Window(), combo.Combo(), combo.ScrollBar()})
+    {
+        for (const UINT message : {WM_DRAWITEM, WM_MEASUREITEM, WM_DELETEITEM, WM_COMPAREITEM, WM_GETDLGCODE})
+            SendMessageA(window, message, 0, 0);
+    }
+    SendMessageA(combo.Window(), WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&empty));
+    ASSERT_HRESULT_SUCCEEDED(combo->Refresh());
+    TheForm().PumpPending();
+    EXPECT_EQ(Difference(before, PixelsOfWindow(combo.Window())), "");
+    EXPECT_EQ(combo.Item(2), L"item 2");
+}
+
 // On the screen: the open list, and a status that changes while it is open.
 TEST_F(ChkComboPaint, ShowsTheOpenList)
 {

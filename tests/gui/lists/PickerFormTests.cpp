@@ -4,6 +4,7 @@
 
 #include "tests/support/MessageBoxWatcher.h"
 #include "tests/support/Pixels.h"
+#include "tests/support/StrayMessages.h"
 
 namespace kiv::test
 {
@@ -233,6 +234,52 @@ TEST_F(PickerFormTest, NullFieldsAndAHugeDescriptionAreShown)
         picker.WaitUntilGone();
     });
     EXPECT_EQ(CodeOf(list), L"2");
+}
+
+// --- Messages that nobody should send ---
+
+TEST_F(PickerFormTest, SurvivesStrayMessages)
+{
+    host::ControlSite& list = ShownList(0, L"7");
+    Pick([&](Picker& picker) {
+        const HWND items = picker.List();
+        const HWND byText = picker.Option(1);
+        for (const HWND window : WindowsOf(picker.Window()))
+        {
+            SendStrayMessages(window);
+            EXPECT_TRUE(IsWindow(window));
+        }
+        // It is as large as before, and what the messages took out of the list comes back.
+        EXPECT_EQ(picker.InnerSize().cx, picker.Place(picker.Surface()).right);
+        EXPECT_EQ(picker.InnerSize().cy, picker.Place(picker.Surface()).bottom);
+        picker.Click(byText);
+        EXPECT_EQ(picker.Items().size(), 5U);
+        SetForegroundWindow(picker.Window());
+        picker.Click(items);
+        picker.Key(VK_HOME);
+        picker.Key(VK_DOWN);
+        TapKey(VK_RETURN);
+        picker.WaitUntilGone();
+    });
+    EXPECT_EQ(CodeOf(list), L"100");
+}
+
+// A program may have put something of its own into the list.
+TEST_F(PickerFormTest, FindsNoCodeForItemsThatAreNotItsOwn)
+{
+    host::ControlSite& list = ShownList(0, L"7");
+    for (const LPARAM data : {LPARAM{-1}, LPARAM{1000000}, LPARAM{0}})
+    {
+        Pick([&](Picker& picker) {
+            const LRESULT item =
+                SendMessageA(picker.List(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>("99\tforeign"));
+            SendMessageA(picker.List(), LB_SETITEMDATA, static_cast<WPARAM>(item), data);
+            picker.DoubleClickItem(static_cast<int>(item));
+            picker.WaitUntilGone();
+        });
+        EXPECT_EQ(CodeOf(list), L"");
+        list.Put(L"EnumCode", Variant(L"7"));
+    }
 }
 
 // --- Its host goes ---

@@ -39,6 +39,20 @@ TEST(ChkComboList, IsEmptyAtFirst)
     EXPECT_EQ(list.PreviousIndex(), -1);
 }
 
+// Another program may have put items into the combo box, of which the list hears only afterwards.
+TEST(ChkComboList, TakesAnItemBehindItemsThatItDoesNotKnow)
+{
+    ChkComboList list = ListOf(1);
+    list.Status(0, 2);
+    list.Inserted(3);
+    list.Status(3, 1);
+    EXPECT_EQ(list.Count(), 4);
+    EXPECT_EQ(list.NewIndex(), 3);
+    EXPECT_EQ(list.Status(0), 2);
+    EXPECT_EQ(list.Status(1), 0);
+    EXPECT_EQ(list.Status(3), 1);
+}
+
 struct BoundsRow
 {
     short Count;
