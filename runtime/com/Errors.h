@@ -41,7 +41,6 @@ constexpr HRESULT RunTimeError(int number)
 
 constexpr HRESULT Overflow = RunTimeError(6);
 constexpr HRESULT TypeMismatch = RunTimeError(13);
-constexpr HRESULT ObjectNotSet = RunTimeError(91);
 constexpr HRESULT InvalidPropertyValue = RunTimeError(380);
 constexpr HRESULT InvalidPropertyIndex = RunTimeError(381);
 constexpr HRESULT GetNotSupportedAtDesignTime = RunTimeError(383);

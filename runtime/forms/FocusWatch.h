@@ -1,9 +1,8 @@
 #pragma once
 
-#include <windows.h>
+#include "runtime/forms/HookListener.h"
 
 #include <functional>
-#include <memory>
 
 namespace kiv
 {
@@ -19,15 +18,13 @@ class FocusWatch
 public:
     using Listener = std::function<void(HWND next)>;
 
-    explicit FocusWatch(Listener listener);
-    FocusWatch(const FocusWatch&) = delete;
-    FocusWatch& operator=(const FocusWatch&) = delete;
-    ~FocusWatch();
+    explicit FocusWatch(Listener listener) : listener_(std::move(listener), &FocusWatch::Hook) {}
 
 private:
+    using Listeners = HookListener<Listener, WH_CBT>;
     static LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam) noexcept;
 
-    std::shared_ptr<const Listener> listener_;
+    Listeners listener_;
 };
 
 } // namespace kiv

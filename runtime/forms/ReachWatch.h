@@ -1,9 +1,8 @@
 #pragma once
 
-#include <windows.h>
+#include "runtime/forms/HookListener.h"
 
 #include <functional>
-#include <memory>
 
 namespace kiv
 {
@@ -19,10 +18,9 @@ class ReachWatch
 public:
     using Listener = std::function<void()>;
 
-    ReachWatch(HWND window, Listener listener);
-    ReachWatch(const ReachWatch&) = delete;
-    ReachWatch& operator=(const ReachWatch&) = delete;
-    ~ReachWatch();
+    ReachWatch(HWND window, Listener listener) : listener_({window, std::move(listener)}, &ReachWatch::Hook)
+    {
+    }
 
 private:
     struct Watched
@@ -30,11 +28,10 @@ private:
         HWND Window;
         Listener Tell;
     };
-    struct Thread;
-
+    using Listeners = HookListener<Watched, WH_CALLWNDPROCRET>;
     static LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam) noexcept;
 
-    std::shared_ptr<const Watched> watched_;
+    Listeners listener_;
 };
 
 } // namespace kiv

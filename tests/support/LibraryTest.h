@@ -9,7 +9,8 @@
 namespace kiv::test
 {
 
-// Windows of the library's controls in the calling thread, wherever in the window tree they are.
+// Windows of the library's controls and their tool tips in the calling thread, wherever in the window tree
+// they are.
 int ControlWindows();
 
 // Hands out all messages that wait for the calling thread.

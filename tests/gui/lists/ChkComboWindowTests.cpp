@@ -256,6 +256,28 @@ TEST_P(ChkComboOpen, HasRoomForOneItemOrEight)
     combo.Open(false);
 }
 
+// The room is taken before the host hears: one that fills an empty list in DropDown gets a list of one line.
+TEST_F(ChkComboSize, AListThatIsFilledAsItOpensHasRoomForOne)
+{
+    HostedCombo combo = ShownCombo({});
+    combo.On(L"DropDown", [&](DISPPARAMS&) {
+        for (const wchar_t* item : {L"one", L"two", L"three"})
+            EXPECT_HRESULT_SUCCEEDED(combo->AddItem(Bstr(item).Get(), -1));
+    });
+    Key(VK_F4);
+    ASSERT_TRUE(combo.IsOpen());
+    const auto itemHeight = static_cast<int>(SendMessageW(combo.Combo(), CB_GETITEMHEIGHT, 0, 0));
+    RECT list = {};
+    GetClientRect(combo.List(), &list);
+    EXPECT_EQ(list.bottom, itemHeight);
+    combo.Open(false);
+    combo.On(L"DropDown", {});
+    Key(VK_F4);
+    GetClientRect(combo.List(), &list);
+    EXPECT_EQ(list.bottom, 3 * itemHeight) << "opened once more";
+    combo.Open(false);
+}
+
 INSTANTIATE_TEST_SUITE_P(Rows, ChkComboOpen, testing::ValuesIn(OpenRows), RowName());
 
 TEST_F(ChkComboDesign, RefusesStatusAndData)

@@ -196,6 +196,18 @@ TEST(DateRulesTest, NamesThePeriod)
               L"Please enter a date within the period 01/01/0100 - 12/30/1899.");
 }
 
+// A short layout keeps two digits of a bound's year: the bound that a box begins with, set again, is another.
+TEST(DateRulesTest, ABoundThatIsSetAgainInAShortLayoutMaySwapCenturies)
+{
+    DateRules rules;
+    EXPECT_EQ(rules.AsShown(rules.MaxDate()), rules.MaxDate());
+    const std::optional<double> shown = rules.AsShown(rules.MinDate());
+    EXPECT_EQ(shown, 38353) << "1/1/2005";
+    ASSERT_TRUE(rules.StoreMinDate(*shown));
+    EXPECT_FALSE(rules.Judge(L"12/31/04").Valid);
+    EXPECT_FALSE(rules.Judge(L"01/01/05").Valid) << "typed, it is one of 1905";
+}
+
 TEST(DateRulesTest, QuotesTheBoxWithItsUnderscores)
 {
     const DateRules rules;
