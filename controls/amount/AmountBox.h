@@ -210,7 +210,7 @@ protected:
     static constexpr long DefaultForeColor = static_cast<long>(SystemColor(COLOR_WINDOWTEXT));
 
     TextBox txtLeft{*this, this->TheSurface().hWnd(), {.HasBorder = false, .AlignsRight = true}};
-    Label lblRight{this->TheSurface(), Label::Alignment::Right};
+    Label lblRight{this->TheSurface(), Label::Alignment::Right, Label::Content::Amount};
 
 private:
     static BoxState WithoutSelection(BoxState box)

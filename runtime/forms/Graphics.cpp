@@ -57,6 +57,11 @@ HDC Graphics::CompatibleWith() const
     return IsMetafile(dc_) ? nullptr : dc_;
 }
 
+HDC MeasuringDc()
+{
+    return PerThread<Ruler>().Dc.Get();
+}
+
 bool IsMetafile(HDC dc)
 {
     const DWORD type = GetObjectType(dc);
@@ -65,7 +70,7 @@ bool IsMetafile(HDC dc)
 
 int TextWidthInPixels(std::wstring_view text, HFONT font)
 {
-    const HDC dc = PerThread<Ruler>().Dc.Get();
+    const HDC dc = MeasuringDc();
     const Selection selected(dc, font);
     SIZE extent = {};
     GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &extent);
@@ -74,7 +79,7 @@ int TextWidthInPixels(std::wstring_view text, HFONT font)
 
 int LineHeightInPixels(HFONT font)
 {
-    const HDC dc = PerThread<Ruler>().Dc.Get();
+    const HDC dc = MeasuringDc();
     const Selection selected(dc, font);
     TEXTMETRICA metrics = {};
     GetTextMetricsA(dc, &metrics);
@@ -83,12 +88,19 @@ int LineHeightInPixels(HFONT font)
 
 void DrawEmbossed(HDC dc, const std::string& text, RECT& rectangle, UINT format)
 {
+    DrawEmbossed(dc, [&](int shift) {
+        OffsetRect(&rectangle, shift, shift);
+        DrawTextA(dc, text.c_str(), -1, &rectangle, format);
+        OffsetRect(&rectangle, -shift, -shift);
+    });
+}
+
+void DrawEmbossed(HDC dc, const std::function<void(int shift)>& write)
+{
     const COLORREF textColor = SetTextColor(dc, GetSysColor(COLOR_BTNHIGHLIGHT));
-    OffsetRect(&rectangle, 1, 1);
-    DrawTextA(dc, text.c_str(), -1, &rectangle, format);
+    write(1);
     SetTextColor(dc, GetSysColor(COLOR_BTNSHADOW));
-    OffsetRect(&rectangle, -1, -1);
-    DrawTextA(dc, text.c_str(), -1, &rectangle, format);
+    write(0);
     SetTextColor(dc, textColor);
 }
 

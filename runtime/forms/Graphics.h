@@ -2,6 +2,7 @@
 
 #include "runtime/forms/Gdi.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,9 @@ private:
     int saved_;
 };
 
+// A device context of the calling thread's own, like the screen's, to measure with. Put it back as it was.
+HDC MeasuringDc();
+
 // Whether a device context records instead of drawing.
 bool IsMetafile(HDC dc);
 
@@ -44,5 +48,7 @@ int LineHeightInPixels(HFONT font);
 // The text of something disabled: highlighted a pixel to the right and below, with its shadow on top. format
 // is DrawText's. The rectangle is changed while this draws and ends as it began, and so does the text colour.
 void DrawEmbossed(HDC dc, const std::string& text, RECT& rectangle, UINT format);
+// The same of whatever write draws, so many pixels to the right and below of where it belongs.
+void DrawEmbossed(HDC dc, const std::function<void(int shift)>& write);
 
 } // namespace kiv

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "runtime/forms/FittedLine.h"
+#include "runtime/forms/FontKey.h"
 #include "runtime/forms/Surface.h"
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kiv
 {
@@ -13,18 +16,24 @@ namespace kiv
 class Label
 {
 public:
-    enum class Alignment : UINT
+    enum class Alignment
     {
-        Left = DT_LEFT,
-        Centre = DT_CENTER,
-        Right = DT_RIGHT
+        Left,
+        Centre,
+        Right
+    };
+    // What shows that a caption does not fit: lines of text end in an ellipsis, the last one also where more
+    // follow that have no room. An amount, one line, gives way to number signs.
+    enum class Content
+    {
+        Text,
+        Amount
     };
 
-    Label(const Surface& surface, Alignment alignment);
+    Label(const Surface& surface, Alignment alignment, Content content = Content::Text);
 
     const std::wstring& Caption() const { return caption_; }
-    // Of several lines those are shown that have room.
-    void Caption(std::wstring_view caption) { caption_ = caption; }
+    void Caption(std::wstring_view caption);
     OLE_COLOR BackColor() const { return backColor_; }
     void BackColor(OLE_COLOR color) { backColor_ = color; }
     OLE_COLOR ForeColor() const { return foreColor_; }
@@ -41,19 +50,31 @@ public:
     const RECT& Place() const { return place_; }
     // What one line needs, in pixels.
     int LineHeight() const;
+    // Whether there is more to the caption than is shown.
+    bool IsCut() const;
 
     // On the surface that is being painted: call it in UserControl_Paint.
     void Draw() const;
 
 private:
+    HFONT UsedFont() const { return font_ ? font_ : surface_.FontHandle(); }
+    int Width() const { return place_.right - place_.left; }
+    const std::vector<FittedLine>& Fitted() const;
+    std::vector<FittedLine> Fit(HFONT font) const;
+    int LeftOf(const FittedLine& line) const;
+
     const Surface& surface_;
-    Alignment alignment_;
+    const Alignment alignment_;
+    const Content content_;
     std::wstring caption_;
     OLE_COLOR backColor_;
     OLE_COLOR foreColor_;
     bool enabled_ = true;
     HFONT font_ = nullptr;
     RECT place_ = {};
+    // The caption as it is shown, kept from one drawing to the next. Empty until it is asked for.
+    mutable std::vector<FittedLine> fitted_;
+    mutable FontKey fittedFont_;
 };
 
 } // namespace kiv

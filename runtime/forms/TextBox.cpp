@@ -1,6 +1,8 @@
 #include "runtime/forms/TextBox.h"
 
 #include "runtime/forms/Color.h"
+#include "runtime/forms/FittedLine.h"
+#include "runtime/forms/GlyphReach.h"
 #include "runtime/forms/Graphics.h"
 #include "runtime/forms/KeyState.h"
 #include "runtime/forms/SavedDc.h"
@@ -165,8 +167,11 @@ void TextBox::Font(HFONT font)
 {
     Constituent::Font(font);
     // A font brings margins of its own.
-    if (!look_.HasBorder)
-        Ask(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELONG(Margin, Margin));
+    if (look_.HasBorder)
+        return;
+    // An amount stands where its label has it.
+    const int reach = look_.AlignsRight ? ReachOfAmounts(font).Right : 0;
+    Ask(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELONG(Margin, Margin + reach));
 }
 
 void TextBox::Notified(WORD code)
@@ -189,14 +194,18 @@ void TextBox::Draw(HDC dc, const RECT& place) const
     const GdiObject<HBRUSH> background(CreateSolidBrush(ResolvedColor(backColor_)));
     FillRect(dc, &inside, background.Get());
 
-    const Graphics graphics(nullptr, dc, reinterpret_cast<HFONT>(Ask(WM_GETFONT)),
+    const auto font = reinterpret_cast<HFONT>(Ask(WM_GETFONT));
+    const Graphics graphics(nullptr, dc, font,
                             ResolvedColor(Enabled() ? foreColor_ : SystemColor(COLOR_GRAYTEXT)),
                             ResolvedColor(backColor_));
     const SavedDc saved(dc);
     IntersectClipRect(dc, inside.left, inside.top, inside.right, inside.bottom);
     InflateRect(&inside, -Margin, look_.HasBorder ? -1 : 0);
-    const UINT alignment = look_.AlignsRight ? DT_RIGHT : DT_LEFT;
-    DrawTextA(dc, Ansi(Text()).c_str(), -1, &inside, alignment | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP);
+    if (!look_.AlignsRight)
+        return TextLine(font, Text()).Draw(dc, inside.left, inside.top);
+    // Nobody can move what is drawn to see the rest of it.
+    const FittedLine amount = FitAmount(font, Text(), inside.right - inside.left);
+    amount.Line.Draw(dc, inside.right - amount.RightMargin - amount.Line.Width(), inside.top);
 }
 
 HBRUSH TextBox::Colors(HDC dc)

@@ -15,8 +15,8 @@ namespace kiv
 // How a text box looks. Without a border it has a pixel of air at either side.
 struct TextBoxLook
 {
-    bool HasBorder = true; // a sunken one
-    bool AlignsRight = false;
+    bool HasBorder = true;    // a sunken one
+    bool AlignsRight = false; // for amounts: the font's furthest reach stays free at the right
 };
 
 // A constituent single-line text box: a real EDIT.

@@ -1,8 +1,8 @@
 // Labels and the border of a surface, as they are drawn.
 
-#include "runtime/forms/Color.h"
-#include "runtime/forms/Label.h"
-#include "tests/support/Pixels.h"
+#include "tests/module/LabelSheet.h"
+#include "tests/support/KnownPlatformGap.h"
+#include "tests/support/MeasuredText.h"
 
 #include <gtest/gtest.h>
 
@@ -12,104 +12,52 @@ namespace kiv::test
 namespace
 {
 
-constexpr SIZE Outer = {120, 30};
-constexpr RECT Place = {10, 5, 100, 20};
-constexpr COLORREF Back = RGB(0, 128, 160);
-constexpr COLORREF LabelBack = RGB(250, 240, 200);
-constexpr COLORREF LabelFore = RGB(200, 40, 10);
 constexpr wchar_t Caption[] = L"1,2 && &34";
-
-void Fill(HDC dc, const RECT& rectangle, COLORREF color)
-{
-    const GdiObject<HBRUSH> brush(CreateSolidBrush(color));
-    FillRect(dc, &rectangle, brush.Get());
-}
-
-// A surface that shows one label.
-class Sheet final : public SurfaceEvents
-{
-public:
-    explicit Sheet(Label::Alignment alignment, bool bordered = false) :
-        TheSurface(*this, Outer, bordered), TheLabel(TheSurface, alignment)
-    {
-        TheSurface.Font(CreateDefaultFont(), [] {});
-        TheSurface.BackColor(Back);
-        TheLabel.Move(Place.left, Place.top, Place.right - Place.left, Place.bottom - Place.top);
-        TheLabel.BackColor(LabelBack);
-        TheLabel.ForeColor(LabelFore);
-        TheLabel.Caption(Caption);
-    }
-
-    Pixels Painted()
-    {
-        const Canvas canvas(Outer);
-        TheSurface.PaintWithBorder(canvas.Dc());
-        return canvas.Content();
-    }
-
-    Surface TheSurface;
-    Label TheLabel;
-
-private:
-    LRESULT SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override
-    {
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    void SurfacePaint() override { TheLabel.Draw(); }
-    IUnknown* SurfaceOwner() noexcept override { return nullptr; }
-};
-
-// The same by the system's own means: background and text each in one colour.
-class Expected
-{
-public:
-    explicit Expected(const Sheet& sheet)
-    {
-        SelectObject(canvas_.Dc(), sheet.TheSurface.FontHandle());
-        SetBkMode(canvas_.Dc(), TRANSPARENT);
-        Fill(canvas_.Dc(), {0, 0, Outer.cx, Outer.cy}, Back);
-        Fill(canvas_.Dc(), Place, LabelBack);
-    }
-    ~Expected() { SelectObject(canvas_.Dc(), GetStockObject(SYSTEM_FONT)); }
-
-    Expected& Write(COLORREF color, UINT alignment, LONG shift = 0)
-    {
-        SetTextColor(canvas_.Dc(), color);
-        RECT place = Place;
-        OffsetRect(&place, shift, shift);
-        DrawTextW(canvas_.Dc(), Caption, -1, &place, alignment | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP);
-        return *this;
-    }
-    Pixels Content() const { return canvas_.Content(); }
-
-private:
-    Canvas canvas_{Outer};
-};
+constexpr int PlaceWidth = LabelSheet::Place.right - LabelSheet::Place.left;
 
 TEST(LabelTest, ShowsItsCaptionAsItIsOnItsBackground)
 {
     struct
     {
         Label::Alignment Alignment;
-        UINT Format;
-    } const rows[] = {{Label::Alignment::Left, DT_LEFT},
-                      {Label::Alignment::Centre, DT_CENTER},
-                      {Label::Alignment::Right, DT_RIGHT}};
+        int SharesOfTheRoom; // at the left, of two
+    } const rows[] = {
+        {Label::Alignment::Left, 0}, {Label::Alignment::Centre, 1}, {Label::Alignment::Right, 2}};
     for (const auto& row : rows)
     {
-        SCOPED_TRACE(row.Format);
-        Sheet sheet(row.Alignment);
-        EXPECT_EQ(Difference(Expected(sheet).Write(LabelFore, row.Format).Content(), sheet.Painted()), "");
-        EXPECT_FALSE(Expected(sheet).Content() == sheet.Painted());
+        SCOPED_TRACE(row.SharesOfTheRoom);
+        LabelSheet sheet(row.Alignment);
+        sheet.TheLabel.Caption(Caption);
+        const int left = (PlaceWidth - sheet.WidthOf(Caption)) * row.SharesOfTheRoom / 2;
+        EXPECT_EQ(Difference(LabelPicture(sheet).Write(Caption, left).Content(), sheet.Painted()), "");
+        EXPECT_FALSE(LabelPicture(sheet).Content() == sheet.Painted());
     }
+}
+
+// Why each character of a label has its place: a line that the system draws as a whole ends elsewhere.
+TEST(LabelTest, StandsWhereItIsMeasured)
+{
+    LabelSheet sheet(Label::Alignment::Left);
+    KnownPlatformGap("a text is drawn as wide as it is measured, in a font with bitmaps of its own too", [&] {
+        const Canvas canvas({200, 30});
+        const Canvas measured({200, 30});
+        for (const Canvas* each : {&canvas, &measured})
+            SelectObject(each->Dc(), sheet.TheSurface.FontHandle());
+        TextOutW(canvas.Dc(), 0, 0, L"1,234.50", 8);
+        WriteMeasured(measured.Dc(), 0, 0, L"1,234.50");
+        const bool same = canvas.Content() == measured.Content();
+        for (const Canvas* each : {&canvas, &measured})
+            SelectObject(each->Dc(), GetStockObject(SYSTEM_FONT));
+        return same;
+    });
 }
 
 TEST(LabelTest, ShowsTheWholeOfALastDigitThatIsWiderThanItsPlace)
 {
     const auto inkOf = [](const wchar_t* caption, Label::Alignment alignment) {
-        Sheet sheet(alignment);
+        LabelSheet sheet(alignment);
         sheet.TheLabel.Caption(caption);
-        return sheet.Painted().Count(LabelFore);
+        return sheet.Painted().Count(LabelSheet::LabelFore);
     };
     for (const wchar_t* caption : {L"0.5", L"1,204.75", L"4"})
         EXPECT_EQ(inkOf(caption, Label::Alignment::Right), inkOf(caption, Label::Alignment::Left));
@@ -117,34 +65,70 @@ TEST(LabelTest, ShowsTheWholeOfALastDigitThatIsWiderThanItsPlace)
 
 TEST(LabelTest, ShowsOfSeveralLinesThoseThatHaveRoom)
 {
-    Sheet sheet(Label::Alignment::Left);
-    sheet.TheLabel.Caption(L"Head of household");
-    const Pixels one = sheet.Painted();
-    sheet.TheLabel.Caption(L"Head of household\r\nUnmarried");
-    const Pixels two = sheet.Painted();
-    for (int x = 0; x < Outer.cx; ++x)
+    LabelSheet sheet(Label::Alignment::Left);
+    const int line = sheet.TheLabel.LineHeight();
+    sheet.TheLabel.Caption(L"Head of\r\nhouse\nhold");
+    struct
     {
-        for (int y = 0; y < Place.top + sheet.TheLabel.LineHeight(); ++y)
-            ASSERT_EQ(two.At(x, y), one.At(x, y)) << x << ' ' << y;
-        for (int y = Place.bottom; y < Outer.cy; ++y)
-            ASSERT_EQ(two.At(x, y), Back) << x << ' ' << y;
+        int Height;
+        std::vector<std::wstring> Lines;
+    } const rows[] = {{3 * line, {L"Head of", L"house", L"hold"}},
+                      {3 * line - 1, {L"Head of", L"house..."}},
+                      {2 * line, {L"Head of", L"house..."}},
+                      {2 * line - 1, {L"Head of..."}},
+                      {line, {L"Head of..."}},
+                      {line - 1, {L"Head of..."}}};
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.Height);
+        sheet.Resize(PlaceWidth, row.Height);
+        LabelPicture picture(sheet);
+        picture.Clip();
+        int top = 0;
+        for (const std::wstring& text : row.Lines)
+            picture.Write(text, 0, std::exchange(top, top + line));
+        EXPECT_EQ(Difference(picture.Content(), sheet.Painted()), "");
+        EXPECT_EQ(sheet.TheLabel.IsCut(), row.Lines.size() < 3);
     }
 }
 
 TEST(LabelTest, IsEmbossedWhileDisabled)
 {
-    Sheet sheet(Label::Alignment::Right);
+    LabelSheet sheet(Label::Alignment::Right);
+    sheet.TheLabel.Caption(Caption);
     sheet.TheLabel.Enabled(false);
-    const Pixels expected = Expected(sheet)
-                                .Write(GetSysColor(COLOR_BTNHIGHLIGHT), DT_RIGHT, 1)
-                                .Write(GetSysColor(COLOR_BTNSHADOW), DT_RIGHT)
-                                .Content();
-    EXPECT_EQ(Difference(expected, sheet.Painted()), "");
+    const int left = PlaceWidth - sheet.WidthOf(Caption);
+    EXPECT_EQ(Difference(LabelPicture(sheet).Emboss(Caption, left).Content(), sheet.Painted()), "");
+}
+
+// Not the letters that come nearest to them in the system's code page.
+TEST(LabelTest, ShowsLettersThatTheCodePageLacks)
+{
+    LabelSheet sheet(Label::Alignment::Left);
+    const struct
+    {
+        const wchar_t* Text;
+        const wchar_t* BestFit;
+    } rows[] = {{L"\u0141\u00F3d\u017A", L"L\u00F3dz"}, {L"\u03A9 \u0416", L"O ?"}};
+    for (const bool enabled : {true, false})
+    {
+        sheet.TheLabel.Enabled(enabled);
+        for (const auto& row : rows)
+        {
+            sheet.TheLabel.Caption(row.Text);
+            const Pixels painted = sheet.Painted();
+            LabelPicture picture(sheet);
+            enabled ? picture.Write(row.Text, 0) : picture.Emboss(row.Text, 0);
+            EXPECT_EQ(Difference(picture.Content(), painted), "");
+            sheet.TheLabel.Caption(row.BestFit);
+            EXPECT_FALSE(sheet.Painted() == painted);
+        }
+    }
 }
 
 TEST(LabelTest, KnowsTheHeightOfALineOfTheSurfacesFont)
 {
-    const Sheet sheet(Label::Alignment::Left);
+    const LabelSheet sheet(Label::Alignment::Left);
     const HDC dc = CreateCompatibleDC(nullptr);
     const HGDIOBJ former = SelectObject(dc, sheet.TheSurface.FontHandle());
     SIZE extent = {};
@@ -157,21 +141,23 @@ TEST(LabelTest, KnowsTheHeightOfALineOfTheSurfacesFont)
 // The border is part of the control's size; what is inside begins at its own origin.
 TEST(SurfaceBorderTest, SurroundsTheSurface)
 {
-    Sheet sheet(Label::Alignment::Right, true);
+    constexpr SIZE outer = LabelSheet::Outer;
+    LabelSheet sheet(Label::Alignment::Right, Label::Content::Text, true);
+    sheet.TheLabel.Caption(Caption);
     const int width = GetSystemMetrics(SM_CXEDGE);
     const int height = GetSystemMetrics(SM_CYEDGE);
-    EXPECT_EQ(sheet.TheSurface.OuterSize().cx, Outer.cx);
-    EXPECT_EQ(sheet.TheSurface.OuterSize().cy, Outer.cy);
-    EXPECT_EQ(sheet.TheSurface.PixelSize().cx, Outer.cx - 2 * width);
-    EXPECT_EQ(sheet.TheSurface.PixelSize().cy, Outer.cy - 2 * height);
+    EXPECT_EQ(sheet.TheSurface.OuterSize().cx, outer.cx);
+    EXPECT_EQ(sheet.TheSurface.OuterSize().cy, outer.cy);
+    EXPECT_EQ(sheet.TheSurface.PixelSize().cx, outer.cx - 2 * width);
+    EXPECT_EQ(sheet.TheSurface.PixelSize().cy, outer.cy - 2 * height);
 
-    const Pixels inside = Expected(sheet).Write(LabelFore, DT_RIGHT).Content();
-    const Canvas expected(Outer);
-    RECT edge = {0, 0, Outer.cx, Outer.cy};
+    const Pixels inside = LabelPicture(sheet).WriteAtRight(Caption).Content();
+    const Canvas expected(outer);
+    RECT edge = {0, 0, outer.cx, outer.cy};
     DrawEdge(expected.Dc(), &edge, EDGE_SUNKEN, BF_RECT);
-    for (int y = 0; y < Outer.cy - 2 * height; ++y)
+    for (int y = 0; y < outer.cy - 2 * height; ++y)
     {
-        for (int x = 0; x < Outer.cx - 2 * width; ++x)
+        for (int x = 0; x < outer.cx - 2 * width; ++x)
             SetPixelV(expected.Dc(), x + width, y + height, inside.At(x, y));
     }
     EXPECT_EQ(Difference(expected.Content(), sheet.Painted()), "");

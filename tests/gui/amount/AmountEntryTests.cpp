@@ -41,6 +41,7 @@ TEST_F(AmountEntryTest, CurrencyIsAssignedAsTheRowsSay)
 {
     HostedBox box = ShownCurrencyBox();
     Leave(box);
+    box.Site().Move({20, 20, 290, 45}); // room for the longest
     ExpectRows(CurrencyLetRows, [&](const CurrencyLetRow& row, const NumberLocale& locale) {
         box.Site().Put(L"AllowRounding", Variant(row.AllowRounding));
         box.Site().Put(L"NumDecDigits", Variant(row.NumDecDigits));

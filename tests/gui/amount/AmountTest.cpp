@@ -2,7 +2,7 @@
 
 #include "host/container/Button.h"
 #include "runtime/com/Errors.h"
-#include "tests/support/Pixels.h"
+#include "tests/support/MeasuredText.h"
 
 #include <KivControls.h>
 
@@ -116,6 +116,31 @@ bool AmountTest::IsParked(const HostedBox& box)
     return PlaceIn(box.Edit(), box.Site().Window()).top >= inner.bottom;
 }
 
+SIZE AmountTest::Inside(const HostedBox& box)
+{
+    RECT inner = {};
+    GetClientRect(box.Site().Window(), &inner);
+    return {inner.right, inner.bottom};
+}
+
+Pixels AmountTest::DrawnElsewhere(const HostedBox& box)
+{
+    RECT outer = {};
+    GetWindowRect(box.Site().Window(), &outer);
+    OffsetRect(&outer, -outer.left, -outer.top);
+    const Canvas canvas({outer.right, outer.bottom});
+    EXPECT_HRESULT_SUCCEEDED(box.Site().Draw(canvas.Dc(), outer));
+    const Pixels whole = canvas.Content();
+    Pixels inside(Inside(box));
+    const int edge = (outer.right - inside.Size().cx) / 2;
+    for (int y = 0; y < inside.Size().cy; ++y)
+    {
+        for (int x = 0; x < inside.Size().cx; ++x)
+            inside.Set(x, y, whole.At(x + edge, y + edge));
+    }
+    return inside;
+}
+
 void AmountTest::ExpectLabel(const HostedBox& box, const std::wstring& text)
 {
     EXPECT_TRUE(IsParked(box));
@@ -136,11 +161,9 @@ void AmountTest::ExpectLabel(const HostedBox& box, const std::wstring& text)
     SetBkMode(canvas.Dc(), TRANSPARENT);
     SetTextColor(canvas.Dc(), ColourOf(box, L"ForeColor"));
     const RECT edit = PlaceIn(box.Edit(), window);
-    // Two pixels from either side, and in the middle.
-    RECT place = {2, (whole.bottom - (edit.bottom - edit.top)) / 2, whole.right - 2, whole.bottom};
-    // The edge of a digit may stand out by a pixel, and no more.
-    IntersectClipRect(canvas.Dc(), place.left - 1, place.top, place.right + 1, place.bottom);
-    DrawTextW(canvas.Dc(), text.c_str(), -1, &place, DT_RIGHT | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP);
+    // Two pixels from the right, and in the middle.
+    WriteMeasured(canvas.Dc(), whole.right - 2 - WidthOf(canvas.Dc(), text),
+                  (whole.bottom - (edit.bottom - edit.top)) / 2, text);
     SelectObject(canvas.Dc(), former);
     EXPECT_EQ(Difference(canvas.Content(), shown), "");
 }

@@ -5,6 +5,7 @@
 #include "tests/gui/HostedTest.h"
 #include "tests/native/amount/AmountRow.h"
 #include "tests/native/core/NumberLocales.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/UserLocale.h"
 
 namespace kiv::test
@@ -36,6 +37,9 @@ protected:
     // The text box lies in the control, or out of sight below it.
     static bool IsInView(const HostedBox& box);
     static bool IsParked(const HostedBox& box);
+    static SIZE Inside(const HostedBox& box);
+    // The control's inside as it is drawn on what is not its window.
+    static Pixels DrawnElsewhere(const HostedBox& box);
     // What the control shows while the text box is parked: the label with this text and nothing else.
     static void ExpectLabel(const HostedBox& box, const std::wstring& text);
 
