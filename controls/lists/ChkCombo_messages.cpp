@@ -85,6 +85,9 @@ LRESULT ChkCombo::ScrollBarMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lP
         MSG late = {};
         PeekMessageA(&late, combo_.hWnd(), WM_SETFOCUS, WM_SETFOCUS, PM_REMOVE | (QS_POSTMESSAGE << 16));
         SendMessageA(combo_.hWnd(), WM_KILLFOCUS, 0, 0);
+        // Left for good, with the button still held down perhaps.
+        if (!IsChild(TheSurface().hWnd(), reinterpret_cast<HWND>(wParam)))
+            combo_.Close();
         break;
     }
     case WM_SYSKEYDOWN:
@@ -170,10 +173,12 @@ void ChkCombo::Combo_DropDown()
 {
     const SIZE size = TheSurface().PixelSize();
     combo_.Move(0, 0, size.cx, DropDownHeight(size.cy, combo_.ItemHeight(), combo_.Count()), true);
+    const bool hadFocus = TheSurface().ContainsFocus();
     RaiseEvent(DropDownEvent);
-    // The host may have put the control away: the list opens all the same, and is not to stay. Neither is it
-    // when that happens later.
-    leftMeanwhile_ = !IsWithinReach(TheSurface().hWnd());
+    // The host may have put the control away, or have moved the focus: the list opens all the same, and is
+    // not to stay. Neither is it when that happens later.
+    const bool lostFocus = hadFocus && !TheSurface().ContainsFocus();
+    leftMeanwhile_ = lostFocus || !IsWithinReach(TheSurface().hWnd());
     if (leftMeanwhile_)
         return;
     watch_.emplace(TheSurface().hWnd(), [this] {

@@ -99,6 +99,9 @@ void Surface::Place(const RECT& position, const RECT& clip, bool show)
 
 void Surface::Show(bool shown)
 {
+    // What is hidden has no focus: not every system takes it from a window inside the hidden one.
+    if (!shown && ContainsFocus())
+        SetFocus(GetParent(window_));
     ShowWindow(window_, shown ? SW_SHOWNA : SW_HIDE);
 }
 

@@ -10,6 +10,7 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace kiv::test
 {
@@ -135,6 +136,27 @@ TEST_P(EachFocus, EndsWithTheControl)
         SetFocus(nullptr);
         SetFocus(other.Handle());
         EXPECT_EQ(control.Heard(), Calls());
+    }
+}
+
+// What is not on the form any more takes no keys: the focus goes to the form, and the site hears of it.
+TEST_P(EachFocus, IsGivenUpWithThePlaceOnTheForm)
+{
+    const std::function<void(const FocusedControl&)> ways[] = {
+        [](const FocusedControl& control) { Check(control.Query<IOleInPlaceObject>()->InPlaceDeactivate()); },
+        [](const FocusedControl& control) {
+            Check(control.Query<IOleObject>()->DoVerb(OLEIVERB_HIDE, nullptr, nullptr, 0, control.Form(),
+                                                      &control.Site().Position()));
+        },
+        [](const FocusedControl& control) { Check(control.Query<IOleObject>()->Close(OLECLOSE_NOSAVE)); },
+    };
+    for (const auto& putAway : ways)
+    {
+        FocusedControl control(ClassId());
+        EXPECT_EQ(control.Heard(), Calls{Gained});
+        putAway(control);
+        EXPECT_EQ(GetFocus(), control.Form());
+        EXPECT_EQ(control.Heard(), Calls{Lost});
     }
 }
 

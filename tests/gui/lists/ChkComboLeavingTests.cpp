@@ -56,6 +56,10 @@ const Leaving Leavings[] = {
     {"DestroyTheFormsWindow", false, [](host::Form& form, HostedCombo&) { DestroyWindow(form.Window()); }},
 };
 
+// The focus goes elsewhere in the form, from a control that had it.
+const Leaving MoveTheFocus = {
+    {"MoveTheFocus"}, true, [](host::Form& form, HostedCombo&) { form.Find(L"listener")->Focus(); }};
+
 class ChkComboLeft : public ChkComboTest
 {
 protected:
@@ -200,6 +204,10 @@ struct RowNames
 
 INSTANTIATE_TEST_SUITE_P(Rows, ChkComboLeaving,
                          testing::Combine(testing::ValuesIn(Openings), testing::ValuesIn(Leavings)),
+                         RowNames());
+INSTANTIATE_TEST_SUITE_P(Focus, ChkComboLeaving,
+                         testing::Combine(testing::ValuesIn(Openings, Openings + 3),
+                                          testing::Values(MoveTheFocus)),
                          RowNames());
 INSTANTIATE_TEST_SUITE_P(Rows, ChkComboLeavingPressed,
                          testing::Combine(testing::Values(Openings[0]), testing::ValuesIn(Leavings)),
