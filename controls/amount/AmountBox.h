@@ -45,6 +45,7 @@ protected:
     }
 
     HWND FocusWindow() const override { return txtLeft.hWnd(); }
+    const Label* TippedLabel() const override { return isParked_ ? &lblRight : nullptr; }
 
     // The rules of the amount.
     virtual AmountLayout CalcLayout(const AmountSizes& sizes) const = 0;
@@ -239,6 +240,7 @@ private:
         isParked_ = place.Top == ParkedTop;
         txtLeft.Move(Screen::PixelsX(place.Left), Screen::PixelsY(place.Top), Screen::PixelsX(place.Width),
                      txtLeft.LeastHeight());
+        this->UpdateToolTip();
     }
 
     const Events events_;

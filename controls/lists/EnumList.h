@@ -39,6 +39,7 @@ public:
 
 protected:
     HWND FocusWindow() const override { return cmd.hWnd(); }
+    const Label* TippedLabel() const override { return &lbl; }
 
 private:
     // The control's life, in its order.

@@ -15,6 +15,7 @@
 #include "runtime/forms/ExtenderProperties.h"
 #include "runtime/forms/FocusWatch.h"
 #include "runtime/forms/Surface.h"
+#include "runtime/forms/ToolTip.h"
 
 #include <windows.h>
 
@@ -27,6 +28,8 @@
 
 namespace kiv
 {
+
+class Label;
 
 // A control as its container drives it: all the interfaces of an in-place active object, turned into the
 // event procedures of the control's class. The sources are split by topic.
@@ -173,6 +176,10 @@ protected:
 
     // Repaints the surface, in the window or wherever the container shows it.
     void Refresh();
+    // The label in view whose caption a tool tip tells in full where it is cut, null for none. Whoever brings
+    // another into view, without repainting, has the tip updated.
+    virtual const Label* TippedLabel() const { return nullptr; }
+    void UpdateToolTip();
     // Asks the container for another size of the control's window, in pixels and with its border; without a
     // container it is taken. Not while loading: the control is laid out when that is over.
     void RequestSize(SIZE pixels);
@@ -268,6 +275,10 @@ private:
     void ConstituentFocus(bool gained, HWND other) override;
     IUnknown* ConstituentHolder() noexcept override { return Outer(); }
 
+    // UserControl_toolTip.cpp
+    const Label* CutLabel() const;
+    void RelayToToolTip(const MSG& message);
+
     void MousePressed(short button, LPARAM position);
     void MouseReleased(short button, WPARAM keys, LPARAM position);
     void FocusGained(HWND from);
@@ -332,6 +343,7 @@ private:
     bool savedToOwnStorage_ = false;
     int freezeCount_ = 0;
     std::vector<std::function<void()>> held_; // what FreezeEvents holds back
+    ToolTip toolTip_;
     // Last, so that its window goes first: its messages use all of the above.
     Surface surface_;
 };

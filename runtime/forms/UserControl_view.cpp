@@ -109,6 +109,7 @@ void UserControl::Refresh()
         return;
     if (activity_ != Activity::Inactive)
         surface_.Refresh();
+    UpdateToolTip();
     if (viewSink_ && (viewAspects_ & DVASPECT_CONTENT) != 0)
     {
         const ComPtr<IAdviseSink> sink = viewSink_;

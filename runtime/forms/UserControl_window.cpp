@@ -26,13 +26,20 @@ double TwipsY(LPARAM position)
 LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     auto key = static_cast<short>(wParam);
+    if ((message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_MOUSEHOVER)
+        RelayToToolTip({window, message, wParam, lParam, 0, {}});
     switch (message)
     {
     case WM_SIZE:
         FollowWindow();
         if (hasProperties_ && !loading_)
             UserControl_Resize();
+        UpdateToolTip();
         return 0;
+    case WM_SHOWWINDOW:
+    case WM_DESTROY:
+        toolTip_.Close();
+        break;
     case WM_SETFOCUS:
         FocusGained(reinterpret_cast<HWND>(wParam));
         if (FocusWindow() != window)

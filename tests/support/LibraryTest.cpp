@@ -2,6 +2,7 @@
 
 #include "runtime/com/Errors.h"
 #include "tests/support/Text.h"
+#include "tests/support/ToolTips.h"
 
 #include <ole2.h>
 
@@ -34,7 +35,7 @@ BOOL CALLBACK CountTopLevel(HWND window, LPARAM count)
 
 int ControlWindows()
 {
-    int count = 0;
+    int count = static_cast<int>(ToolTips().size());
     const LPARAM result = reinterpret_cast<LPARAM>(&count);
     EnumThreadWindows(GetCurrentThreadId(), CountTopLevel, result);
     // Message-only windows are in a tree of their own.

@@ -1,11 +1,12 @@
-// The description of a code as it is shown: what does not fit, letters of any kind; and the headings
-// of the picker.
+// The description of a code as it is shown: what does not fit, letters of any kind, the tool tip; and the
+// headings of the picker.
 
 #include "tests/gui/lists/ListsTest.h"
 
 #include "tests/support/MeasuredText.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/TestFont.h"
+#include "tests/support/ToolTips.h"
 
 #include <algorithm>
 
@@ -16,6 +17,7 @@ namespace
 {
 
 constexpr long byDescription = 1;
+constexpr DWORD longerThanATipTakes = 1500;
 constexpr int edge = 2; // the border, at either side
 // Polish and Greek: what comes nearest to it in the code page of Western Europe has other letters.
 constexpr const wchar_t* foreign = L"\u0141\u00F3d\u017A \u03A9";
@@ -24,6 +26,17 @@ constexpr const wchar_t* bestFit = L"L\u00F3dz O";
 class EnumListLookTest : public ListsTest
 {
 protected:
+    void SetUp() override
+    {
+        ListsTest::SetUp();
+        PointElsewhere();
+    }
+    void TearDown() override
+    {
+        PointElsewhere();
+        ListsTest::TearDown();
+    }
+
     // A list that shows a description, which the database has, with the focus elsewhere.
     host::ControlSite& ShownText(const std::wstring& text)
     {
@@ -84,6 +97,29 @@ protected:
         WriteMeasured(canvas.Dc(), 0, (inside.bottom - metrics.tmHeight) / 2, text);
         SelectObject(canvas.Dc(), former);
         return canvas.Content();
+    }
+
+    void PointElsewhere()
+    {
+        PointAt({0, 0});
+        TheForm().PumpPending();
+    }
+    static void PointAtLabelOf(const host::ControlSite& list)
+    {
+        RECT place = {};
+        GetWindowRect(list.Window(), &place);
+        PointAt({place.left + 20, (place.top + place.bottom) / 2});
+    }
+    void ExpectTip(const host::ControlSite& list, const std::wstring& text)
+    {
+        PointAtLabelOf(list);
+        EXPECT_TRUE(TheForm().PumpUntil([] { return !ShownToolTip().empty(); }));
+        EXPECT_EQ(ShownToolTip(), text);
+    }
+    void ExpectNoTip(const host::ControlSite& list)
+    {
+        PointAtLabelOf(list);
+        EXPECT_FALSE(TheForm().PumpUntil([] { return !ToolTips().empty(); }, longerThanATipTakes));
     }
 };
 
@@ -161,6 +197,46 @@ TEST_F(EnumListLookTest, ShowsLettersThatTheCodePageLacks)
     list.Put(L"EnumCode", Variant(foreign));
     EXPECT_EQ(list.Get(L"EnumText").Text(), foreign);
     EXPECT_EQ(Difference(Expected(list, foreign), Shown(list)), "");
+}
+
+TEST_F(EnumListLookTest, ATipTellsAllLinesOfADescription)
+{
+    const std::wstring text = std::wstring(L"First & foremost ") + foreign + L"\r\nsecond line\r\nthird line";
+    host::ControlSite& list = ShownText(text);
+    EXPECT_TRUE(ToolTips().empty());
+    const HWND focus = GetFocus();
+    ExpectTip(list, text);
+    EXPECT_EQ(GetFocus(), focus);
+    EXPECT_EQ(GetForegroundWindow(), TheForm().Window());
+    ASSERT_EQ(ToolTips().size(), 1U);
+    RECT several = {};
+    GetWindowRect(ToolTips().front(), &several);
+    TEXTMETRICW metrics = {};
+    const HDC dc = GetDC(nullptr);
+    GetTextMetricsW(dc, &metrics);
+    ReleaseDC(nullptr, dc);
+    EXPECT_GT(several.bottom - several.top, 2 * metrics.tmHeight) << "three lines";
+
+    Database().Rows({{L"MA", L"Single", Variant(L"2"), Variant(L"Alone")}});
+    list.Put(L"EnumCode", Variant(L"2"));
+    EXPECT_TRUE(ToolTips().empty());
+    ExpectNoTip(list);
+}
+
+TEST_F(EnumListLookTest, ATipGoesWithTheControl)
+{
+    host::ControlSite& list = ShownText(L"First line\r\nsecond line");
+    ExpectTip(list, L"First line\r\nsecond line");
+    TheForm().Remove(list);
+    EXPECT_TRUE(ToolTips().empty());
+}
+
+// Its window is disabled too, and gets no mouse.
+TEST_F(EnumListLookTest, ADisabledListHasNoTip)
+{
+    host::ControlSite& list = ShownText(L"First line\r\nsecond line");
+    list.Put(L"Enabled", Variant(false));
+    ExpectNoTip(list);
 }
 
 TEST_F(EnumListLookTest, ThePickersHeadingsAreWhole)
