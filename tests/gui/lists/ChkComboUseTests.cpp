@@ -254,6 +254,7 @@ TEST_F(ChkComboMouse, OpensNoDisabledControl)
     combo.Open(true);
     EXPECT_FALSE(combo.IsOpen());
     EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(combo.TakeEvents(), (Events{L"DropDown", L"CloseUp"})) << "told all the same";
 }
 
 TEST_F(ChkComboMouse, OpensPicksAndTellsSo)
