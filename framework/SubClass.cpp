@@ -3,6 +3,7 @@
 #include "framework/MessageLong.h"
 #include "framework/ModuleData.h"
 #include "runtime/forms/Graphics.h"
+#include "runtime/forms/Window.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -126,7 +127,7 @@ int AppMsgBox(std::wstring_view text, UINT flags)
     // Not every form puts the focus back where it was: the system leaves it with the form itself.
     const HWND form = GetAncestor(focus, GA_ROOT);
     if (focus != form && GetFocus() == form && IsWindowVisible(focus) && IsWindowEnabled(focus))
-        SetFocus(focus);
+        Window(focus).TakeFocus();
     return answer;
 }
 

@@ -9,7 +9,8 @@
 namespace kiv
 {
 
-// The ISubClass interface of a control: a part of it, whose messages go to the control's ISubClass_WndProc.
+// The ISubClass interface of a control: a part of it, whose messages go to the control's ISubClass_WndProc if
+// they are those of a window that it hooks.
 template<class Control>
 class SubClassOwner final : public ISubClass
 {
@@ -60,10 +61,16 @@ public:
         *result = 0;
         // Whatever the message makes the host do, the control lives until it is handled.
         const Microsoft::WRL::ComPtr<ISubClass> held(this);
+        const auto window = static_cast<HWND>(LongToHandle(hwnd));
+        const auto message = static_cast<UINT>(msg);
+        const auto first = static_cast<WPARAM>(wParam);
+        const auto second = static_cast<LPARAM>(lParam);
+        // Anybody can call this, with a window of somebody else's.
+        const bool isHooked = control_.Hooks(window);
         return Boundary([&] {
-            *result = static_cast<MessageLong>(
-                control_.ISubClass_WndProc(static_cast<HWND>(LongToHandle(hwnd)), static_cast<UINT>(msg),
-                                           static_cast<WPARAM>(wParam), static_cast<LPARAM>(lParam)));
+            *result =
+                static_cast<MessageLong>(isHooked ? control_.ISubClass_WndProc(window, message, first, second)
+                                                  : DefWindowProcA(window, message, first, second));
         });
     }
 

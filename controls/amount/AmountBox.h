@@ -44,7 +44,7 @@ protected:
     {
     }
 
-    HWND FocusWindow() const override { return txtLeft.hWnd(); }
+    const Window& FocusWindow() const override { return txtLeft; }
     const Label* TippedLabel() const override { return isParked_ ? &lblRight : nullptr; }
 
     // The rules of the amount.

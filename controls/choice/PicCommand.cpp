@@ -74,7 +74,7 @@ void PicCommand::UserControl_Resize()
     const SIZE size = TheSurface().PixelSize();
     cmd.Move(0, 0, size.cx, size.cy, false);
     // All of it, once: a frame that has moved is not the only thing to be painted.
-    InvalidateRect(cmd.hWnd(), nullptr, FALSE);
+    cmd.Invalidate(false);
 }
 
 void PicCommand::UserControl_AccessKeyPress(wchar_t)
@@ -107,6 +107,11 @@ void PicCommand::UserControl_Terminate()
 void PicCommand::cmd_Click()
 {
     RaiseEventAtAnyTime(ClickEvent);
+}
+
+bool PicCommand::Hooks(HWND hwnd) const
+{
+    return hwnd == cmd.hWnd() || hwnd == TheSurface().hWnd();
 }
 
 // Errors are trapped by the service: they must not unwind through the window procedure.

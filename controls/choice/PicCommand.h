@@ -34,11 +34,15 @@ public:
     HRESULT STDMETHODCALLTYPE put_Value(VARIANT_BOOL newState) noexcept override;
     HRESULT STDMETHODCALLTYPE Refresh() noexcept override;
 
+    bool Hooks(HWND hwnd) const;
     LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
 
 protected:
     void* FindInterface(REFIID iid) noexcept override;
-    HWND FocusWindow() const override { return cmd.Enabled() ? cmd.hWnd() : TheSurface().hWnd(); }
+    const Window& FocusWindow() const override
+    {
+        return cmd.Enabled() ? static_cast<const Window&>(cmd) : TheSurface();
+    }
     bool TakesReturn() const override { return true; }
 
 private:

@@ -80,7 +80,7 @@ void DrawFrame(HDC dc, const ButtonFrame& frame)
 void PicCommand::RepaintButton()
 {
     UserControl::Refresh();
-    cmd.Refresh();
+    cmd.Redraw();
 }
 
 // WM_PAINT of the button, or WM_ENABLE, which shows the new state at once.
@@ -101,7 +101,7 @@ void PicCommand::PaintButton(HWND button, UINT msg)
     }
     else
     {
-        item.hDC = GetDC(button);
+        item.hDC = Window(button).BorrowDc();
         Boundary([&] { DrawButton(item); });
         ReleaseDC(button, item.hDC);
     }

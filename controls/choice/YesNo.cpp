@@ -169,6 +169,11 @@ void YesNo::UserControl_Terminate()
     UnhookWindow(TheSurface().hWnd(), PrevWndProc);
 }
 
+bool YesNo::Hooks(HWND hwnd) const
+{
+    return hwnd == TheSurface().hWnd();
+}
+
 // Errors are trapped by the service: they must not unwind through the window procedure.
 LRESULT YesNo::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
 {

@@ -33,6 +33,7 @@ public:
     HRESULT STDMETHODCALLTYPE DrawFocusState(AnswerEnums* TargetFocus) noexcept override;
     HRESULT STDMETHODCALLTYPE ShowAboutBox() noexcept override;
 
+    bool Hooks(HWND hwnd) const;
     LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
 
 protected:

@@ -36,6 +36,7 @@ public:
         return this->Get(result, [&] { return IsValidInput(show) ? VARIANT_TRUE : VARIANT_FALSE; });
     }
 
+    bool Hooks(HWND hwnd) const { return hwnd == hookedWindow_; }
     // A message of the hooked box. Errors are trapped by the service: they must not unwind through the window
     // procedure.
     virtual LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) = 0;
@@ -64,7 +65,7 @@ protected:
         for (TextBox* box : boxes)
         {
             box->Move(0, 0, size.cx, size.cy);
-            needed = std::max(needed, box->Size().cy);
+            needed = std::max(needed, box->OuterSize().cy);
         }
         // Once: a container that insists on its own size is not asked for each box.
         if (needed > size.cy)

@@ -4,6 +4,8 @@
 #include "runtime/core/Scoped.h"
 #include "runtime/forms/Color.h"
 
+#include <algorithm>
+
 namespace kiv
 {
 
@@ -156,7 +158,7 @@ void ChkCombo::Enabled(bool newState)
     // From a window that is being disabled the system takes the focus, and with it the keys that lead
     // elsewhere.
     if (!newState && GetFocus() == combo_.hWnd())
-        SetFocus(HScroll1.hWnd());
+        HScroll1.TakeFocus();
     TheSurface().Enabled(newState);
     combo_.Enabled(newState);
     // Closes an open list, of which the host hears: whatever it answers is what stands.
@@ -200,6 +202,7 @@ HRESULT ChkCombo::put_ListIndex(short newSelection) noexcept
 // Selecting what is selected already raises nothing, but becomes what was selected before.
 void ChkCombo::ListIndex(short newSelection)
 {
+    Follow();
     if (!list_.CanSelect(newSelection))
         throw ComError(InvalidPropertyValue);
     list_.PreviousIndex(HScroll1.Value());
@@ -296,10 +299,10 @@ HRESULT ChkCombo::AddItem(BSTR Item, short Index) noexcept
 
 void ChkCombo::Insert(std::wstring_view Item, short Index)
 {
+    Follow();
     if (!list_.CanInsert(Index))
         throw ComError(InvalidPropertyIndex);
-    // Somebody else may have put items into the combo box.
-    if (list_.IsFull() || combo_.Count() >= ChkComboList::MostItems)
+    if (list_.IsFull())
         throw ComError(Overflow);
     const auto inserted = static_cast<short>(combo_.Insert(std::wstring(Item), Index));
     list_.Inserted(inserted);
@@ -340,14 +343,21 @@ HRESULT ChkCombo::Refresh() noexcept
 {
     return Member([&] {
         UserControl::Refresh();
-        InvalidateRect(combo_.hWnd(), nullptr, TRUE);
+        combo_.Invalidate();
     });
 }
 
 // --- Items and selection ---
 
-void ChkCombo::RequireItem(short Index) const
+// Somebody else may have sent messages to the combo box, or to its list.
+void ChkCombo::Follow()
 {
+    list_.Follow(std::min(combo_.Count(), ChkComboList::MostItems));
+}
+
+void ChkCombo::RequireItem(short Index)
+{
+    Follow();
     if (!list_.Holds(Index))
         throw ComError(InvalidPropertyIndex);
 }

@@ -45,11 +45,12 @@ public:
     HRESULT STDMETHODCALLTYPE Clear() noexcept override;
     HRESULT STDMETHODCALLTYPE Refresh() noexcept override;
 
+    bool Hooks(HWND hwnd) const;
     LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
 
 protected:
     void* FindInterface(REFIID iid) noexcept override;
-    HWND FocusWindow() const override { return HScroll1.hWnd(); }
+    const Window& FocusWindow() const override { return HScroll1; }
     bool Wants(WPARAM key) const override;
 
 private:
@@ -91,7 +92,8 @@ private:
     void Remove(short Index);
     void RemoveAll();
 
-    void RequireItem(short Index) const;
+    void Follow();
+    void RequireItem(short Index);
     void RequireRunTime() const;
     void MoveSelection(short index);
     void FollowShift(short index);

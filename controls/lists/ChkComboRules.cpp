@@ -19,11 +19,16 @@ ItemColor MaskedColor(std::uint32_t oleColor, std::uint32_t systemMask)
 
 } // namespace
 
+void ChkComboList::Follow(int count)
+{
+    statuses_.resize(static_cast<std::size_t>(count));
+    const auto known = [count](short index) { return index < count ? index : short{-1}; };
+    newIndex_ = known(newIndex_);
+    previousIndex_ = known(previousIndex_);
+}
+
 void ChkComboList::Inserted(short index)
 {
-    // Behind items that somebody else has put into the combo box: they have a status, too.
-    if (index > Count())
-        statuses_.resize(static_cast<std::size_t>(index));
     statuses_.insert(statuses_.begin() + index, 0);
     newIndex_ = index;
     previousIndex_ = AfterInsertion(previousIndex_, index);

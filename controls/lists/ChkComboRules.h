@@ -31,6 +31,9 @@ public:
     std::int32_t Status(int index) const { return statuses_[static_cast<std::size_t>(index)]; }
     void Status(int index, std::int32_t status) { statuses_[static_cast<std::size_t>(index)] = status; }
 
+    // The combo box holds that many items: fewer or more than are known here if somebody else has sent it
+    // messages of his own. What came to be there has no status.
+    void Follow(int count);
     // The combo box has taken an item in at that place, has let one go, or all of them.
     void Inserted(short index);
     void Removed(short index);

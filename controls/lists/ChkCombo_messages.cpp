@@ -49,6 +49,11 @@ void Fill(HDC dc, const RECT& rectangle, COLORREF color)
 
 } // namespace
 
+bool ChkCombo::Hooks(HWND hwnd) const
+{
+    return hwnd == combo_.hWnd() || hwnd == HScroll1.hWnd() || hwnd == TheSurface().hWnd();
+}
+
 // Errors are trapped by the service: they must not unwind through the window procedure.
 LRESULT ChkCombo::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
 {
@@ -78,12 +83,11 @@ LRESULT ChkCombo::ScrollBarMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lP
     switch (msg)
     {
     case WM_SETFOCUS:
-        PostMessageA(combo_.hWnd(), WM_SETFOCUS, 0, 0);
+        combo_.Post(WM_SETFOCUS);
         break;
     case WM_KILLFOCUS: {
         // One that is still on its way would take the focus back.
-        MSG late = {};
-        PeekMessageA(&late, combo_.hWnd(), WM_SETFOCUS, WM_SETFOCUS, PM_REMOVE | (QS_POSTMESSAGE << 16));
+        combo_.TakeBack(WM_SETFOCUS);
         SendMessageA(combo_.hWnd(), WM_KILLFOCUS, 0, 0);
         // Left for good, with the button still held down perhaps.
         if (!IsChild(TheSurface().hWnd(), reinterpret_cast<HWND>(wParam)))

@@ -38,7 +38,7 @@ public:
     HRESULT STDMETHODCALLTYPE put_BoundEnumCode(VARIANT newCode) noexcept override;
 
 protected:
-    HWND FocusWindow() const override { return cmd.hWnd(); }
+    const Window& FocusWindow() const override { return cmd; }
     const Label* TippedLabel() const override { return &lbl; }
 
 private:

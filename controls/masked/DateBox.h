@@ -30,7 +30,7 @@ public:
     LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
 
 protected:
-    HWND FocusWindow() const override { return txtDate.hWnd(); }
+    const Window& FocusWindow() const override { return txtDate; }
 
 private:
     // The control's life, in its order.

@@ -202,7 +202,7 @@ void NumberBox::Style(NumberFormat newStyle)
     const bool hadFocus = GetFocus() == formerBox->hWnd();
     activeBox_->Visible(true);
     if (hadFocus)
-        SetFocus(activeBox_->hWnd());
+        activeBox_->TakeFocus();
     formerBox->Visible(false);
     HookBox(*activeBox_);
 }

@@ -27,7 +27,7 @@ public:
     LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
 
 protected:
-    HWND FocusWindow() const override { return activeBox_->hWnd(); }
+    const Window& FocusWindow() const override { return *activeBox_; }
 
 private:
     // The control's life, in its order.

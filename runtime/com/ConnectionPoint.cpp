@@ -75,8 +75,10 @@ HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept
     if (!sink || !cookie)
         return E_POINTER;
     *cookie = 0;
+    const ComPtr<IUnknown> held(owner_); // the sink may release it when it is asked what it is
     return Boundary([&] {
-        Connection connection{nullptr, lastCookie_ + 1};
+        Connection connection{nullptr,
+                              ++lastCookie_}; // it may also connect another, which gets another number
         // A late-bound client may answer plain IDispatch only, which is all that events need.
         if (FAILED(sink->QueryInterface(iid_, reinterpret_cast<void**>(connection.Sink.GetAddressOf()))) &&
             (iid_ == IID_IPropertyNotifySink ||
@@ -84,12 +86,13 @@ HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept
                                          reinterpret_cast<void**>(connection.Sink.GetAddressOf())))))
             throw ComError(CONNECT_E_CANNOTCONNECT);
         sinks_.push_back(connection);
-        *cookie = ++lastCookie_;
+        *cookie = connection.Cookie;
     });
 }
 
 HRESULT ConnectionPoint::Unadvise(DWORD cookie) noexcept
 {
+    const ComPtr<IUnknown> held(owner_);
     const auto found = std::ranges::find(sinks_, cookie, &Connection::Cookie);
     if (found == sinks_.end())
         return CONNECT_E_NOCONNECTION;

@@ -111,9 +111,7 @@ void ComboBox::Move(int left, int top, int width, int height, bool repaint)
 
 int ComboBox::ClosedHeight() const
 {
-    RECT inner = {};
-    GetClientRect(hWnd(), &inner);
-    return inner.bottom;
+    return InnerSize().cy;
 }
 
 int ComboBox::ItemHeight() const
@@ -160,14 +158,14 @@ HWND ComboBox::List() const
 void ComboBox::RepaintItem(int index)
 {
     if (index == Selected())
-        InvalidateRect(hWnd(), nullptr, TRUE);
+        Invalidate();
     if (!IsDropped())
         return;
     const HWND list = List();
     RECT place = {};
     if (SendMessageA(list, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&place)) !=
         LB_ERR)
-        InvalidateRect(list, &place, TRUE);
+        Window(list).Invalidate(place);
 }
 
 // Around the items, disabled or not.

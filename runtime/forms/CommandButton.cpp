@@ -32,11 +32,6 @@ void CommandButton::Move(int left, int top, int width, int height, bool repaint)
     MoveWindow(hWnd(), left, top, width, height, repaint);
 }
 
-void CommandButton::Refresh()
-{
-    RedrawWindow(hWnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-}
-
 void CommandButton::Notified(WORD code)
 {
     if (code == BN_CLICKED)

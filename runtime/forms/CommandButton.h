@@ -29,8 +29,6 @@ public:
 
     // Pixels of the surface.
     void Move(int left, int top, int width, int height, bool repaint = true);
-    // Repaints the window at once.
-    void Refresh();
 
     void Notified(WORD code) override;
     void Draw(HDC dc, const RECT& place) const override;

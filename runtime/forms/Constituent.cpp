@@ -2,6 +2,7 @@
 
 #include "runtime/com/Boundary.h"
 #include "runtime/com/PerThread.h"
+#include "runtime/forms/ParkingWindow.h"
 #include "runtime/forms/StrayMessage.h"
 
 #include <wrl/client.h>
@@ -25,9 +26,9 @@ struct Constituents
 
 Constituent::Constituent(ConstituentOwner& owner, HWND parent, const char* windowClass, DWORD style,
                          DWORD extendedStyle) :
-    owner_(owner),
-    window_(CreateWindowExA(extendedStyle, windowClass, "", WS_CHILD | style, 0, 0, 0, 0, parent, nullptr,
-                            nullptr, nullptr))
+    Window(CreateWindowExA(extendedStyle, windowClass, "", WS_CHILD | style, 0, 0, 0, 0, parent, nullptr,
+                           nullptr, nullptr)),
+    owner_(owner)
 {
     if (!window_)
         ThrowLastError();
@@ -44,9 +45,18 @@ Constituent::~Constituent()
 {
     if (!window_)
         return;
-    PerThread<Constituents>().ByWindow.erase(window_);
-    SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous_));
-    DestroyWindow(window_);
+    const HWND window = window_;
+    Forget(window);
+    SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous_));
+    DestroyWindow(window);
+}
+
+// The constituent may be gone by now, or just going.
+void Constituent::Forget(HWND window) noexcept
+{
+    if (Constituent* const constituent = Of(window))
+        constituent->window_ = nullptr;
+    PerThread<Constituents>().ByWindow.erase(window);
 }
 
 Constituent* Constituent::Of(HWND window)
@@ -174,13 +184,16 @@ LRESULT CALLBACK Constituent::WndProc(HWND window, UINT message, WPARAM wParam, 
     if (IsStray(message, lParam))
         return 0;
     const WNDPROC previous = constituent->previous_;
+    const Microsoft::WRL::ComPtr<IUnknown> held(constituent->owner_.ConstituentHolder());
+    if (message == WM_DESTROY && IsParked(GetParent(window)))
+        return 0; // the container's window goes without this one
     if (message == WM_NCDESTROY)
     {
-        constituent->window_ = nullptr;
-        PerThread<Constituents>().ByWindow.erase(window);
-        return CallWindowProcA(previous, window, message, wParam, lParam);
+        // The system's control may still send messages, to itself and to its parent.
+        const LRESULT result = CallWindowProcA(previous, window, message, wParam, lParam);
+        Forget(window);
+        return result;
     }
-    const Microsoft::WRL::ComPtr<IUnknown> held(constituent->owner_.ConstituentHolder());
     bool handled = false;
     Boundary([&] { handled = constituent->Handle(message, wParam, lParam); });
     return handled ? 0 : CallWindowProcA(previous, window, message, wParam, lParam);

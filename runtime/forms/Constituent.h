@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/forms/Window.h"
+
 #include <windows.h>
 
 #include <unknwn.h>
@@ -27,13 +29,11 @@ protected:
 };
 
 // A system control inside a control. Its window is a child of the surface for as long as this lives.
-class Constituent
+class Constituent : public Window
 {
 public:
     Constituent(const Constituent&) = delete;
     Constituent& operator=(const Constituent&) = delete;
-
-    HWND hWnd() const { return window_; }
 
     bool Enabled() const;
     void Enabled(bool enabled);
@@ -74,10 +74,10 @@ protected:
 
 private:
     static LRESULT CALLBACK WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    static void Forget(HWND window) noexcept;
     bool Handle(UINT message, WPARAM& wParam, LPARAM lParam);
 
     ConstituentOwner& owner_;
-    HWND window_ = nullptr;
     WNDPROC previous_ = nullptr;
     WNDPROC widePrevious_ = nullptr;
 };

@@ -41,7 +41,11 @@ protected:
     const FontObject& Font() const { return this->TheSurface().Font(); }
     void Font(FontObject newFont)
     {
-        this->TheSurface().Font(std::move(newFont), [this] { FontChanged(); });
+        this->TheSurface().Font(std::move(newFont), [this] {
+            // The font may be shared, and whoever else hears of a change may drop this control.
+            const Microsoft::WRL::ComPtr<IUnknown> held(this->Outer());
+            FontChanged();
+        });
         ApplyFont();
         FontAssigned();
     }

@@ -24,12 +24,17 @@ public:
 
     HRESULT STDMETHODCALLTYPE OnChanged(DISPID) noexcept override
     {
-        // The listener may drop the font, and with it this.
-        const ComPtr<ChangeSink> held(this);
-        return Boundary([&] { listener_(); });
+        return Boundary([&] {
+            // A copy: the listener may drop the font, and with it this and what it is itself.
+            if (const FontReference::Listener listener = listener_)
+                listener();
+        });
     }
 
     HRESULT STDMETHODCALLTYPE OnRequestEdit(DISPID) noexcept override { return S_OK; }
+
+    // A font that is telling all its sinks of a change still calls those that have gone meanwhile.
+    void Disarm() noexcept { listener_ = nullptr; }
 
 private:
     FontReference::Listener listener_;
@@ -84,22 +89,43 @@ FontObject CloneFont(const FontObject& font)
     return font;
 }
 
-FontReference::~FontReference()
+class FontReference::Subscription
 {
-    Unsubscribe();
-}
+public:
+    Subscription(IUnknown* font, Listener listener) : sink_(MakeCom<ChangeSink>(std::move(listener)))
+    {
+        ComPtr<IConnectionPointContainer> container;
+        if (!font || FAILED(font->QueryInterface(IID_PPV_ARGS(&container))) ||
+            FAILED(container->FindConnectionPoint(IID_IPropertyNotifySink, &changes_)) ||
+            FAILED(changes_->Advise(sink_.Get(), &cookie_)))
+            changes_.Reset();
+    }
+    Subscription(const Subscription&) = delete;
+    Subscription& operator=(const Subscription&) = delete;
+    ~Subscription()
+    {
+        sink_->Disarm();
+        if (changes_)
+            changes_->Unadvise(cookie_);
+    }
 
+private:
+    ComPtr<ChangeSink> sink_;
+    ComPtr<IConnectionPoint> changes_;
+    DWORD cookie_ = 0;
+};
+
+FontReference::FontReference() = default;
+
+FontReference::~FontReference() = default;
+
+// A font object may be the host's own, and every call to it may lead back here: what it is told and asked is
+// over before anything changes, and what it loses goes last.
 void FontReference::Set(FontObject font, Listener listener)
 {
-    Unsubscribe();
-    font_ = std::move(font);
-    ComPtr<IConnectionPointContainer> container;
-    if (FAILED(font_.As(&container)) ||
-        FAILED(container->FindConnectionPoint(IID_IPropertyNotifySink, &changes_)))
-        return;
-    sink_ = MakeCom<ChangeSink>(std::move(listener));
-    if (FAILED(changes_->Advise(sink_.Get(), &cookie_)))
-        changes_.Reset();
+    auto subscription = std::make_unique<Subscription>(font.Get(), std::move(listener));
+    font_.Swap(font);
+    subscription_.swap(subscription);
 }
 
 HFONT FontReference::Handle() const
@@ -109,14 +135,6 @@ HFONT FontReference::Handle() const
     if (font_ && SUCCEEDED(font_.As(&font)) && SUCCEEDED(font->get_hFont(&handle)))
         return handle;
     return nullptr;
-}
-
-void FontReference::Unsubscribe()
-{
-    if (changes_)
-        changes_->Unadvise(cookie_);
-    changes_.Reset();
-    sink_.Reset();
 }
 
 } // namespace kiv

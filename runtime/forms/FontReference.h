@@ -7,6 +7,7 @@
 #include <wrl/client.h>
 
 #include <functional>
+#include <memory>
 #include <string_view>
 
 namespace kiv
@@ -29,12 +30,13 @@ class FontReference
 public:
     using Listener = std::function<void()>;
 
-    FontReference() = default;
+    FontReference();
     FontReference(const FontReference&) = delete;
     FontReference& operator=(const FontReference&) = delete;
     ~FontReference();
 
-    // Takes another object; the listener hears its changes from now on, the former object's no more.
+    // Takes another object; the listener hears its changes from now on, the former object's no more. It is
+    // not called any more either once this is gone, but whatever it needs while it runs it holds itself.
     void Set(FontObject font, Listener listener);
     const FontObject& Get() const { return font_; }
 
@@ -42,12 +44,10 @@ public:
     HFONT Handle() const;
 
 private:
-    void Unsubscribe();
+    class Subscription;
 
     FontObject font_;
-    Microsoft::WRL::ComPtr<IConnectionPoint> changes_;
-    Microsoft::WRL::ComPtr<IUnknown> sink_;
-    DWORD cookie_ = 0;
+    std::unique_ptr<Subscription> subscription_;
 };
 
 } // namespace kiv

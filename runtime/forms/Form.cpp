@@ -118,9 +118,7 @@ void Form::OuterWidth(double width)
 
 FormPlace Form::PlaceOf(const Constituent& control) const
 {
-    RECT place = {};
-    GetWindowRect(control.hWnd(), &place);
-    MapWindowPoints(nullptr, surface_->hWnd(), reinterpret_cast<POINT*>(&place), 2);
+    const RECT place = control.Bounds();
     const double x = Screen::TwipsPerPixelX();
     const double y = Screen::TwipsPerPixelY();
     return {place.left * x, place.top * y, (place.right - place.left) * x, (place.bottom - place.top) * y};
@@ -173,7 +171,7 @@ void Form::ShowModal(const std::function<void(bool enabled)>& tellOwner)
     Unload();
     shown_ = false;
     if (IsWindow(formerFocus) && IsWindowEnabled(owner_) && IsWindowVisible(formerFocus))
-        SetFocus(formerFocus);
+        Window(formerFocus).TakeFocus();
 }
 
 // Enabled again before the form goes, the owner is what the system activates next.
@@ -240,7 +238,7 @@ void Form::TakeFocus()
         return;
     if (!focus_ || !IsWindow(focus_))
         focus_ = GetNextDlgTabItem(surface_->hWnd(), nullptr, FALSE);
-    SetFocus(focus_);
+    Window(focus_).TakeFocus();
 }
 
 void Form::ConstituentFocus(bool gained, HWND)

@@ -93,7 +93,7 @@ ListBox::Batch::Batch(const ListBox& list) : list_(list)
 ListBox::Batch::~Batch()
 {
     list_.Ask(WM_SETREDRAW, TRUE);
-    InvalidateRect(list_.hWnd(), nullptr, TRUE);
+    list_.Invalidate();
 }
 
 void ListBox::Notified(WORD code)

@@ -33,4 +33,9 @@ HWND ParkingWindow()
     return PerThread<Parking>().Window;
 }
 
+bool IsParked(HWND window)
+{
+    return GetAncestor(window, GA_PARENT) == ParkingWindow();
+}
+
 } // namespace kiv

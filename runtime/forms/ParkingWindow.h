@@ -9,4 +9,7 @@ namespace kiv
 // Throws ComError when it cannot be made.
 HWND ParkingWindow();
 
+// Whether a window waits there.
+bool IsParked(HWND window);
+
 } // namespace kiv

@@ -71,11 +71,6 @@ void Surface::Reset()
     EnableWindow(window_, TRUE);
 }
 
-void Surface::MoveUnder(HWND parent)
-{
-    SetParent(window_, parent);
-}
-
 void Surface::Place(const RECT& position, const RECT& clip, bool show)
 {
     const SIZE size = {position.right - position.left, position.bottom - position.top};
@@ -101,7 +96,7 @@ void Surface::Show(bool shown)
 {
     // What is hidden has no focus: not every system takes it from a window inside the hidden one.
     if (!shown && ContainsFocus())
-        SetFocus(GetParent(window_));
+        Window(GetParent(window_)).TakeFocus();
     ShowWindow(window_, shown ? SW_SHOWNA : SW_HIDE);
 }
 
@@ -110,7 +105,7 @@ void Surface::Park()
     if (!window_)
         return;
     Show(false);
-    SetParent(window_, ParkingWindow());
+    MoveUnder(ParkingWindow());
 }
 
 bool Surface::ContainsFocus() const
@@ -134,20 +129,6 @@ double Surface::TextWidth(std::wstring_view text) const
     return TextWidthInPixels(text, font_.Handle()) * Screen::TwipsPerPixelX();
 }
 
-SIZE Surface::PixelSize() const
-{
-    RECT inner = {};
-    GetClientRect(window_, &inner);
-    return {inner.right, inner.bottom};
-}
-
-SIZE Surface::OuterSize() const
-{
-    RECT outer = {};
-    GetWindowRect(window_, &outer);
-    return {outer.right - outer.left, outer.bottom - outer.top};
-}
-
 void Surface::Resize(SIZE outerSize)
 {
     SetWindowPos(window_, nullptr, 0, 0, outerSize.cx, outerSize.cy,
@@ -157,7 +138,7 @@ void Surface::Resize(SIZE outerSize)
 Graphics Surface::AcquireGraphics() const
 {
     const bool painting = paintDc_ != nullptr;
-    return Graphics(painting ? nullptr : window_, painting ? paintDc_ : GetDC(window_), font_.Handle(),
+    return Graphics(painting ? nullptr : window_, painting ? paintDc_ : BorrowDc(), font_.Handle(),
                     ResolvedColor(foreColor_), ResolvedColor(backColor_));
 }
 
@@ -181,10 +162,7 @@ void Surface::PaintWithConstituents(HDC dc)
         const Constituent* const constituent = Constituent::Of(child);
         if (!constituent || !constituent->Visible())
             continue;
-        RECT place = {};
-        GetWindowRect(child, &place);
-        MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
-        constituent->Draw(dc, place);
+        constituent->Draw(dc, constituent->Bounds());
     }
 }
 
@@ -199,11 +177,6 @@ void Surface::PaintWithBorder(HDC dc)
         OffsetWindowOrgEx(dc, -inside.left, -inside.top, nullptr);
     }
     PaintWithConstituents(dc);
-}
-
-void Surface::Refresh()
-{
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
 
 void Surface::PaintWindow()

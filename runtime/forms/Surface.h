@@ -2,6 +2,7 @@
 
 #include "runtime/forms/FontReference.h"
 #include "runtime/forms/Graphics.h"
+#include "runtime/forms/Window.h"
 
 #include <windows.h>
 
@@ -26,7 +27,7 @@ protected:
 
 // A control's own window and what is drawn on it. The window exists from the beginning, under the parking
 // window, and moves under a container's window while the control is active there.
-class Surface
+class Surface : public Window
 {
 public:
     // size: in pixels, with the sunken border that the surface may have. Throws ComError when the window
@@ -36,14 +37,9 @@ public:
     Surface& operator=(const Surface&) = delete;
     ~Surface();
 
-    // Null once somebody else has destroyed the window (a container its own one, with ours in it).
-    HWND hWnd() const { return window_; }
-
     // The colours and the enabled state of a new surface.
     void Reset();
 
-    // Under a container's window, still hidden.
-    void MoveUnder(HWND parent);
     // To a place in the container's window, of which only what lies in clip shows (an empty clip clips
     // nothing). Both in pixels of that window.
     void Place(const RECT& position, const RECT& clip, bool show);
@@ -73,8 +69,7 @@ public:
     double TextWidth(std::wstring_view text) const;
 
     // In pixels: the inner size, and that of the window with its border.
-    SIZE PixelSize() const;
-    SIZE OuterSize() const;
+    SIZE PixelSize() const { return InnerSize(); }
     void Resize(SIZE outerSize);
 
     // The device context to draw on: the painter's while the surface is being painted, else the window's.
@@ -85,8 +80,6 @@ public:
     void PaintWithConstituents(HDC dc);
     // The same within the border, which then begins at (0, 0). Leaves the device context's origin moved.
     void PaintWithBorder(HDC dc);
-    // Repaints the window at once.
-    void Refresh();
 
 private:
     static LRESULT CALLBACK WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
@@ -94,7 +87,6 @@ private:
     void PaintWindow();
 
     SurfaceEvents& events_;
-    HWND window_ = nullptr;
     HDC paintDc_ = nullptr;
     const bool bordered_;
     bool clipped_ = false;

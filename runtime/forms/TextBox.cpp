@@ -135,26 +135,19 @@ void TextBox::MaxLength(short characters)
 void TextBox::BackColor(OLE_COLOR color)
 {
     backColor_ = color;
-    InvalidateRect(hWnd(), nullptr, TRUE);
+    Invalidate();
 }
 
 void TextBox::ForeColor(OLE_COLOR color)
 {
     foreColor_ = color;
-    InvalidateRect(hWnd(), nullptr, TRUE);
+    Invalidate();
 }
 
 void TextBox::Move(int left, int top, int width, int height)
 {
     SetWindowPos(hWnd(), nullptr, left, top, width, std::max(height, LeastHeight()),
                  SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-SIZE TextBox::Size() const
-{
-    RECT outer = {};
-    GetWindowRect(hWnd(), &outer);
-    return {outer.right - outer.left, outer.bottom - outer.top};
 }
 
 int TextBox::LeastHeight() const

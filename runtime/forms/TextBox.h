@@ -66,7 +66,6 @@ public:
 
     // Pixels of the surface. The box is never lower than one line of its font needs.
     void Move(int left, int top, int width, int height);
-    SIZE Size() const;
     int LeastHeight() const;
 
     void Font(HFONT font) override;

@@ -187,7 +187,7 @@ protected:
     // to take as it is now; none when it fits.
     void RequestFit(const std::function<std::optional<SIZE>()>& needed);
     // The window that has the focus when the control has it: the surface's, unless a constituent takes it.
-    virtual HWND FocusWindow() const { return surface_.hWnd(); }
+    virtual const Window& FocusWindow() const { return surface_; }
     // The letters that, with Alt, lead to the control; the container hears of a change.
     void SetAccessKeys(std::wstring_view letters);
     // Whether Enter is the control's own while it has the focus, and not for the container's default button.
@@ -214,8 +214,16 @@ protected:
     // Raises a run-time error, for members that cannot be read while the form is being designed.
     void RefuseAtDesignTime() const;
 
-    // The outer edge of a member that hosts call: makes sure that the control has been given its first
-    // properties, and reports an error with the control's name as source.
+    // The outer edge of whatever containers call: the control lives until this returns, although the
+    // container may drop it in any call back.
+    template<class Body>
+    HRESULT Entry(Body&& body) noexcept
+    {
+        const Microsoft::WRL::ComPtr<IUnknown> held(Outer());
+        return Boundary(std::forward<Body>(body));
+    }
+    // The same for a member of the control's own interface: makes sure that the control has been given its
+    // first properties, and reports an error with the control's name as source.
     template<class Body>
     HRESULT Member(Body&& body) noexcept
     {
@@ -298,6 +306,8 @@ private:
 
     // UserControl_activation.cpp
     void ActivateInPlace();
+    void ShowIn(IOleInPlaceSite* site);
+    void RequireActive() const;
     void ActivateUi();
 
     // UserControl_persistence.cpp
@@ -331,6 +341,7 @@ private:
     ConnectionPoint events_;
     ConnectionPoint notifications_;
     Activity activity_ = Activity::Inactive;
+    bool activating_ = false;
     bool deactivating_ = false;
     bool hasFocus_ = false;          // as UserControl_EnterFocus and UserControl_ExitFocus told it
     std::optional<FocusWatch> away_; // while the focus is with another window in front

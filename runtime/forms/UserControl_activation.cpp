@@ -10,8 +10,7 @@ namespace kiv
 
 HRESULT UserControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) noexcept
 {
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&]() -> HRESULT {
+    return Entry([&]() -> HRESULT {
         switch (verb)
         {
         case OLEIVERB_PRIMARY:
@@ -21,7 +20,7 @@ HRESULT UserControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRE
             ActivateUi();
             // An active one may have lost the focus to a window that was in front.
             if (activity_ == Activity::Ui && !surface_.ContainsFocus())
-                SetFocus(FocusWindow());
+                FocusWindow().TakeFocus();
             return S_OK;
         case OLEIVERB_INPLACEACTIVATE:
             ActivateInPlace();
@@ -46,35 +45,33 @@ HRESULT UserControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRE
 void UserControl::ActivateInPlace()
 {
     EnsureInitialized();
-    if (deactivating_)
-        throw ComError(OLE_E_NOT_INPLACEACTIVE);
-    if (activity_ != Activity::Inactive)
+    if (activity_ != Activity::Inactive && !deactivating_)
     {
         surface_.Show(true);
         return;
     }
+    if (deactivating_ || activating_)
+        throw ComError(OLE_E_NOT_INPLACEACTIVE);
     if (!clientSite_ || !surface_.hWnd())
         throw ComError(E_UNEXPECTED);
+    const Scoped<bool> activating(activating_, true);
+    const ComPtr<IOleClientSite> clientSite = clientSite_;
     ComPtr<IOleInPlaceSite> site;
-    Check(clientSite_.As(&site));
+    Check(clientSite.As(&site));
     if (site->CanInPlaceActivate() != S_OK)
         throw ComError(E_FAIL);
     Check(site->OnInPlaceActivate());
+    if (clientSite_ != clientSite || !surface_.hWnd())
+    {
+        // The container has taken the control back meanwhile.
+        site->OnInPlaceDeactivate();
+        throw ComError(OLE_E_NOT_INPLACEACTIVE);
+    }
     activity_ = Activity::InPlace;
     inPlaceSite_ = site;
     try
     {
-        HWND parent = nullptr;
-        RECT position = {};
-        RECT clip = {};
-        OLEINPLACEFRAMEINFO frameInfo = {};
-        frameInfo.cb = sizeof frameInfo;
-        Check(site->GetWindow(&parent));
-        Check(site->GetWindowContext(&frame_, &document_, &position, &clip, &frameInfo));
-        if (!IsWindow(parent))
-            throw ComError(OLE_E_INVALIDHWND);
-        surface_.MoveUnder(parent);
-        surface_.Place(position, clip, true);
+        ShowIn(site.Get());
         if (clientSite_)
             ComPtr<IOleClientSite>(clientSite_)->ShowObject();
     }
@@ -83,6 +80,34 @@ void UserControl::ActivateInPlace()
         InPlaceDeactivate();
         throw;
     }
+}
+
+// Each answer of the container's may come after it has had the control deactivated.
+void UserControl::ShowIn(IOleInPlaceSite* site)
+{
+    HWND parent = nullptr;
+    RECT position = {};
+    RECT clip = {};
+    OLEINPLACEFRAMEINFO frameInfo = {};
+    frameInfo.cb = sizeof frameInfo;
+    ComPtr<IOleInPlaceFrame> frame;
+    ComPtr<IOleInPlaceUIWindow> document;
+    Check(site->GetWindow(&parent));
+    RequireActive();
+    Check(site->GetWindowContext(&frame, &document, &position, &clip, &frameInfo));
+    RequireActive();
+    if (!IsWindow(parent))
+        throw ComError(OLE_E_INVALIDHWND);
+    frame_ = std::move(frame);
+    document_ = std::move(document);
+    surface_.MoveUnder(parent);
+    surface_.Place(position, clip, true);
+}
+
+void UserControl::RequireActive() const
+{
+    if (activity_ == Activity::Inactive)
+        throw ComError(OLE_E_NOT_INPLACEACTIVE);
 }
 
 void UserControl::ActivateUi()
@@ -96,7 +121,7 @@ void UserControl::ActivateUi()
         return;
     activity_ = Activity::Ui;
     if (!surface_.ContainsFocus())
-        SetFocus(FocusWindow());
+        FocusWindow().TakeFocus();
     const auto announce = [this](ComPtr<IOleInPlaceUIWindow> window) {
         if (window && activity_ == Activity::Ui)
         {
@@ -113,7 +138,7 @@ void UserControl::TakeFocus()
     if (activity_ == Activity::InPlace)
         ActivateUi();
     if (!surface_.ContainsFocus())
-        SetFocus(FocusWindow());
+        FocusWindow().TakeFocus();
 }
 
 std::function<void(bool enabled)> UserControl::ModalTeller() const
@@ -127,8 +152,7 @@ std::function<void(bool enabled)> UserControl::ModalTeller() const
 
 HRESULT UserControl::UIDeactivate() noexcept
 {
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] {
+    return Entry([&] {
         if (activity_ != Activity::Ui)
             return;
         activity_ = Activity::InPlace;
@@ -144,8 +168,7 @@ HRESULT UserControl::UIDeactivate() noexcept
 
 HRESULT UserControl::InPlaceDeactivate() noexcept
 {
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] {
+    return Entry([&] {
         UIDeactivate();
         // The container may have answered by deactivating already. Its window may then go at once.
         if (deactivating_)
@@ -187,8 +210,7 @@ HRESULT UserControl::SetObjectRects(LPCRECT position, LPCRECT clip) noexcept
         return E_POINTER;
     if (activity_ == Activity::Inactive)
         return E_UNEXPECTED;
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] { surface_.Place(*position, *clip, false); });
+    return Entry([&] { surface_.Place(*position, *clip, false); });
 }
 
 HRESULT UserControl::ReactivateAndUndo() noexcept

@@ -85,7 +85,7 @@ void UserControl::Deliver(DISPID event, std::span<const Variant> arguments)
 
 HRESULT UserControl::FreezeEvents(BOOL freeze) noexcept
 {
-    return Boundary([&] {
+    return Entry([&] {
         if (freeze)
             ++freezeCount_;
         else if (freezeCount_ > 0 && --freezeCount_ == 0)

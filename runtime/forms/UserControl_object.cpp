@@ -7,8 +7,7 @@ namespace kiv
 
 HRESULT UserControl::SetClientSite(IOleClientSite* site) noexcept
 {
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] {
+    return Entry([&] {
         if (!site)
             Check(InPlaceDeactivate());
         clientSite_ = site;
@@ -32,8 +31,7 @@ HRESULT UserControl::SetHostNames(LPCOLESTR, LPCOLESTR) noexcept
 
 HRESULT UserControl::Close(DWORD saveOption) noexcept
 {
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] {
+    return Entry([&] {
         if (saveOption != OLECLOSE_NOSAVE && dirty_ && clientSite_)
             Check(ComPtr<IOleClientSite>(clientSite_)->SaveObject());
         Check(InPlaceDeactivate());
@@ -99,8 +97,7 @@ HRESULT UserControl::SetExtent(DWORD aspect, SIZEL* size) noexcept
         return E_POINTER;
     if (aspect != DVASPECT_CONTENT || size->cx < 0 || size->cy < 0)
         return E_INVALIDARG;
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] { SetSize(*size); });
+    return Entry([&] { SetSize(*size); });
 }
 
 HRESULT UserControl::GetExtent(DWORD aspect, SIZEL* size) noexcept
@@ -117,7 +114,7 @@ HRESULT UserControl::Advise(IAdviseSink* sink, DWORD* connection) noexcept
 {
     if (!connection)
         return E_POINTER;
-    return Boundary([&] {
+    return Entry([&] {
         if (!adviseHolder_)
             Check(CreateOleAdviseHolder(&adviseHolder_));
         return adviseHolder_->Advise(sink, connection);
@@ -126,7 +123,7 @@ HRESULT UserControl::Advise(IAdviseSink* sink, DWORD* connection) noexcept
 
 HRESULT UserControl::Unadvise(DWORD connection) noexcept
 {
-    return adviseHolder_ ? adviseHolder_->Unadvise(connection) : OLE_E_NOCONNECTION;
+    return Entry([&] { return adviseHolder_ ? adviseHolder_->Unadvise(connection) : OLE_E_NOCONNECTION; });
 }
 
 HRESULT UserControl::EnumAdvise(IEnumSTATDATA** connections) noexcept
@@ -161,8 +158,7 @@ HRESULT UserControl::GetControlInfo(CONTROLINFO* info) noexcept
 
 HRESULT UserControl::OnMnemonic(MSG* message) noexcept
 {
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] {
+    return Entry([&] {
         const wchar_t letter = accessKeys_.LetterOf(message);
         if (letter != 0 && activity_ != Activity::Inactive && TakesInput())
             UserControl_AccessKeyPress(letter);
@@ -187,10 +183,10 @@ void UserControl::TellAccessKeys()
 HRESULT UserControl::OnAmbientPropertyChange(DISPID property) noexcept
 {
     // Design time and run time look different.
-    const ComPtr<IUnknown> held(Outer());
-    if (property == DISPID_AMBIENT_USERMODE || property == DISPID_UNKNOWN)
-        return Boundary([&] { Refresh(); });
-    return S_OK;
+    return Entry([&] {
+        if (property == DISPID_AMBIENT_USERMODE || property == DISPID_UNKNOWN)
+            Refresh();
+    });
 }
 
 HRESULT UserControl::GetClassInfo(ITypeInfo** typeInfo) noexcept
@@ -198,7 +194,7 @@ HRESULT UserControl::GetClassInfo(ITypeInfo** typeInfo) noexcept
     if (!typeInfo)
         return E_POINTER;
     *typeInfo = nullptr;
-    return Boundary([&] { *typeInfo = LoadTypeInfo(class_.Clsid).Detach(); });
+    return Entry([&] { *typeInfo = LoadTypeInfo(class_.Clsid).Detach(); });
 }
 
 HRESULT UserControl::GetGUID(DWORD kind, GUID* guid) noexcept
@@ -211,7 +207,7 @@ HRESULT UserControl::GetGUID(DWORD kind, GUID* guid) noexcept
 
 HRESULT UserControl::EnumConnectionPoints(IEnumConnectionPoints** points) noexcept
 {
-    return Boundary([&] { return EnumerateConnectionPoints({&events_, &notifications_}, points); });
+    return Entry([&] { return EnumerateConnectionPoints({&events_, &notifications_}, points); });
 }
 
 HRESULT UserControl::FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept
@@ -234,8 +230,7 @@ HRESULT UserControl::QuickActivate(QACONTAINER* container, QACONTROL* control) n
 {
     if (!container || !control)
         return E_POINTER;
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] {
+    return Entry([&] {
         const ULONG size = control->cbSize;
         *control = {};
         control->cbSize = size;

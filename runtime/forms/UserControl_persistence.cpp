@@ -77,7 +77,7 @@ HRESULT UserControl::IsDirty() noexcept
 
 HRESULT UserControl::InitNew() noexcept
 {
-    return Boundary([&] { MakeNew(); });
+    return Entry([&] { MakeNew(); });
 }
 
 // A load that fails leaves the control as a new one.
@@ -105,8 +105,7 @@ HRESULT UserControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL) noexcept
 {
     if (!bag)
         return E_POINTER;
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] {
+    return Entry([&] {
         EnsureInitialized();
         ContainerPropertyBag properties(bag, nullptr, class_.Name);
         UserControl_WriteProperties(properties);
@@ -126,8 +125,7 @@ HRESULT UserControl::Save(IStream* stream, BOOL clearDirty) noexcept
 {
     if (!stream)
         return E_POINTER;
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] {
+    return Entry([&] {
         WritePropertyStream(stream, Saved());
         if (clearDirty)
             dirty_ = false;
@@ -138,7 +136,7 @@ HRESULT UserControl::GetSizeMax(ULARGE_INTEGER* size) noexcept
 {
     if (!size)
         return E_POINTER;
-    return Boundary([&] { size->QuadPart = EncodePropertyStream(Saved()).size(); });
+    return Entry([&] { size->QuadPart = EncodePropertyStream(Saved()).size(); });
 }
 
 HRESULT UserControl::InitNew(IStorage* storage) noexcept
@@ -162,7 +160,7 @@ HRESULT UserControl::Save(IStorage* storage, BOOL sameAsLoad) noexcept
 {
     if (!storage)
         return E_POINTER;
-    return Boundary([&] {
+    return Entry([&] {
         ComPtr<IStream> stream;
         Check(storage->CreateStream(ContentsName, STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE, 0, 0,
                                     &stream));

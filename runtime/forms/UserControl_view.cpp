@@ -78,10 +78,7 @@ void UserControl::RequestSize(SIZE pixels)
     SetSize(ExtentOf(pixels));
     if (activity_ == Activity::Inactive)
         return;
-    RECT place = {};
-    const HWND window = surface_.hWnd();
-    GetWindowRect(window, &place);
-    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+    const RECT place = surface_.Bounds();
     ComPtr<IOleInPlaceSite>(inPlaceSite_)->OnPosRectChange(&place);
 }
 
@@ -108,7 +105,7 @@ void UserControl::Refresh()
     if (loading_)
         return;
     if (activity_ != Activity::Inactive)
-        surface_.Refresh();
+        surface_.Redraw();
     UpdateToolTip();
     if (viewSink_ && (viewAspects_ & DVASPECT_CONTENT) != 0)
     {
@@ -126,8 +123,7 @@ HRESULT UserControl::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC d
         return DV_E_DVASPECT;
     if (!dc || !bounds)
         return E_INVALIDARG;
-    const ComPtr<IUnknown> held(Outer());
-    return Boundary([&] {
+    return Entry([&] {
         EnsureInitialized();
         const SIZE size = surface_.OuterSize();
         if (size.cx == 0 || size.cy == 0 || bounds->left == bounds->right || bounds->top == bounds->bottom)
@@ -159,12 +155,13 @@ HRESULT UserControl::Unfreeze(DWORD) noexcept
 
 HRESULT UserControl::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) noexcept
 {
-    viewSink_ = sink;
-    viewAspects_ = aspects;
-    viewFlags_ = flags;
-    if (sink && (flags & ADVF_PRIMEFIRST) != 0)
-        ComPtr<IAdviseSink>(sink)->OnViewChange(DVASPECT_CONTENT, -1);
-    return S_OK;
+    return Entry([&] {
+        viewAspects_ = aspects;
+        viewFlags_ = flags;
+        viewSink_ = sink;
+        if (sink && (flags & ADVF_PRIMEFIRST) != 0)
+            ComPtr<IAdviseSink>(sink)->OnViewChange(DVASPECT_CONTENT, -1);
+    });
 }
 
 HRESULT UserControl::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) noexcept

@@ -37,13 +37,17 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
         UpdateToolTip();
         return 0;
     case WM_SHOWWINDOW:
-    case WM_DESTROY:
         toolTip_.Close();
+        break;
+    case WM_DESTROY:
+        // With the container's window, or alone. The first may be left: then nothing of the control is lost.
+        toolTip_.Close();
+        InPlaceDeactivate();
         break;
     case WM_SETFOCUS:
         FocusGained(reinterpret_cast<HWND>(wParam));
-        if (FocusWindow() != window)
-            SetFocus(FocusWindow());
+        if (FocusWindow().hWnd() != window)
+            FocusWindow().TakeFocus();
         return 0;
     case WM_KILLFOCUS:
         FocusLost(reinterpret_cast<HWND>(wParam));
@@ -144,7 +148,7 @@ void UserControl::MousePressed(short button, LPARAM position)
     if (!TakesInput())
         return;
     TakeFocus();
-    SetCapture(surface_.hWnd());
+    surface_.TakeMouse();
     UserControl_MouseDown(button, ShiftState(), TwipsX(position), TwipsY(position));
 }
 

@@ -1,0 +1,118 @@
+#include "tests/hostile/CrashReport.h"
+
+#include "tests/hostile/GuardedHeap.h"
+#include "tests/support/Library.h"
+
+#include <windows.h>
+
+#include <cstdint>
+#include <cstdio>
+
+namespace kiv::test
+{
+
+namespace
+{
+
+constexpr UINT Crashed = 99;
+
+std::string& What()
+{
+    static std::string what;
+    return what;
+}
+
+struct Range
+{
+    std::uintptr_t Start;
+    std::uintptr_t End;
+    bool Contains(std::uintptr_t address) const { return address >= Start && address < End; }
+};
+
+Range ModuleRange()
+{
+    const auto start = reinterpret_cast<std::uintptr_t>(Library::UnderTest().Module());
+    const auto* const dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(start);
+    const auto* const headers =
+        reinterpret_cast<const IMAGE_NT_HEADERS*>(start + static_cast<std::uintptr_t>(dos->e_lfanew));
+    return {start, start + headers->OptionalHeader.SizeOfImage};
+}
+
+std::uintptr_t InstructionOf(const CONTEXT& context)
+{
+#ifdef _WIN64
+    return context.Rip;
+#else
+    return context.Eip;
+#endif
+}
+
+std::uintptr_t StackOf(const CONTEXT& context)
+{
+#ifdef _WIN64
+    return context.Rsp;
+#else
+    return context.Esp;
+#endif
+}
+
+// Everything on the stack that may be a return address of the module; some of it is stale.
+void PrintPlaces(const CONTEXT& context, const Range& module)
+{
+    std::printf("in the module at 0x%zx; from",
+                static_cast<std::size_t>(InstructionOf(context) - module.Start));
+    const auto* const stack = reinterpret_cast<const std::uintptr_t*>(StackOf(context));
+    MEMORY_BASIC_INFORMATION region = {};
+    VirtualQuery(stack, &region, sizeof region);
+    const auto* const end = reinterpret_cast<const std::uintptr_t*>(
+        static_cast<const char*>(region.BaseAddress) + region.RegionSize);
+    int shown = 0;
+    for (const std::uintptr_t* each = stack; each < end && shown < 40; ++each)
+    {
+        if (!module.Contains(*each))
+            continue;
+        std::printf(" 0x%zx", static_cast<std::size_t>(*each - module.Start));
+        ++shown;
+    }
+    std::printf("\n");
+}
+
+LONG CALLBACK Report(EXCEPTION_POINTERS* exception)
+{
+    const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
+    const bool isFault = record.ExceptionCode == EXCEPTION_ACCESS_VIOLATION ||
+                         record.ExceptionCode == EXCEPTION_ILLEGAL_INSTRUCTION ||
+                         record.ExceptionCode == EXCEPTION_INT_DIVIDE_BY_ZERO ||
+                         record.ExceptionCode == EXCEPTION_STACK_OVERFLOW;
+    const Range module = ModuleRange();
+    const void* const touched = record.ExceptionCode == EXCEPTION_ACCESS_VIOLATION
+                                    ? reinterpret_cast<const void*>(record.ExceptionInformation[1])
+                                    : nullptr;
+    const bool concerns = module.Contains(InstructionOf(*exception->ContextRecord)) ||
+                          record.ExceptionCode == EXCEPTION_STACK_OVERFLOW ||
+                          (touched && GuardedHeap::Watches(touched));
+    if (!isFault || !concerns)
+        return EXCEPTION_CONTINUE_SEARCH;
+    std::printf("\nCRASH 0x%08lx touching %p while doing: %s\n", record.ExceptionCode, touched,
+                What().c_str());
+    if (record.ExceptionCode != EXCEPTION_STACK_OVERFLOW)
+        PrintPlaces(*exception->ContextRecord, module);
+    std::fflush(stdout);
+    TerminateProcess(GetCurrentProcess(), Crashed);
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+} // namespace
+
+void Doing(std::string what)
+{
+    What() = std::move(what);
+}
+
+void ReportCrashes()
+{
+    static const bool installed = AddVectoredExceptionHandler(1, &Report) != nullptr;
+    static_cast<void>(installed);
+}
+
+} // namespace kiv::test
