@@ -7,9 +7,8 @@
 namespace kiv
 {
 
-void AmbientProperties::Connect(IUnknown* site)
+AmbientProperties::AmbientProperties(IUnknown* site)
 {
-    container_.Reset();
     if (site)
         site->QueryInterface(IID_PPV_ARGS(&container_));
 }

@@ -13,7 +13,8 @@ namespace kiv
 class AmbientProperties
 {
 public:
-    void Connect(IUnknown* site);
+    // site: null for none.
+    explicit AmbientProperties(IUnknown* site = nullptr);
 
     bool UserMode() const;
     // The container's, else that of window text.

@@ -5,9 +5,8 @@ using Microsoft::WRL::ComPtr;
 namespace kiv
 {
 
-void ExtenderProperties::Connect(IUnknown* site)
+ExtenderProperties::ExtenderProperties(IUnknown* site)
 {
-    site_.Reset();
     if (site)
         site->QueryInterface(IID_PPV_ARGS(&site_));
 }

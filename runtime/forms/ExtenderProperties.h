@@ -12,7 +12,8 @@ namespace kiv
 class ExtenderProperties
 {
 public:
-    void Connect(IUnknown* site);
+    // site: null for none.
+    explicit ExtenderProperties(IUnknown* site = nullptr);
 
     // Empty when the container has no such property, or nothing of the kind at all.
     Variant Get(const wchar_t* property) const;

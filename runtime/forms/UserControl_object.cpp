@@ -10,12 +10,18 @@ HRESULT UserControl::SetClientSite(IOleClientSite* site) noexcept
     return Entry([&] {
         if (!site)
             Check(InPlaceDeactivate());
-        clientSite_ = site;
-        controlSite_.Reset();
+        // A site may be set once more while this one is asked what it is, or while the former one is let go
+        // of: everything is known before anything changes, and what is replaced goes last.
+        ComPtr<IOleClientSite> clientSite(site);
+        ComPtr<IOleControlSite> controlSite;
         if (site)
-            site->QueryInterface(IID_PPV_ARGS(&controlSite_));
-        ambient_.Connect(site);
-        extender_.Connect(site);
+            site->QueryInterface(IID_PPV_ARGS(&controlSite));
+        AmbientProperties ambient(site);
+        ExtenderProperties extender(site);
+        clientSite_.Swap(clientSite);
+        controlSite_.Swap(controlSite);
+        std::swap(ambient_, ambient);
+        std::swap(extender_, extender);
     });
 }
 

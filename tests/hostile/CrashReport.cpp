@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <cstdint>
 #include <cstdio>
 
@@ -15,11 +16,32 @@ namespace
 {
 
 constexpr UINT Crashed = 99;
+constexpr DWORD LongestCase = 30000; // milliseconds, on a machine that does much else
 
 std::string& What()
 {
     static std::string what;
     return what;
+}
+
+std::atomic<DWORD>& Since()
+{
+    static std::atomic<DWORD> since = GetTickCount();
+    return since;
+}
+
+// Looks after the others: what takes too long hangs.
+DWORD WINAPI Watch(void*)
+{
+    for (;;)
+    {
+        Sleep(500);
+        if (GetTickCount() - Since() < LongestCase)
+            continue;
+        std::printf("\nHANG while doing: %s\n", What().c_str());
+        std::fflush(stdout);
+        TerminateProcess(GetCurrentProcess(), Crashed);
+    }
 }
 
 struct Range
@@ -107,12 +129,15 @@ LONG CALLBACK Report(EXCEPTION_POINTERS* exception)
 void Doing(std::string what)
 {
     What() = std::move(what);
+    Since() = GetTickCount();
 }
 
 void ReportCrashes()
 {
     static const bool installed = AddVectoredExceptionHandler(1, &Report) != nullptr;
+    static const HANDLE watch = CreateThread(nullptr, 0, &Watch, nullptr, 0, nullptr);
     static_cast<void>(installed);
+    static_cast<void>(watch);
 }
 
 } // namespace kiv::test

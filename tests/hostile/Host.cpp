@@ -29,6 +29,9 @@ constexpr const char* Names[] = {
 };
 static_assert(std::size(Names) == static_cast<std::size_t>(Action::Count_));
 
+// One more sink at each call makes more calls the next time.
+constexpr std::size_t MostBlows = 30;
+
 const std::vector<Member>& MembersOfClass(const PublishedClass& what, IDispatch* control)
 {
     static std::map<unsigned long, std::vector<Member>> known;
@@ -58,7 +61,7 @@ void RunModalDialog(HWND owner)
     SetFocus(dialog);
     DrainMessages();
     EnableWindow(owner, TRUE);
-    DestroyWindow(dialog);
+    ::DestroyWindow(dialog);
 }
 
 void Draw(IUnknown* control)
@@ -131,6 +134,10 @@ ComPtr<IUnknown> Host::Made(IOleClientSite* site)
     ComPtr<IPersistStreamInit> persistence;
     Check(made.As(&persistence));
     Check(persistence->InitNew());
+    ComPtr<IDispatch> properties;
+    Check(made.As(&properties));
+    PutRefByName(properties.Get(), L"Font",
+                 Variant(static_cast<IDispatch*>(objects_->Font.Get()))); // not all have one
     if (site == objects_->OtherSite.Get())
         object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site, 0, Window(), nullptr);
     return made;
@@ -182,6 +189,7 @@ void Host::Arm(std::optional<Blow> blow)
     blow_ = blow;
     calls_.clear();
     arrived_ = 0;
+    fallen_ = 0;
     armed_ = true;
 }
 
@@ -197,6 +205,8 @@ HRESULT Host::Arrived(const char* object, const char* member) noexcept
         return S_OK;
     }
     if (position != blow_->Position && (!blow_->AndAfter || position < blow_->Position))
+        return S_OK;
+    if (++fallen_ > MostBlows)
         return S_OK;
     const Scoped<bool> acting(acting_, true);
     return Do(blow_->What);
@@ -397,17 +407,20 @@ std::string Host::Tried()
     HWND window = nullptr;
     if (inPlace->GetWindow(&window) != S_OK && controlWindow_ && IsChild(Window(), controlWindow_))
         wrong += " the window of an inactive control is on the form;";
-    inPlace->InPlaceDeactivate();
-    if (!window_->Handle())
-        window_ = std::make_unique<HostWindow>();
-    object->SetClientSite(objects_->Site.Get());
-    const RECT place = Place();
-    const HRESULT activated =
-        object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, objects_->Site.Get(), 0, Window(), &place);
-    if (FAILED(activated))
-        wrong += " it can not be activated again: " + Hr(activated) + ";";
-    else if (!isOnForm())
-        wrong += " its window is not on the form;";
+    if (!isOnForm())
+    {
+        inPlace->InPlaceDeactivate();
+        if (!window_->Handle())
+            window_ = std::make_unique<HostWindow>();
+        object->SetClientSite(objects_->Site.Get());
+        const RECT place = Place();
+        const HRESULT activated =
+            object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, objects_->Site.Get(), 0, Window(), &place);
+        if (FAILED(activated))
+            wrong += " it can not be activated again: " + Hr(activated) + ";";
+        else if (!isOnForm())
+            wrong += " its window is not on the form;";
+    }
     if (SUCCEEDED(inPlace->GetWindow(&window)))
         controlWindow_ = window;
     if (FAILED(Control<IPersistStreamInit>()->InitNew()))

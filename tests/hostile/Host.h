@@ -97,6 +97,7 @@ public:
     const PublishedClass& Class() const { return *class_; }
     HostObjects& Objects() { return *objects_; }
     HWND Window() const { return window_->Handle(); }
+    void DestroyWindow() { window_->Destroy(); }
     // The control's own window, and where keys go.
     HWND ControlWindow() const { return controlWindow_; }
     HWND FocusWindow() const;
@@ -128,6 +129,7 @@ private:
     std::optional<Blow> blow_;
     std::vector<std::string> calls_;
     std::size_t arrived_ = 0;
+    std::size_t fallen_ = 0;
     std::vector<std::pair<IID, DWORD>> cookies_;
     bool frozen_ = false;
     std::size_t turn_ = 0;

@@ -52,6 +52,10 @@ void Press(Host& host, WPARAM key)
 
 void ClickOn(HWND window)
 {
+    // A scroll bar stays in the press until the button is let go of, which a modal dialog may swallow.
+    wchar_t name[32] = {};
+    if (GetClassNameW(window, name, ARRAYSIZE(name)) != 0 && _wcsicmp(name, L"ScrollBar") == 0)
+        return;
     SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(4, 4));
     SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(4, 4));
 }
@@ -103,7 +107,7 @@ void AddInput(std::vector<Operation>& operations)
                               RedrawWindow(host.ControlWindow(), nullptr, nullptr,
                                            RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
                           }});
-    operations.push_back({"the form goes", true, false, [](Host& host) { DestroyWindow(host.Window()); }});
+    operations.push_back({"the form goes", true, false, [](Host& host) { host.DestroyWindow(); }});
     operations.push_back({"shown and hidden", true, false, [](Host& host) {
                               ShowWindow(host.ControlWindow(), SW_HIDE);
                               ShowWindow(host.ControlWindow(), SW_SHOWNA);

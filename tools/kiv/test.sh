@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # Runs the test programs and counts.
 
-GROUPS_OF_TESTS=(native com gui clients)
+GROUPS_OF_TESTS=(native com gui clients hostile)
 # A program that takes longer than this hangs. In seconds.
 TEST_LIMIT=1200
 
@@ -34,7 +34,7 @@ sort_out_tests() {
     CHOSEN_GROUPS=()
     for word in "$@"; do
         case $word in
-        native | com | gui | clients) CHOSEN_GROUPS+=("$word") ;;
+        native | com | gui | clients | hostile) CHOSEN_GROUPS+=("$word") ;;
         -*) misused "test does not know $word" "./kiv help tells what it takes." ;;
         *[.*?]*) patterns+=("$word") ;;
         *) misused "there is no group '$word'" "The groups are: ${GROUPS_OF_TESTS[*]}. A single test is Suite.Name." ;;

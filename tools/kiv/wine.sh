@@ -45,7 +45,7 @@ make_prefix() {
     # A crash is to end a test, not to wait in a dialog for somebody to read it.
     wineboot -i &&
         wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
-        manage_windows N kiv-com-tests kiv-gui-tests kiv-clients-tests kiv-bench cscript FolioHost &&
+        manage_windows N kiv-com-tests kiv-gui-tests kiv-clients-tests kiv-hostile-tests kiv-bench cscript FolioHost &&
         check_heap kiv-com-tests kiv-gui-tests kiv-clients-tests &&
         wineserver -w && detach_home && add_fonts && touch "$WINEPREFIX/made-by-kiv"
 }
