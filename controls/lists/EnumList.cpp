@@ -265,7 +265,7 @@ HRESULT EnumList::put_EnumListTitle(BSTR newTitle) noexcept
 
 HRESULT EnumList::putref_Database(IDispatch* newDatabase) noexcept
 {
-    return Member([&] { Database = newDatabase; });
+    return Member([&] { Database = ComPtr<IDispatch>(newDatabase); }); // the former one goes last
 }
 
 // In the style Code the text on display is the code, and nothing is looked up for it.

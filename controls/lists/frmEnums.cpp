@@ -164,7 +164,8 @@ void frmEnums::optSortBy_Click(long Index)
     const int filling = ++fillings_;
     std::optional<EnumRecordset> rows = [&] {
         const Hourglass hourglass;
-        return EnumRecordset::Open(Database.Get(), ListQuery(StateCode, TableName, Index));
+        const Microsoft::WRL::ComPtr<IDispatch> database = Database;
+        return EnumRecordset::Open(database.Get(), ListQuery(StateCode, TableName, Index));
     }();
     if (Superseded(filling))
         return;

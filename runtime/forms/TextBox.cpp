@@ -1,5 +1,6 @@
 #include "runtime/forms/TextBox.h"
 
+#include "runtime/com/Errors.h"
 #include "runtime/forms/Color.h"
 #include "runtime/forms/FittedLine.h"
 #include "runtime/forms/GlyphReach.h"
@@ -8,6 +9,7 @@
 #include "runtime/forms/SavedDc.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 namespace kiv
@@ -62,6 +64,8 @@ std::wstring TextBox::Text() const
 
 void TextBox::Text(std::wstring_view text)
 {
+    if (text.size() > MostCharacters)
+        throw ComError(InvalidPropertyValue);
     if (text != Text())
         Ask(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Ansi(text).c_str()));
 }
@@ -210,8 +214,20 @@ HBRUSH TextBox::Colors(HDC dc)
     return background_.Get();
 }
 
-bool TextBox::Received(UINT message, WPARAM wParam, LPARAM)
+// Any program can send one, and the box would measure it character by character each time it is painted.
+bool TextBox::IsTooLong(const char* text, std::size_t beside) const
 {
+    const std::size_t room = MostCharacters - std::min(beside, MostCharacters);
+    return text && !std::memchr(text, '\0', room + 1);
+}
+
+bool TextBox::Received(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto* const text = reinterpret_cast<const char*>(lParam);
+    if (message == WM_SETTEXT)
+        return IsTooLong(text, 0);
+    if (message == EM_REPLACESEL)
+        return IsTooLong(text, static_cast<std::size_t>(Length() - Selected().Length));
     if (message == WM_KEYDOWN)
     {
         // Wine's box pastes and cuts for these keys without the messages that a control hears of it by.

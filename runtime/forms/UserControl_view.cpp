@@ -158,7 +158,8 @@ HRESULT UserControl::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) no
     return Entry([&] {
         viewAspects_ = aspects;
         viewFlags_ = flags;
-        viewSink_ = sink;
+        ComPtr<IAdviseSink> former(sink);
+        viewSink_.Swap(former); // gone last: it may set yet another one as it goes
         if (sink && (flags & ADVF_PRIMEFIRST) != 0)
             ComPtr<IAdviseSink>(sink)->OnViewChange(DVASPECT_CONTENT, -1);
     });
