@@ -7,6 +7,7 @@
 #include "controls/lists/EnumList.h"
 #include "controls/masked/DateBox.h"
 #include "controls/masked/NumberBox.h"
+#include "framework/CompilerRuntime.h"
 #include "framework/ModuleData.h"
 #include "framework/Registration.h"
 #include "runtime/com/Boundary.h"
@@ -79,7 +80,6 @@ public:
 
 private:
     const Creator create_;
-    const ModuleReference reference_;
 };
 
 // For the registration exports: any failure is one to the caller.
@@ -124,7 +124,10 @@ STDAPI DllUnregisterServer()
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* terminating)
 {
     // At the end of the process the system takes everything back, and other modules may be gone already.
-    if (reason == DLL_THREAD_DETACH || (reason == DLL_PROCESS_DETACH && !terminating))
+    const bool unloading = reason == DLL_PROCESS_DETACH && !terminating;
+    if (reason == DLL_THREAD_DETACH || unloading)
         kiv::FreeThreadData();
+    if (unloading)
+        kiv::FreeCompilerRuntime();
     return TRUE;
 }

@@ -31,7 +31,7 @@ ULONG Aggregatable::InnerUnknown::AddRef() noexcept
 ULONG Aggregatable::InnerUnknown::Release() noexcept
 {
     const ULONG left = --references_;
-    if (left == 0)
+    if (left == 0 && !object_.GoesElsewhere())
     {
         // Held again while it is taken down: what that calls may count references up and down.
         references_ = 1;

@@ -31,6 +31,10 @@ protected:
     // The pointer that answers for iid, not counted; null when the object has no such interface.
     virtual void* FindInterface(REFIID iid) noexcept = 0;
 
+    // Whether the object cannot go where its last reference has gone, and has seen to it that it is
+    // referenced and let go of once more where it can.
+    virtual bool GoesElsewhere() noexcept { return false; }
+
     // Runs when the last reference is gone, with the object still whole and held by one reference of its own.
     virtual void FinalRelease() noexcept {}
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/com/InterfaceList.h"
+#include "runtime/com/Module.h"
 
 #include <atomic>
 #include <tuple>
@@ -9,8 +10,8 @@ namespace kiv
 {
 
 // Reference counting and QueryInterface for a plain object that is not aggregated: sinks, enumerators, a
-// host's sites. Starts with one reference, which its maker owns (MakeCom takes it over). The first entry
-// stands for IUnknown. Entries are interfaces, or Chain<Interface, Bases...>.
+// host's sites. The module stays while it lives. Starts with one reference, which its maker owns (MakeCom
+// takes it over). The first entry stands for IUnknown. Entries are interfaces, or Chain<Interface, Bases...>.
 template<class... Entries>
 class ComObject : public detail::InterfaceOf<Entries>...
 {
@@ -47,6 +48,7 @@ protected:
 
 private:
     std::atomic<ULONG> references_ = 1;
+    const ModuleReference moduleReference_;
 };
 
 } // namespace kiv

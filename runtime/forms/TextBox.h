@@ -54,8 +54,8 @@ public:
     // Puts a text in the place of the selection, the caret behind it. Raises OnChange.
     void SelText(std::wstring_view text);
     int Length() const;
-    // As many as the system's own box lets be typed. A longer text is refused with error 380, one that is sent
-    // with a message without effect.
+    // As many as the system's own box lets be typed. A longer text is refused with error 380, one that is
+    // sent with a message without effect.
     static constexpr std::size_t MostCharacters = 32767;
 
     // The most characters that can be typed; 0 for no limit.

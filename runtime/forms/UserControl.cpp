@@ -27,6 +27,14 @@ void UserControl::Initialize()
     initializeRan_ = true;
 }
 
+// A host may drop its last reference on a thread that is not the control's, whose windows only their own
+// thread can destroy. There any message holds the control and lets it go.
+bool UserControl::GoesElsewhere() noexcept
+{
+    const DWORD thread = GetWindowThreadProcessId(surface_.hWnd(), nullptr);
+    return thread != 0 && thread != GetCurrentThreadId() && surface_.Post(WM_NULL);
+}
+
 void UserControl::FinalRelease() noexcept
 {
     away_.reset();

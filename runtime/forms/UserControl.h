@@ -255,6 +255,7 @@ protected:
     }
 
     void* FindInterface(REFIID iid) noexcept override;
+    bool GoesElsewhere() noexcept override;
     void FinalRelease() noexcept override;
 
     // Runs UserControl_Initialize: after construction, so that the class's own procedure is called.

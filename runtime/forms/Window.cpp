@@ -39,10 +39,9 @@ void Window::MoveUnder(HWND parent) const
         SetParent(window_, parent);
 }
 
-void Window::Post(UINT message, WPARAM wParam, LPARAM lParam) const
+bool Window::Post(UINT message, WPARAM wParam, LPARAM lParam) const
 {
-    if (window_)
-        PostMessageA(window_, message, wParam, lParam);
+    return window_ && PostMessageA(window_, message, wParam, lParam);
 }
 
 void Window::TakeBack(UINT message) const

@@ -26,7 +26,8 @@ public:
     // Under another window; not if that one is gone.
     void MoveUnder(HWND parent) const;
 
-    void Post(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    // False when it cannot be.
+    bool Post(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     // Takes back what was posted and has not arrived.
     void TakeBack(UINT message) const;
 

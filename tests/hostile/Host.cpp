@@ -34,21 +34,29 @@ constexpr std::size_t MostBlows = 30;
 
 const std::vector<Member>& MembersOfClass(const PublishedClass& what, IDispatch* control)
 {
-    static std::map<unsigned long, std::vector<Member>> known;
+    thread_local std::map<unsigned long, std::vector<Member>> known;
     auto found = known.find(what.Class);
     if (found == known.end())
         found = known.emplace(what.Class, MembersOf(control)).first;
     return found->second;
 }
 
-// Windows that appear in front are closed again at once: whoever shows one waits for its end.
+// Windows that appear in front are closed again at once: whoever shows one waits for its end. Unless somebody
+// else wants to do it.
+thread_local std::atomic<HWND>* shownTo = nullptr;
+
 LRESULT CALLBACK CloseDialogs(int code, WPARAM wParam, LPARAM lParam) noexcept
 {
     const auto window = reinterpret_cast<HWND>(wParam);
     wchar_t name[32] = {};
     if (code == HCBT_ACTIVATE && GetClassNameW(window, name, ARRAYSIZE(name)) != 0 &&
         (wcscmp(name, L"#32770") == 0 || wcscmp(name, L"KivControls.Form") == 0))
-        PostMessageW(window, WM_CLOSE, 0, 0);
+    {
+        if (shownTo)
+            *shownTo = window;
+        else
+            PostMessageW(window, WM_CLOSE, 0, 0);
+    }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
@@ -88,6 +96,11 @@ Host::Host() :
     objects_(std::make_unique<HostObjects>(*this)),
     hook_(SetWindowsHookExW(WH_CBT, &CloseDialogs, nullptr, GetCurrentThreadId()))
 {
+}
+
+void Host::ShowDialogsTo(std::atomic<HWND>* dialog)
+{
+    shownTo = dialog;
 }
 
 Host::~Host()
@@ -221,7 +234,7 @@ HRESULT Host::Do(Action action)
     switch (action)
     {
     case Action::ReleaseAll:
-        Drop();
+        LoseControl();
         return S_OK;
     case Action::TakeDown:
         TakeDown();
@@ -301,9 +314,7 @@ HRESULT Host::Do(Action action)
     return S_OK;
 }
 
-// All references but one for the time being: the last one goes while nothing of the host's is any longer on
-// it.
-void Host::Drop()
+void Host::LoseControl()
 {
     cookies_.clear();
     control_.Reset();
@@ -370,7 +381,7 @@ void Host::ChangeFont()
     font->put_Size({{turn_ % 2 == 0 ? 97500UL : 120000UL, 0}});
 }
 
-std::string Host::End()
+std::string Host::End(bool alone)
 {
     Disarm();
     std::string wrong;
@@ -389,7 +400,7 @@ std::string Host::End()
         wrong += " somebody holds " + name + ";";
     if (window && IsWindow(window))
         wrong += " the window is left;";
-    if (Library::UnderTest().CanUnloadNow() != S_OK)
+    if (alone && Library::UnderTest().CanUnloadNow() != S_OK)
         wrong += " objects are left;";
     return wrong;
 }

@@ -11,6 +11,7 @@
 #include <oleidl.h>
 #include <wrl/client.h>
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <string>
@@ -72,14 +73,16 @@ public:
     // A control of the class, sited, new and connected to all sinks; active or not. Quietly.
     // accompanied: by another control of the class, which shares its font.
     void Begin(const PublishedClass& what, bool active, bool accompanied = false);
+    // Dialogs of the calling thread are closed at once, but not while somebody else is told of them.
+    static void ShowDialogsTo(std::atomic<HWND>* dialog);
     // From now on calls are counted, and the blow falls.
     void Arm(std::optional<Blow> blow);
     void Disarm() { armed_ = false; }
     // The names of the calls since Arm, and how many.
     const std::vector<std::string>& Calls() const { return calls_; }
     // What the control is good for now: nothing, with all references gone, or everything. Then lets go of it.
-    // Returns what is wrong, empty for nothing.
-    std::string End();
+    // Returns what is wrong, empty for nothing. alone: nobody else in the process has a control.
+    std::string End(bool alone = true);
 
     // For the host's objects: a call has arrived. Returns what to answer.
     HRESULT Arrived(const char* object, const char* member) noexcept;
@@ -105,6 +108,8 @@ public:
     void Activate(LONG verb);
     void SetEveryProperty();
     void ChangeFont();
+    // All references but those that the caller took.
+    void LoseControl();
     void Connect();
     void Disconnect();
 
@@ -112,7 +117,6 @@ private:
     Microsoft::WRL::ComPtr<IUnknown> Made(IOleClientSite* site);
     HRESULT Do(Action action);
     void TakeDown();
-    void Drop();
     std::string Tried();
 
     // First: the objects ask for them while they are being made.

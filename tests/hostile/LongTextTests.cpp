@@ -2,8 +2,8 @@
 
 #include "tests/com/each/EachTest.h"
 #include "tests/hostile/CrashReport.h"
-#include "tests/hostile/HostObjects.h"
 #include "tests/hostile/Host.h"
+#include "tests/hostile/HostObjects.h"
 #include "tests/hostile/Members.h"
 #include "tests/support/AutomationCalls.h"
 #include "tests/support/StrayMessages.h"
@@ -68,11 +68,14 @@ TEST_P(LongText, OfEveryProperty)
             Doing(Narrow(GetParam().Name) + ", " + member.Name);
             std::vector<Variant> arguments;
             for (const VARTYPE type : member.Takes)
-                arguments.push_back(type == VT_BSTR || type == VT_VARIANT ? Variant(std::wstring(Length, character))
-                                                                           : ArgumentOf(type, 1, nullptr, nullptr));
-            const CallOutcome outcome = Invoke(control.Get(), member.Id, static_cast<WORD>(member.Kind), arguments);
+                arguments.push_back(type == VT_BSTR || type == VT_VARIANT
+                                        ? Variant(std::wstring(Length, character))
+                                        : ArgumentOf(type, 1, nullptr, nullptr));
+            const CallOutcome outcome =
+                Invoke(control.Get(), member.Id, static_cast<WORD>(member.Kind), arguments);
             Repaint();
-            EXPECT_TRUE(outcome.Result == S_OK || outcome.Result == DISP_E_EXCEPTION || outcome.Result == DISP_E_TYPEMISMATCH)
+            EXPECT_TRUE(outcome.Result == S_OK || outcome.Result == DISP_E_EXCEPTION ||
+                        outcome.Result == DISP_E_TYPEMISMATCH)
                 << member.Name << ' ' << Hr(outcome.Result);
             ExpectShortBoxes();
         }
@@ -84,7 +87,8 @@ TEST_P(LongText, SentToEveryWindow)
     const std::string text(Length, '1');
     for (const HWND window : WindowsOf(host_->ControlWindow()))
     {
-        for (const UINT message : {UINT{WM_SETTEXT}, UINT{EM_REPLACESEL}, UINT{CB_ADDSTRING}, UINT{LB_ADDSTRING}})
+        for (const UINT message :
+             {UINT{WM_SETTEXT}, UINT{EM_REPLACESEL}, UINT{CB_ADDSTRING}, UINT{LB_ADDSTRING}})
         {
             Doing(Narrow(GetParam().Name) + ", message " + std::to_string(message));
             SendMessageA(window, message, 0, reinterpret_cast<LPARAM>(text.c_str()));

@@ -88,6 +88,14 @@ portable_files() {
     cpp_sources | grep -E "^((runtime/core|tools|fuzz|tests/(native|pictures)|host/formfile)/|host/data/[A-Za-z]*Query|controls/($rules)\.)"
 }
 
+# Windows takes no window for all windows, for the desktop or for the thread: runtime/forms/Window.cpp makes sure that
+# there is one. A literal nullptr is meant.
+find_raw_window_calls() {
+    cpp_sources | grep -E '^(runtime|framework|controls)/' | grep -vx 'runtime/forms/Window\.cpp' | xargs -r -d '\n' \
+        grep -nHoE '\b(InvalidateRect|InvalidateRgn|ValidateRect|RedrawWindow|SetFocus|SetCapture|SetParent|SetTimer|(Post|Peek)Message[AW]?|GetDC(Ex)?|GetWindowDC|LockWindowUpdate)\((nullptr)?' |
+        grep -v 'nullptr$' | sed -E 's/^([^:]*:[0-9]+):(.*)\($/\1: \2 takes "no window" for all of them; class Window has it/'
+}
+
 find_long_files() {
     code_files | xargs -r -d '\n' awk 'FNR == 601 { print FILENAME ":601: over 600 lines; split it by topic" }'
 }

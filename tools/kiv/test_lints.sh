@@ -77,7 +77,19 @@ expect find_windows_headers tests/pictures/A.h '#include <windows.h>\n' 'tests/p
 expect find_windows_headers controls/x/A.h '#include <windows.h>\n' ''
 expect find_windows_headers runtime/com/A.h '#include <windows.h>\n' ''
 
+expect find_raw_window_calls runtime/forms/A.cpp 'void F() { SetFocus(w); }\n' 'runtime/forms/A.cpp:1: SetFocus takes'
+expect find_raw_window_calls controls/x/A.cpp '\nauto dc = GetDC(nullptr);\n' ''
+expect find_raw_window_calls controls/x/A.cpp '\nInvalidateRect(w, nullptr, TRUE);\n' 'controls/x/A.cpp:2: InvalidateRect takes'
+expect find_raw_window_calls runtime/forms/Window.cpp 'void F() { SetFocus(w); }\n' ''
+expect find_raw_window_calls host/A.cpp 'void F() { SetFocus(w); }\n' ''
+
 expect find_long_files tools/a/A.cpp "$(printf 'x\\n%.0s' {1..600})" ''
+expect find_raw_window_calls runtime/forms/A.cpp 'void F() { SetFocus(w); }\n' 'runtime/forms/A.cpp:1: SetFocus takes'
+expect find_raw_window_calls controls/x/A.cpp '\nauto dc = GetDC(nullptr);\n' ''
+expect find_raw_window_calls controls/x/A.cpp '\nInvalidateRect(w, nullptr, TRUE);\n' 'controls/x/A.cpp:2: InvalidateRect takes'
+expect find_raw_window_calls runtime/forms/Window.cpp 'void F() { SetFocus(w); }\n' ''
+expect find_raw_window_calls host/A.cpp 'void F() { SetFocus(w); }\n' ''
+
 expect find_long_files tools/a/A.cpp "$(printf 'x\\n%.0s' {1..601})" 'tools/a/A.cpp:601: over 600 lines'
 
 expect find_blanks tools/a/A.cpp 'int a;\n' ''
