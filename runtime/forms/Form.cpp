@@ -2,6 +2,7 @@
 
 #include "runtime/com/Boundary.h"
 #include "runtime/com/Module.h"
+#include "runtime/core/Scoped.h"
 #include "runtime/forms/CommandButton.h"
 #include "runtime/forms/Screen.h"
 #include "runtime/forms/StrayMessage.h"
@@ -158,7 +159,7 @@ void Form::ShowModal(const std::function<void(bool enabled)>& tellOwner)
     Center();
     Form_Resize();
     tellOwner_ = tellOwner;
-    shown_ = true;
+    const Scoped<bool> shown(shown_, true);
     if (tellOwner_)
         tellOwner_(false);
     // A container that has disabled the window by itself is left to enable it as well.
@@ -169,7 +170,6 @@ void Form::ShowModal(const std::function<void(bool enabled)>& tellOwner)
     TakeFocus();
     RunLoop();
     Unload();
-    shown_ = false;
     if (IsWindow(formerFocus) && IsWindowEnabled(owner_) && IsWindowVisible(formerFocus))
         Window(formerFocus).TakeFocus();
 }

@@ -145,8 +145,9 @@ std::function<void(bool enabled)> UserControl::ModalTeller() const
 {
     // Of its own: the control may be deactivated meanwhile.
     return [frame = frame_](bool enabled) {
+        // Whatever it makes of it, the form appears and goes.
         if (frame)
-            frame->EnableModeless(enabled);
+            Boundary([&] { frame->EnableModeless(enabled); });
     };
 }
 
@@ -227,17 +228,18 @@ HRESULT UserControl::TranslateAccelerator(LPMSG message) noexcept
     const bool isKey = message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN;
     const bool isContainers = isKey && (message->wParam == VK_TAB || message->wParam == VK_ESCAPE ||
                                         (message->wParam == VK_RETURN && !TakesReturn()));
-    const ComPtr<IOleControlSite> site = controlSite_;
-    const ComPtr<IUnknown> held(Outer());
-    if (isContainers && Wants(message->wParam))
-    {
-        ::TranslateMessage(message);
-        DispatchMessageA(message);
-        return S_OK;
-    }
-    if (!isContainers || !site)
-        return S_FALSE;
-    return site->TranslateAccelerator(message, static_cast<DWORD>(ShiftState()));
+    return Entry([&]() -> HRESULT {
+        if (isContainers && Wants(message->wParam))
+        {
+            ::TranslateMessage(message);
+            DispatchMessageA(message);
+            return S_OK;
+        }
+        const ComPtr<IOleControlSite> site = controlSite_;
+        if (!isContainers || !site)
+            return S_FALSE;
+        return site->TranslateAccelerator(message, static_cast<DWORD>(ShiftState()));
+    });
 }
 
 HRESULT UserControl::OnFrameWindowActivate(BOOL) noexcept

@@ -57,7 +57,7 @@ HRESULT UserControl::GetMoniker(DWORD assign, DWORD which, IMoniker** moniker) n
         return E_POINTER;
     *moniker = nullptr;
     const ComPtr<IOleClientSite> site = clientSite_;
-    return site ? site->GetMoniker(assign, which, moniker) : E_UNEXPECTED;
+    return Entry([&] { return site ? site->GetMoniker(assign, which, moniker) : E_UNEXPECTED; });
 }
 
 HRESULT UserControl::InitFromData(IDataObject*, BOOL, DWORD) noexcept

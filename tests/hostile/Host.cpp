@@ -1,5 +1,6 @@
 #include "tests/hostile/Host.h"
 
+#include "runtime/com/Boundary.h"
 #include "runtime/core/Scoped.h"
 #include "tests/hostile/HostObjects.h"
 #include "tests/hostile/Members.h"
@@ -12,6 +13,7 @@
 #include <olectl.h>
 
 #include <map>
+#include <stdexcept>
 
 using Microsoft::WRL::ComPtr;
 
@@ -25,7 +27,7 @@ constexpr const char* Names[] = {
     "ReleaseAll", "TakeDown",   "DestroyWindow", "Deactivate",    "UiDeactivate", "Close",
     "DropSite",   "ChangeSite", "Activate",      "SetProperties", "LoadAnew",     "LoadStream",
     "ChangeFont", "MoveFocus",  "ModalDialog",   "Unadvise",      "Advise",       "Freeze",
-    "Draw",       "Save",       "DropOther",     "Fail",
+    "Draw",       "Save",       "DropOther",     "Fail",          "Throw",
 };
 static_assert(std::size(Names) == static_cast<std::size_t>(Action::Count_));
 
@@ -206,7 +208,7 @@ void Host::Arm(std::optional<Blow> blow)
     armed_ = true;
 }
 
-HRESULT Host::Arrived(const char* object, const char* member) noexcept
+HRESULT Host::Arrived(const char* object, const char* member)
 {
     // What the host does by itself is not the control's doing, unless it answers blow with blow.
     if (!armed_ || acting_)
@@ -223,6 +225,11 @@ HRESULT Host::Arrived(const char* object, const char* member) noexcept
         return S_OK;
     const Scoped<bool> acting(acting_, true);
     return Do(blow_->What);
+}
+
+HRESULT Host::ArrivedQuietly(const char* object, const char* member) noexcept
+{
+    return Boundary([&] { return Arrived(object, member); });
 }
 
 HRESULT Host::Do(Action action)
@@ -244,6 +251,12 @@ HRESULT Host::Do(Action action)
         return S_OK;
     case Action::Fail:
         return E_FAIL;
+    case Action::Throw:
+        // On the other architecture a program does not find the way out through another module: it ends
+        // itself.
+        if constexpr (sizeof(void*) == 8)
+            throw std::runtime_error("a host's own");
+        return E_UNEXPECTED;
     case Action::DropOther:
         companion_.Reset();
         return S_OK;

@@ -48,6 +48,7 @@ enum class Action
     Save,
     DropOther, // another control that shares the font
     Fail,
+    Throw, // as nobody may through these interfaces
     Count_
 };
 const char* NameOf(Action action);
@@ -85,7 +86,9 @@ public:
     std::string End(bool alone = true);
 
     // For the host's objects: a call has arrived. Returns what to answer.
-    HRESULT Arrived(const char* object, const char* member) noexcept;
+    HRESULT Arrived(const char* object, const char* member);
+    // Where nothing can be thrown.
+    HRESULT ArrivedQuietly(const char* object, const char* member) noexcept;
 
     // What operations use. The control may lose the host's reference while one is running, so each holds its
     // own.

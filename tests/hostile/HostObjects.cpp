@@ -27,7 +27,7 @@ public:
     explicit Events(Host& host) : ToldDispatch(host, "Events") {}
 
     HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                     UINT*) noexcept override
+                                     UINT*) override
     {
         return Tell("Invoke");
     }
@@ -38,8 +38,8 @@ class Notify final : public Told<IPropertyNotifySink>
 public:
     explicit Notify(Host& host) : Told(host, "Notify") {}
 
-    HRESULT STDMETHODCALLTYPE OnChanged(DISPID) noexcept override { return Tell("OnChanged"); }
-    HRESULT STDMETHODCALLTYPE OnRequestEdit(DISPID) noexcept override { return Tell("OnRequestEdit"); }
+    HRESULT STDMETHODCALLTYPE OnChanged(DISPID) override { return Tell("OnChanged"); }
+    HRESULT STDMETHODCALLTYPE OnRequestEdit(DISPID) override { return Tell("OnRequestEdit"); }
 };
 
 class View final : public Told<IAdviseSink>
@@ -47,11 +47,11 @@ class View final : public Told<IAdviseSink>
 public:
     explicit View(Host& host) : Told(host, "View") {}
 
-    void STDMETHODCALLTYPE OnDataChange(FORMATETC*, STGMEDIUM*) noexcept override { Tell("OnDataChange"); }
-    void STDMETHODCALLTYPE OnViewChange(DWORD, LONG) noexcept override { Tell("OnViewChange"); }
-    void STDMETHODCALLTYPE OnRename(IMoniker*) noexcept override { Tell("OnRename"); }
-    void STDMETHODCALLTYPE OnSave() noexcept override { Tell("OnSave"); }
-    void STDMETHODCALLTYPE OnClose() noexcept override { Tell("OnClose"); }
+    void STDMETHODCALLTYPE OnDataChange(FORMATETC*, STGMEDIUM*) override { Tell("OnDataChange"); }
+    void STDMETHODCALLTYPE OnViewChange(DWORD, LONG) override { Tell("OnViewChange"); }
+    void STDMETHODCALLTYPE OnRename(IMoniker*) override { Tell("OnRename"); }
+    void STDMETHODCALLTYPE OnSave() override { Tell("OnSave"); }
+    void STDMETHODCALLTYPE OnClose() override { Tell("OnClose"); }
 };
 
 class Bag final : public Told<IPropertyBag>
@@ -59,7 +59,7 @@ class Bag final : public Told<IPropertyBag>
 public:
     explicit Bag(Host& host) : Told(host, "Bag") {}
 
-    HRESULT STDMETHODCALLTYPE Read(LPCOLESTR name, VARIANT* value, IErrorLog*) noexcept override
+    HRESULT STDMETHODCALLTYPE Read(LPCOLESTR name, VARIANT* value, IErrorLog*) override
     {
         const HRESULT answer = Tell("Read");
         if (FAILED(answer))
@@ -69,7 +69,7 @@ public:
             return E_INVALIDARG;
         return VariantCopy(value, found->second.Borrow());
     }
-    HRESULT STDMETHODCALLTYPE Write(LPCOLESTR name, VARIANT* value) noexcept override
+    HRESULT STDMETHODCALLTYPE Write(LPCOLESTR name, VARIANT* value) override
     {
         const HRESULT answer = Tell("Write");
         // Objects are not kept: the bag would hold its host's own font, and be held by nobody.
@@ -87,7 +87,7 @@ class Log final : public Told<IErrorLog>
 public:
     explicit Log(Host& host) : Told(host, "Log") {}
 
-    HRESULT STDMETHODCALLTYPE AddError(LPCOLESTR, EXCEPINFO*) noexcept override { return Tell("AddError"); }
+    HRESULT STDMETHODCALLTYPE AddError(LPCOLESTR, EXCEPINFO*) override { return Tell("AddError"); }
 };
 
 // In front of a stream of the system's.
@@ -96,49 +96,48 @@ class Stream final : public Told<Chain<IStream, ISequentialStream>>
 public:
     Stream(Host& host, ComPtr<IStream> stream) : Told(host, "Stream"), stream_(std::move(stream)) {}
 
-    HRESULT STDMETHODCALLTYPE Read(void* target, ULONG size, ULONG* read) noexcept override
+    HRESULT STDMETHODCALLTYPE Read(void* target, ULONG size, ULONG* read) override
     {
         const HRESULT answer = Tell("Read");
         return SUCCEEDED(answer) ? stream_->Read(target, size, read) : answer;
     }
-    HRESULT STDMETHODCALLTYPE Write(const void* source, ULONG size, ULONG* written) noexcept override
+    HRESULT STDMETHODCALLTYPE Write(const void* source, ULONG size, ULONG* written) override
     {
         const HRESULT answer = Tell("Write");
         return SUCCEEDED(answer) ? stream_->Write(source, size, written) : answer;
     }
-    HRESULT STDMETHODCALLTYPE Seek(LARGE_INTEGER move, DWORD origin,
-                                   ULARGE_INTEGER* position) noexcept override
+    HRESULT STDMETHODCALLTYPE Seek(LARGE_INTEGER move, DWORD origin, ULARGE_INTEGER* position) override
     {
         const HRESULT answer = Tell("Seek");
         return SUCCEEDED(answer) ? stream_->Seek(move, origin, position) : answer;
     }
-    HRESULT STDMETHODCALLTYPE SetSize(ULARGE_INTEGER size) noexcept override
+    HRESULT STDMETHODCALLTYPE SetSize(ULARGE_INTEGER size) override
     {
         const HRESULT answer = Tell("SetSize");
         return SUCCEEDED(answer) ? stream_->SetSize(size) : answer;
     }
     HRESULT STDMETHODCALLTYPE CopyTo(IStream* target, ULARGE_INTEGER size, ULARGE_INTEGER* read,
-                                     ULARGE_INTEGER* written) noexcept override
+                                     ULARGE_INTEGER* written) override
     {
         const HRESULT answer = Tell("CopyTo");
         return SUCCEEDED(answer) ? stream_->CopyTo(target, size, read, written) : answer;
     }
-    HRESULT STDMETHODCALLTYPE Commit(DWORD) noexcept override { return Tell("Commit"); }
-    HRESULT STDMETHODCALLTYPE Revert() noexcept override { return Tell("Revert"); }
-    HRESULT STDMETHODCALLTYPE LockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) noexcept override
+    HRESULT STDMETHODCALLTYPE Commit(DWORD) override { return Tell("Commit"); }
+    HRESULT STDMETHODCALLTYPE Revert() override { return Tell("Revert"); }
+    HRESULT STDMETHODCALLTYPE LockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override
     {
         return Tell("LockRegion");
     }
-    HRESULT STDMETHODCALLTYPE UnlockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) noexcept override
+    HRESULT STDMETHODCALLTYPE UnlockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override
     {
         return Tell("UnlockRegion");
     }
-    HRESULT STDMETHODCALLTYPE Stat(STATSTG* statistics, DWORD flags) noexcept override
+    HRESULT STDMETHODCALLTYPE Stat(STATSTG* statistics, DWORD flags) override
     {
         const HRESULT answer = Tell("Stat");
         return SUCCEEDED(answer) ? stream_->Stat(statistics, flags) : answer;
     }
-    HRESULT STDMETHODCALLTYPE Clone(IStream**) noexcept override
+    HRESULT STDMETHODCALLTYPE Clone(IStream**) override
     {
         Tell("Clone");
         return E_NOTIMPL;
@@ -155,7 +154,7 @@ public:
     explicit Storage(Host& host) : Told(host, "Storage"), storage_(MakeMemoryStorage()) {}
 
     HRESULT STDMETHODCALLTYPE CreateStream(LPCOLESTR name, DWORD mode, DWORD, DWORD,
-                                           IStream** stream) noexcept override
+                                           IStream** stream) override
     {
         *stream = nullptr;
         const HRESULT answer = Tell("CreateStream");
@@ -164,8 +163,7 @@ public:
                              stream)
                    : answer;
     }
-    HRESULT STDMETHODCALLTYPE OpenStream(LPCOLESTR name, void*, DWORD mode, DWORD,
-                                         IStream** stream) noexcept override
+    HRESULT STDMETHODCALLTYPE OpenStream(LPCOLESTR name, void*, DWORD mode, DWORD, IStream** stream) override
     {
         *stream = nullptr;
         const HRESULT answer = Tell("OpenStream");
@@ -175,39 +173,32 @@ public:
                          stream)
                    : answer;
     }
-    HRESULT STDMETHODCALLTYPE CreateStorage(LPCOLESTR, DWORD, DWORD, DWORD, IStorage**) noexcept override
+    HRESULT STDMETHODCALLTYPE CreateStorage(LPCOLESTR, DWORD, DWORD, DWORD, IStorage**) override
     {
         return E_NOTIMPL;
     }
-    HRESULT STDMETHODCALLTYPE OpenStorage(LPCOLESTR, IStorage*, DWORD, SNB, DWORD,
-                                          IStorage**) noexcept override
+    HRESULT STDMETHODCALLTYPE OpenStorage(LPCOLESTR, IStorage*, DWORD, SNB, DWORD, IStorage**) override
     {
         return E_NOTIMPL;
     }
-    HRESULT STDMETHODCALLTYPE CopyTo(DWORD, const IID*, SNB, IStorage*) noexcept override
+    HRESULT STDMETHODCALLTYPE CopyTo(DWORD, const IID*, SNB, IStorage*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE MoveElementTo(LPCOLESTR, IStorage*, LPCOLESTR, DWORD) override
     {
         return E_NOTIMPL;
     }
-    HRESULT STDMETHODCALLTYPE MoveElementTo(LPCOLESTR, IStorage*, LPCOLESTR, DWORD) noexcept override
-    {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Commit(DWORD) noexcept override { return Tell("Commit"); }
-    HRESULT STDMETHODCALLTYPE Revert() noexcept override { return Tell("Revert"); }
-    HRESULT STDMETHODCALLTYPE EnumElements(DWORD, void*, DWORD, IEnumSTATSTG**) noexcept override
-    {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE DestroyElement(LPCOLESTR) noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE RenameElement(LPCOLESTR, LPCOLESTR) noexcept override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Commit(DWORD) override { return Tell("Commit"); }
+    HRESULT STDMETHODCALLTYPE Revert() override { return Tell("Revert"); }
+    HRESULT STDMETHODCALLTYPE EnumElements(DWORD, void*, DWORD, IEnumSTATSTG**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE DestroyElement(LPCOLESTR) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE RenameElement(LPCOLESTR, LPCOLESTR) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE SetElementTimes(LPCOLESTR, const FILETIME*, const FILETIME*,
-                                              const FILETIME*) noexcept override
+                                              const FILETIME*) override
     {
         return E_NOTIMPL;
     }
-    HRESULT STDMETHODCALLTYPE SetClass(REFCLSID) noexcept override { return Tell("SetClass"); }
-    HRESULT STDMETHODCALLTYPE SetStateBits(DWORD, DWORD) noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Stat(STATSTG*, DWORD) noexcept override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE SetClass(REFCLSID) override { return Tell("SetClass"); }
+    HRESULT STDMETHODCALLTYPE SetStateBits(DWORD, DWORD) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Stat(STATSTG*, DWORD) override { return E_NOTIMPL; }
 
 private:
     template<class Make>
@@ -235,91 +226,76 @@ public:
 
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
                                      DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
-                                     UINT* argument) noexcept override
+                                     UINT* argument) override
     {
         Tell("Invoke");
         return disp_->Invoke(member, iid, locale, flags, arguments, result, exception, argument);
     }
 
-    HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) noexcept override
+    HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override
     {
         const HRESULT answer = Tell("get_Name");
         return SUCCEEDED(answer) ? font_->get_Name(name) : answer;
     }
-    HRESULT STDMETHODCALLTYPE put_Name(BSTR name) noexcept override { return font_->put_Name(name); }
-    HRESULT STDMETHODCALLTYPE get_Size(CY* size) noexcept override
+    HRESULT STDMETHODCALLTYPE put_Name(BSTR name) override { return font_->put_Name(name); }
+    HRESULT STDMETHODCALLTYPE get_Size(CY* size) override
     {
         const HRESULT answer = Tell("get_Size");
         return SUCCEEDED(answer) ? font_->get_Size(size) : answer;
     }
-    HRESULT STDMETHODCALLTYPE put_Size(CY size) noexcept override { return font_->put_Size(size); }
-    HRESULT STDMETHODCALLTYPE get_Bold(BOOL* bold) noexcept override { return font_->get_Bold(bold); }
-    HRESULT STDMETHODCALLTYPE put_Bold(BOOL bold) noexcept override { return font_->put_Bold(bold); }
-    HRESULT STDMETHODCALLTYPE get_Italic(BOOL* italic) noexcept override { return font_->get_Italic(italic); }
-    HRESULT STDMETHODCALLTYPE put_Italic(BOOL italic) noexcept override { return font_->put_Italic(italic); }
-    HRESULT STDMETHODCALLTYPE get_Underline(BOOL* underline) noexcept override
+    HRESULT STDMETHODCALLTYPE put_Size(CY size) override { return font_->put_Size(size); }
+    HRESULT STDMETHODCALLTYPE get_Bold(BOOL* bold) override { return font_->get_Bold(bold); }
+    HRESULT STDMETHODCALLTYPE put_Bold(BOOL bold) override { return font_->put_Bold(bold); }
+    HRESULT STDMETHODCALLTYPE get_Italic(BOOL* italic) override { return font_->get_Italic(italic); }
+    HRESULT STDMETHODCALLTYPE put_Italic(BOOL italic) override { return font_->put_Italic(italic); }
+    HRESULT STDMETHODCALLTYPE get_Underline(BOOL* underline) override
     {
         return font_->get_Underline(underline);
     }
-    HRESULT STDMETHODCALLTYPE put_Underline(BOOL underline) noexcept override
+    HRESULT STDMETHODCALLTYPE put_Underline(BOOL underline) override
     {
         return font_->put_Underline(underline);
     }
-    HRESULT STDMETHODCALLTYPE get_Strikethrough(BOOL* through) noexcept override
+    HRESULT STDMETHODCALLTYPE get_Strikethrough(BOOL* through) override
     {
         return font_->get_Strikethrough(through);
     }
-    HRESULT STDMETHODCALLTYPE put_Strikethrough(BOOL through) noexcept override
+    HRESULT STDMETHODCALLTYPE put_Strikethrough(BOOL through) override
     {
         return font_->put_Strikethrough(through);
     }
-    HRESULT STDMETHODCALLTYPE get_Weight(SHORT* weight) noexcept override
-    {
-        return font_->get_Weight(weight);
-    }
-    HRESULT STDMETHODCALLTYPE put_Weight(SHORT weight) noexcept override { return font_->put_Weight(weight); }
-    HRESULT STDMETHODCALLTYPE get_Charset(SHORT* charset) noexcept override
-    {
-        return font_->get_Charset(charset);
-    }
-    HRESULT STDMETHODCALLTYPE put_Charset(SHORT charset) noexcept override
-    {
-        return font_->put_Charset(charset);
-    }
-    HRESULT STDMETHODCALLTYPE get_hFont(HFONT* handle) noexcept override
+    HRESULT STDMETHODCALLTYPE get_Weight(SHORT* weight) override { return font_->get_Weight(weight); }
+    HRESULT STDMETHODCALLTYPE put_Weight(SHORT weight) override { return font_->put_Weight(weight); }
+    HRESULT STDMETHODCALLTYPE get_Charset(SHORT* charset) override { return font_->get_Charset(charset); }
+    HRESULT STDMETHODCALLTYPE put_Charset(SHORT charset) override { return font_->put_Charset(charset); }
+    HRESULT STDMETHODCALLTYPE get_hFont(HFONT* handle) override
     {
         const HRESULT answer = Tell("get_hFont");
         return SUCCEEDED(answer) ? font_->get_hFont(handle) : answer;
     }
-    HRESULT STDMETHODCALLTYPE Clone(IFont** clone) noexcept override
+    HRESULT STDMETHODCALLTYPE Clone(IFont** clone) override
     {
         const HRESULT answer = Tell("Clone");
         return SUCCEEDED(answer) ? font_->Clone(clone) : answer;
     }
-    HRESULT STDMETHODCALLTYPE IsEqual(IFont* other) noexcept override { return font_->IsEqual(other); }
-    HRESULT STDMETHODCALLTYPE SetRatio(LONG logical, LONG himetric) noexcept override
+    HRESULT STDMETHODCALLTYPE IsEqual(IFont* other) override { return font_->IsEqual(other); }
+    HRESULT STDMETHODCALLTYPE SetRatio(LONG logical, LONG himetric) override
     {
         return font_->SetRatio(logical, himetric);
     }
-    HRESULT STDMETHODCALLTYPE QueryTextMetrics(TEXTMETRICOLE* metrics) noexcept override
+    HRESULT STDMETHODCALLTYPE QueryTextMetrics(TEXTMETRICOLE* metrics) override
     {
         return font_->QueryTextMetrics(metrics);
     }
-    HRESULT STDMETHODCALLTYPE AddRefHfont(HFONT handle) noexcept override
-    {
-        return font_->AddRefHfont(handle);
-    }
-    HRESULT STDMETHODCALLTYPE ReleaseHfont(HFONT handle) noexcept override
-    {
-        return font_->ReleaseHfont(handle);
-    }
-    HRESULT STDMETHODCALLTYPE SetHdc(HDC dc) noexcept override { return font_->SetHdc(dc); }
+    HRESULT STDMETHODCALLTYPE AddRefHfont(HFONT handle) override { return font_->AddRefHfont(handle); }
+    HRESULT STDMETHODCALLTYPE ReleaseHfont(HFONT handle) override { return font_->ReleaseHfont(handle); }
+    HRESULT STDMETHODCALLTYPE SetHdc(HDC dc) override { return font_->SetHdc(dc); }
 
-    HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) noexcept override
+    HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) override
     {
         return points_->EnumConnectionPoints(points);
     }
-    HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept override
+    HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** point) override
     {
         *point = nullptr;
         const HRESULT answer = Tell("FindConnectionPoint");
@@ -338,13 +314,13 @@ class Extender final : public ToldDispatch<IDispatch>
 public:
     explicit Extender(Host& host) : ToldDispatch(host, "Extender") {}
 
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* ids) noexcept override
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* ids) override
     {
         *ids = 1;
         return Tell("GetIDsOfNames");
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                                     UINT*) noexcept override
+                                     UINT*) override
     {
         const HRESULT answer = Tell("Invoke");
         if (SUCCEEDED(answer))

@@ -21,42 +21,36 @@ class Site final
 public:
     explicit Site(Host& host) : ToldDispatch(host, "Site") {}
 
-    HRESULT STDMETHODCALLTYPE SaveObject() noexcept override { return Tell("SaveObject"); }
-    HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept override
+    HRESULT STDMETHODCALLTYPE SaveObject() override { return Tell("SaveObject"); }
+    HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) override
     {
         *moniker = nullptr;
         Tell("GetMoniker");
         return E_NOTIMPL;
     }
-    HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer** container) noexcept override
+    HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer** container) override
     {
         *container = nullptr;
         Tell("GetContainer");
         return E_NOINTERFACE;
     }
-    HRESULT STDMETHODCALLTYPE ShowObject() noexcept override { return Tell("ShowObject"); }
-    HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) noexcept override { return Tell("OnShowWindow"); }
-    HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() noexcept override
-    {
-        return Tell("RequestNewObjectLayout");
-    }
+    HRESULT STDMETHODCALLTYPE ShowObject() override { return Tell("ShowObject"); }
+    HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) override { return Tell("OnShowWindow"); }
+    HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() override { return Tell("RequestNewObjectLayout"); }
 
-    HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) noexcept override
+    HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) override
     {
         const HRESULT answer = Tell("GetWindow");
         *window = SUCCEEDED(answer) ? TheHost().Window() : nullptr;
         return answer;
     }
-    HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) noexcept override
-    {
-        return Tell("ContextSensitiveHelp");
-    }
-    HRESULT STDMETHODCALLTYPE CanInPlaceActivate() noexcept override { return Tell("CanInPlaceActivate"); }
-    HRESULT STDMETHODCALLTYPE OnInPlaceActivate() noexcept override { return Tell("OnInPlaceActivate"); }
-    HRESULT STDMETHODCALLTYPE OnUIActivate() noexcept override { return Tell("OnUIActivate"); }
+    HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) override { return Tell("ContextSensitiveHelp"); }
+    HRESULT STDMETHODCALLTYPE CanInPlaceActivate() override { return Tell("CanInPlaceActivate"); }
+    HRESULT STDMETHODCALLTYPE OnInPlaceActivate() override { return Tell("OnInPlaceActivate"); }
+    HRESULT STDMETHODCALLTYPE OnUIActivate() override { return Tell("OnUIActivate"); }
     HRESULT STDMETHODCALLTYPE GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
                                                RECT* position, RECT* clip,
-                                               OLEINPLACEFRAMEINFO* information) noexcept override
+                                               OLEINPLACEFRAMEINFO* information) override
     {
         *frame = nullptr;
         *document = nullptr;
@@ -70,12 +64,12 @@ public:
         *information = {information->cb, FALSE, TheHost().Window(), nullptr, 0};
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE Scroll(SIZE) noexcept override { return Tell("Scroll"); }
-    HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL) noexcept override { return Tell("OnUIDeactivate"); }
-    HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() noexcept override { return Tell("OnInPlaceDeactivate"); }
-    HRESULT STDMETHODCALLTYPE DiscardUndoState() noexcept override { return Tell("DiscardUndoState"); }
-    HRESULT STDMETHODCALLTYPE DeactivateAndUndo() noexcept override { return Tell("DeactivateAndUndo"); }
-    HRESULT STDMETHODCALLTYPE OnPosRectChange(LPCRECT position) noexcept override
+    HRESULT STDMETHODCALLTYPE Scroll(SIZE) override { return Tell("Scroll"); }
+    HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL) override { return Tell("OnUIDeactivate"); }
+    HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() override { return Tell("OnInPlaceDeactivate"); }
+    HRESULT STDMETHODCALLTYPE DiscardUndoState() override { return Tell("DiscardUndoState"); }
+    HRESULT STDMETHODCALLTYPE DeactivateAndUndo() override { return Tell("DeactivateAndUndo"); }
+    HRESULT STDMETHODCALLTYPE OnPosRectChange(LPCRECT position) override
     {
         const RECT place = *position;
         const HRESULT answer = Tell("OnPosRectChange");
@@ -84,30 +78,27 @@ public:
         return answer;
     }
 
-    HRESULT STDMETHODCALLTYPE OnControlInfoChanged() noexcept override
-    {
-        return Tell("OnControlInfoChanged");
-    }
-    HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) noexcept override { return Tell("LockInPlaceActive"); }
-    HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch** extended) noexcept override
+    HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override { return Tell("OnControlInfoChanged"); }
+    HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) override { return Tell("LockInPlaceActive"); }
+    HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch** extended) override
     {
         *extended = nullptr;
         const HRESULT answer = Tell("GetExtendedControl");
         return SUCCEEDED(answer) ? TheHost().Objects().Extender.CopyTo(extended) : answer;
     }
-    HRESULT STDMETHODCALLTYPE TransformCoords(POINTL*, POINTF*, DWORD) noexcept override
+    HRESULT STDMETHODCALLTYPE TransformCoords(POINTL*, POINTF*, DWORD) override
     {
         return Tell("TransformCoords");
     }
-    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, DWORD) noexcept override
+    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, DWORD) override
     {
         return Tell("TranslateAccelerator");
     }
-    HRESULT STDMETHODCALLTYPE OnFocus(BOOL) noexcept override { return Tell("OnFocus"); }
-    HRESULT STDMETHODCALLTYPE ShowPropertyFrame() noexcept override { return Tell("ShowPropertyFrame"); }
+    HRESULT STDMETHODCALLTYPE OnFocus(BOOL) override { return Tell("OnFocus"); }
+    HRESULT STDMETHODCALLTYPE ShowPropertyFrame() override { return Tell("ShowPropertyFrame"); }
 
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result,
-                                     EXCEPINFO*, UINT*) noexcept override
+                                     EXCEPINFO*, UINT*) override
     {
         const HRESULT answer = Tell("Ambient");
         if (FAILED(answer))
@@ -128,37 +119,31 @@ class Frame final : public Told<Chain<IOleInPlaceFrame, IOleInPlaceUIWindow, IOl
 public:
     Frame(Host& host, const char* name) : Told(host, name) {}
 
-    HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) noexcept override
+    HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) override
     {
         *window = TheHost().Window();
         return Tell("GetWindow");
     }
-    HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) noexcept override
-    {
-        return Tell("ContextSensitiveHelp");
-    }
-    HRESULT STDMETHODCALLTYPE GetBorder(RECT*) noexcept override { return Tell("GetBorder"); }
-    HRESULT STDMETHODCALLTYPE RequestBorderSpace(LPCBORDERWIDTHS) noexcept override
+    HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) override { return Tell("ContextSensitiveHelp"); }
+    HRESULT STDMETHODCALLTYPE GetBorder(RECT*) override { return Tell("GetBorder"); }
+    HRESULT STDMETHODCALLTYPE RequestBorderSpace(LPCBORDERWIDTHS) override
     {
         return Tell("RequestBorderSpace");
     }
-    HRESULT STDMETHODCALLTYPE SetBorderSpace(LPCBORDERWIDTHS) noexcept override
-    {
-        return Tell("SetBorderSpace");
-    }
-    HRESULT STDMETHODCALLTYPE SetActiveObject(IOleInPlaceActiveObject*, LPCOLESTR) noexcept override
+    HRESULT STDMETHODCALLTYPE SetBorderSpace(LPCBORDERWIDTHS) override { return Tell("SetBorderSpace"); }
+    HRESULT STDMETHODCALLTYPE SetActiveObject(IOleInPlaceActiveObject*, LPCOLESTR) override
     {
         return Tell("SetActiveObject");
     }
-    HRESULT STDMETHODCALLTYPE InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) noexcept override
+    HRESULT STDMETHODCALLTYPE InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) override
     {
         return Tell("InsertMenus");
     }
-    HRESULT STDMETHODCALLTYPE SetMenu(HMENU, HOLEMENU, HWND) noexcept override { return Tell("SetMenu"); }
-    HRESULT STDMETHODCALLTYPE RemoveMenus(HMENU) noexcept override { return Tell("RemoveMenus"); }
-    HRESULT STDMETHODCALLTYPE SetStatusText(LPCOLESTR) noexcept override { return Tell("SetStatusText"); }
-    HRESULT STDMETHODCALLTYPE EnableModeless(BOOL) noexcept override { return Tell("EnableModeless"); }
-    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, WORD) noexcept override
+    HRESULT STDMETHODCALLTYPE SetMenu(HMENU, HOLEMENU, HWND) override { return Tell("SetMenu"); }
+    HRESULT STDMETHODCALLTYPE RemoveMenus(HMENU) override { return Tell("RemoveMenus"); }
+    HRESULT STDMETHODCALLTYPE SetStatusText(LPCOLESTR) override { return Tell("SetStatusText"); }
+    HRESULT STDMETHODCALLTYPE EnableModeless(BOOL) override { return Tell("EnableModeless"); }
+    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, WORD) override
     {
         return Tell("TranslateAccelerator");
     }

@@ -83,8 +83,10 @@ protected:
     {
         LibraryTest::SetUp();
         wchar_t folder[MAX_PATH] = {};
+        wchar_t file[MAX_PATH] = {};
         GetTempPathW(ARRAYSIZE(folder), folder);
-        copy_ = std::wstring(folder) + L"KivCtls-life.ocx";
+        ASSERT_NE(GetTempFileNameW(folder, L"kiv", 0, file), 0U);
+        copy_ = file;
         ASSERT_TRUE(CopyFileW(TheLibrary().Path().c_str(), copy_.c_str(), FALSE));
     }
     void TearDown() override

@@ -7,6 +7,7 @@
 #include "tests/support/Text.h"
 
 #include <cstdlib>
+#include <stdexcept>
 #include <iostream>
 
 namespace kiv::test
@@ -36,7 +37,14 @@ protected:
     {
         host_->Begin(GetParam(), operation.Active, operation.Accompanied);
         host_->Arm(blow);
-        operation.Run(*host_);
+        try
+        {
+            operation.Run(*host_);
+        }
+        catch (const std::runtime_error&)
+        {
+            // The host's own objects throw at the host as well, which uses them in between.
+        }
         DrainMessages();
         return host_->End();
     }

@@ -14,7 +14,7 @@ class Told : public ComObject<Entries...>
 public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override
     {
-        const HRESULT answer = host_.Arrived(name_, "QueryInterface");
+        const HRESULT answer = host_.ArrivedQuietly(name_, "QueryInterface");
         if (SUCCEEDED(answer))
             return ComObject<Entries...>::QueryInterface(iid, object);
         *object = nullptr;
@@ -22,13 +22,13 @@ public:
     }
     ULONG STDMETHODCALLTYPE Release() noexcept override
     {
-        host_.Arrived(name_, "Release");
+        host_.ArrivedQuietly(name_, "Release");
         return ComObject<Entries...>::Release();
     }
 
 protected:
     Told(Host& host, const char* name) : host_(host), name_(name) {}
-    HRESULT Tell(const char* member) const noexcept { return host_.Arrived(name_, member); }
+    HRESULT Tell(const char* member) const { return host_.Arrived(name_, member); }
     Host& TheHost() const { return host_; }
 
 private:
@@ -41,13 +41,13 @@ template<class... Entries>
 class ToldDispatch : public Told<Entries...>
 {
 public:
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override
     {
         *count = 0;
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
     {
         return DISP_E_UNKNOWNNAME;
     }
