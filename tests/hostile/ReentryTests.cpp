@@ -7,8 +7,8 @@
 #include "tests/support/Text.h"
 
 #include <cstdlib>
-#include <stdexcept>
 #include <iostream>
+#include <stdexcept>
 
 namespace kiv::test
 {
