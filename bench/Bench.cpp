@@ -8,6 +8,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <vector>
 
 namespace kiv::bench
 {
@@ -16,6 +17,9 @@ namespace
 {
 
 constexpr std::size_t Rounds = 7;
+
+int goalsMet = 0;
+std::vector<std::string> goalsMissed;
 
 double TimeOf(int runs, const std::function<void()>& job)
 {
@@ -69,7 +73,14 @@ void Print(const Row& row)
     std::printf("%-52s %9.2f us %9.2f us %7.2fx", row.Name.c_str(), row.Microseconds, row.BareMicroseconds,
                 ratio);
     if (row.Goal)
-        std::printf("  at most %.1fx: %s", *row.Goal, ratio <= *row.Goal ? "met" : "missed");
+    {
+        const bool met = ratio <= *row.Goal;
+        std::printf("  at most %.3gx: %s", *row.Goal, met ? "met" : "missed");
+        if (met)
+            ++goalsMet;
+        else
+            goalsMissed.push_back(row.Name);
+    }
     std::printf("\n");
     std::fflush(stdout);
 }
@@ -78,6 +89,18 @@ void Print(const std::string& name, double microseconds)
 {
     std::printf("%-52s %9.3f us\n", name.c_str(), microseconds);
     std::fflush(stdout);
+}
+
+void PrintSummary()
+{
+    std::printf("%d of %d goals are met", goalsMet, goalsMet + static_cast<int>(goalsMissed.size()));
+    const char* before = "; missed: ";
+    for (const std::string& name : goalsMissed)
+    {
+        std::printf("%s%s", before, name.c_str());
+        before = " | ";
+    }
+    std::printf("\n");
 }
 
 std::size_t PrivateBytes()

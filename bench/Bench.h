@@ -32,6 +32,8 @@ void PrintHeading();
 void Print(const Row& row);
 // A job without a bare counterpart.
 void Print(const std::string& name, double microseconds);
+// Of the rows printed so far: how many goals are met, and which are missed.
+void PrintSummary();
 
 // Bytes of memory that the process holds for itself.
 std::size_t PrivateBytes();

@@ -16,7 +16,10 @@
 #include <ole2.h>
 #include <wrl/client.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
+#include <span>
 
 using Microsoft::WRL::ComPtr;
 
@@ -30,37 +33,59 @@ ComPtr<IClassFactory> FactoryOf(REFCLSID classId)
     return factory;
 }
 
-// Measures the library that is registered on this machine.
-void Run()
+struct Group
+{
+    const char* Name;
+    void (*Run)(HWND parent);
+};
+
+constexpr Group Groups[] = {
+    {"YesNo", [](HWND parent) { kiv::bench::RunYesNoRows(FactoryOf(CLSID_YesNo).Get(), parent); }},
+    {"ChkCombo", [](HWND parent) { kiv::bench::RunChkComboRows(FactoryOf(CLSID_ChkCombo).Get(), parent); }},
+    {"PicCommand",
+     [](HWND parent) { kiv::bench::RunPicCommandRows(FactoryOf(CLSID_PicCommand).Get(), parent); }},
+    {"PicLite", [](HWND) { kiv::bench::RunPicLiteRows(FactoryOf(CLSID_PicLite).Get()); }},
+    {"NumberBox",
+     [](HWND parent) { kiv::bench::RunNumberBoxRows(FactoryOf(CLSID_NumberBox).Get(), parent); }},
+    {"Amounts",
+     [](HWND parent) {
+         kiv::bench::RunAmountRows(FactoryOf(CLSID_CurrencyBox).Get(), FactoryOf(CLSID_PercentBox).Get(),
+                                   parent);
+     }},
+    {"EnumList", [](HWND parent) { kiv::bench::RunEnumListRows(FactoryOf(CLSID_EnumList).Get(), parent); }},
+    {"Loaded", [](HWND) { kiv::bench::RunLoadedRows(); }},
+    {"Rules", [](HWND) { kiv::bench::RunRulesRows(); }},
+    {"Numbers", [](HWND) { kiv::bench::RunNumbersRows(); }},
+};
+
+// Measures the library that is registered on this machine: the groups with these names, all for no name.
+void Run(std::span<const char* const> names)
 {
     const HWND parent = CreateWindowA("STATIC", "KivCtls benchmarks", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
                                       400, 300, nullptr, nullptr, nullptr, nullptr);
     if (!parent)
         kiv::ThrowLastError();
     kiv::bench::PrintHeading();
-    kiv::bench::RunYesNoRows(FactoryOf(CLSID_YesNo).Get(), parent);
-    kiv::bench::RunChkComboRows(FactoryOf(CLSID_ChkCombo).Get(), parent);
-    kiv::bench::RunPicCommandRows(FactoryOf(CLSID_PicCommand).Get(), parent);
-    kiv::bench::RunPicLiteRows(FactoryOf(CLSID_PicLite).Get());
-    kiv::bench::RunNumberBoxRows(FactoryOf(CLSID_NumberBox).Get(), parent);
-    kiv::bench::RunAmountRows(FactoryOf(CLSID_CurrencyBox).Get(), FactoryOf(CLSID_PercentBox).Get(), parent);
-    kiv::bench::RunEnumListRows(FactoryOf(CLSID_EnumList).Get(), parent);
-    kiv::bench::RunLoadedRows();
-    kiv::bench::RunRulesRows();
-    kiv::bench::RunNumbersRows();
+    for (const Group& group : Groups)
+    {
+        const auto isMeant = [&](const char* name) { return std::strcmp(name, group.Name) == 0; };
+        if (names.empty() || std::ranges::any_of(names, isMeant))
+            group.Run(parent);
+    }
+    kiv::bench::PrintSummary();
     DestroyWindow(parent);
 }
 
 } // namespace
 
-int main()
+int main(int count, char** words)
 {
     if (FAILED(OleInitialize(nullptr)))
         return 1;
     int status = 0;
     try
     {
-        Run();
+        Run(std::span(words, static_cast<std::size_t>(count)).subspan(1));
     }
     catch (const kiv::ComError& error)
     {

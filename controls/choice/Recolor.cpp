@@ -5,6 +5,7 @@
 
 #include <bit>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace kiv
@@ -29,24 +30,25 @@ void ExchangePixels(HDC source, HDC target, SIZE size, COLORREF mask, COLORREF r
 class Probe
 {
 public:
-    // source: a device context with a bitmap of the format.
-    explicit Probe(HDC source) : dc_(nullptr), bitmap_(CreateCompatibleBitmap(source, 1, 1)) {}
+    // source: a device context with a bitmap of the format; free: one with none of its own, for as long as
+    // this lives.
+    Probe(HDC source, HDC free) : dc_(free), bitmap_(CreateCompatibleBitmap(source, 1, 1)) {}
 
     // The bits of the pixel after a colour has been drawn over others. No bitmap reads as zero.
     std::uint32_t Draw(COLORREF color, std::uint32_t over)
     {
         Bits(over);
-        const Selection selected(dc_.Get(), bitmap_.Get());
-        SetPixel(dc_.Get(), 0, 0, color);
+        const Selection selected(dc_, bitmap_.Get());
+        SetPixel(dc_, 0, 0, color);
         GdiFlush();
         return Bits();
     }
     // Whether the colour comes out exactly as it went in.
     bool Holds(COLORREF color)
     {
-        const Selection selected(dc_.Get(), bitmap_.Get());
-        SetPixel(dc_.Get(), 0, 0, color);
-        return GetPixel(dc_.Get(), 0, 0) == color;
+        const Selection selected(dc_, bitmap_.Get());
+        SetPixel(dc_, 0, 0, color);
+        return GetPixel(dc_, 0, 0) == color;
     }
 
 private:
@@ -66,7 +68,7 @@ private:
         return (header.bmBitsPixel + 15) / 16 * 2;
     }
 
-    MemoryDc dc_;
+    HDC dc_;
     GdiObject<HBITMAP> bitmap_;
 };
 
@@ -85,12 +87,12 @@ bool HoldsNoMoreThanEightBitsEach(HBITMAP bitmap)
 }
 
 // Nothing when pixels of the format can only be exchanged one by one.
-std::optional<PixelExchange> ExchangeFor(HDC source, const BITMAP& header, HBITMAP bitmap, COLORREF mask,
-                                         COLORREF replace)
+std::optional<PixelExchange> ExchangeFor(HDC source, HDC free, const BITMAP& header, HBITMAP bitmap,
+                                         COLORREF mask, COLORREF replace)
 {
-    if (!CanExchange(header.bmBitsPixel) || header.bmPlanes != 1 || !HoldsNoMoreThanEightBitsEach(bitmap))
+    if (!HoldsColors(header.bmBitsPixel) || header.bmPlanes != 1 || !HoldsNoMoreThanEightBitsEach(bitmap))
         return std::nullopt;
-    Probe probe(source);
+    Probe probe(source, free);
     constexpr std::uint32_t none = 0;
     constexpr std::uint32_t all = ~none;
     PixelExchange exchange;
@@ -110,19 +112,58 @@ std::optional<PixelExchange> ExchangeFor(HDC source, const BITMAP& header, HBITM
     return exchange;
 }
 
-// The target holds a copy of the source, so each pixel can be exchanged where it is.
-bool ExchangeRows(HBITMAP target, const BITMAP& header, const PixelExchange& exchange)
+// What becomes of each entry of a palette: the exchange by definition, once for each. free: a device context
+// with no bitmap of its own.
+EntryExchange EntriesFor(HDC source, HDC free, std::size_t bitsPerPixel, COLORREF mask, COLORREF replace)
 {
-    // As GetBitmapBits lays them out: rows of whole words.
-    const auto width = static_cast<std::size_t>(header.bmWidth);
-    const std::size_t rowBytes = (width * header.bmBitsPixel + 15) / 16 * 2;
-    std::vector<std::uint8_t> bits(rowBytes * static_cast<std::size_t>(header.bmHeight));
-    const auto size = static_cast<LONG>(bits.size());
+    std::vector<std::uint8_t> entries = EntryExchange::EveryEntry(bitsPerPixel);
+    const auto size = static_cast<LONG>(entries.size());
+    const SIZE row = {LONG{1} << bitsPerPixel, 1};
+    const GdiObject<HBITMAP> bitmap(CreateCompatibleBitmap(source, row.cx, row.cy));
+    SetBitmapBits(bitmap.Get(), static_cast<DWORD>(size), entries.data());
+    {
+        const Selection selected(free, bitmap.Get());
+        ExchangePixels(free, free, row, mask, replace);
+    }
     GdiFlush();
+    GetBitmapBits(bitmap.Get(), size, entries.data());
+    return EntryExchange(bitsPerPixel, entries);
+}
+
+// The target holds a copy of the source, so each pixel can be exchanged where it is.
+template<class SomeExchange>
+bool ExchangeRows(HBITMAP target, const SomeExchange& exchange)
+{
+    DIBSECTION section = {};
+    const int known = GetObjectA(target, sizeof section, &section);
+    const BITMAP& header = section.dsBm;
+    const auto width = static_cast<std::size_t>(header.bmWidth);
+    const auto height = static_cast<std::size_t>(header.bmHeight);
+    GdiFlush();
+    if (known == sizeof section)
+    {
+        const auto rowBytes = static_cast<std::size_t>(header.bmWidthBytes);
+        const std::span bits(static_cast<std::uint8_t*>(header.bmBits), rowBytes * height);
+        Exchange({bits, rowBytes, width, header.bmBitsPixel}, exchange);
+        return true;
+    }
+    // As GetBitmapBits lays them out: rows of whole words.
+    const std::size_t rowBytes = (width * header.bmBitsPixel + 15) / 16 * 2;
+    std::vector<std::uint8_t> bits(rowBytes * height);
+    const auto size = static_cast<LONG>(bits.size());
     if (GetBitmapBits(target, size, bits.data()) != size)
         return false;
     Exchange({bits, rowBytes, width, header.bmBitsPixel}, exchange);
     return SetBitmapBits(target, static_cast<DWORD>(size), bits.data()) == size;
+}
+
+// Whether it could be done. False when pixels of the format can only be exchanged one by one.
+bool ExchangeRows(HDC source, HDC free, const BITMAP& header, HBITMAP target, COLORREF mask, COLORREF replace)
+{
+    if (header.bmPlanes == 1 && HoldsEntries(header.bmBitsPixel))
+        return ExchangeRows(target, EntriesFor(source, free, header.bmBitsPixel, mask, replace));
+    const std::optional<PixelExchange> exchange = ExchangeFor(source, free, header, target, mask, replace);
+    return exchange && ExchangeRows(target, *exchange);
 }
 
 } // namespace
@@ -148,16 +189,13 @@ GdiObject<HBITMAP> Recolored(HBITMAP source, COLORREF mask, COLORREF replace)
     GdiObject<HBITMAP> target(CreateCompatibleBitmap(sourceDc.Get(), header.bmWidth, header.bmHeight));
     if (!target)
         throw ComError(E_OUTOFMEMORY);
+    const MemoryDc targetDc(nullptr);
     {
-        const MemoryDc targetDc(nullptr);
         const Selection selectedTarget(targetDc.Get(), target.Get());
         BitBlt(targetDc.Get(), 0, 0, header.bmWidth, header.bmHeight, sourceDc.Get(), 0, 0, SRCCOPY);
     }
-    const std::optional<PixelExchange> exchange =
-        ExchangeFor(sourceDc.Get(), header, target.Get(), mask, replace);
-    if (!exchange || !ExchangeRows(target.Get(), header, *exchange))
+    if (!ExchangeRows(sourceDc.Get(), targetDc.Get(), header, target.Get(), mask, replace))
     {
-        const MemoryDc targetDc(nullptr);
         const Selection selectedTarget(targetDc.Get(), target.Get());
         ExchangePixels(sourceDc.Get(), targetDc.Get(), {header.bmWidth, header.bmHeight}, mask, replace);
     }

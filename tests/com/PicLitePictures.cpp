@@ -30,6 +30,7 @@ GdiObject<HBITMAP> NewSection(const BitmapFormat& format, SIZE size, std::mt1993
     description.Header.biHeight = format.TopDown ? -size.cy : size.cy;
     description.Header.biPlanes = 1;
     description.Header.biBitCount = format.BitsPerPixel;
+    description.Header.biClrUsed = format.Colors;
     if (format.Masks[0] != 0)
     {
         description.Header.biCompression = BI_BITFIELDS;
@@ -73,6 +74,8 @@ const std::vector<BitmapFormat>& BitmapFormats()
         {"Section4", 4, true},
         {"Section8", 8, true},
         {"Section8TopDown", 8, true, true},
+        {"Section4FewColors", 4, true, false, {}, 5},
+        {"Section8FewColors", 8, true, false, {}, 16},
         {"Section16", 16, true},
         {"Section16TopDown", 16, true, true},
         {"Section555", 16, true, false, {0x7C00, 0x03E0, 0x001F}},

@@ -21,6 +21,7 @@ struct BitmapFormat
     bool IsSection;       // a device-independent one, else the device's own
     bool TopDown = false; // sections only
     DWORD Masks[3] = {};  // red, green, blue; none for the usual ones
+    DWORD Colors = 0;     // of the palette, which may be fewer than its pixels can name; 0 for all
 };
 
 std::ostream& operator<<(std::ostream& out, const BitmapFormat& format);

@@ -108,7 +108,7 @@ TEST_F(PicLiteRecolorTest, EqualColoursGiveThePictureAgain)
     control.Site().Log().AllowAll();
     control.InitNew();
     std::mt19937 random(11);
-    GdiObject<HBITMAP> bitmap = RandomBitmap(BitmapFormats()[9], {31, 7}, random);
+    GdiObject<HBITMAP> bitmap = RandomBitmap(BitmapFormats()[11], {31, 7}, random);
     const BitmapFacts source = FactsOf(bitmap.Get());
     const COLORREF color = ColorAt(bitmap.Get(), 3, 3);
     const auto result = ResultOf(control.Query<_PicLite>().Get(), std::move(bitmap), color, color);
@@ -126,7 +126,7 @@ TEST_F(PicLiteRecolorTest, ResolvesSystemColours)
     const INT face = COLOR_BTNFACE;
     const auto colored = [&] {
         std::mt19937 random(5);
-        GdiObject<HBITMAP> bitmap = RandomBitmap(BitmapFormats()[9], {4, 4}, random);
+        GdiObject<HBITMAP> bitmap = RandomBitmap(BitmapFormats()[11], {4, 4}, random);
         const COLORREF mask = ColorAt(bitmap.Get(), 0, 0);
         return ResultOf(picture.Get(), std::move(bitmap), mask, 0x80123400U | COLOR_BTNFACE);
     };
@@ -206,7 +206,7 @@ TEST_F(PicLiteRecolorTest, GivesNothingForABitmapThatIsInUse)
     control.Site().Log().AllowAll();
     control.InitNew();
     std::mt19937 random(7);
-    const ComPtr<IPictureDisp> source = PictureOf(RandomBitmap(BitmapFormats()[9], {4, 4}, random));
+    const ComPtr<IPictureDisp> source = PictureOf(RandomBitmap(BitmapFormats()[11], {4, 4}, random));
     const BitmapDc dc(BitmapIn(source.Get()));
     const auto picture = control.Query<_PicLite>();
     EXPECT_EQ(Hr(picture->putref_Picture(source.Get())), Hr(S_OK));

@@ -1,10 +1,15 @@
 # shellcheck shell=bash
 # Measures the library against the bare Windows calls that the same job needs at least.
 
+GROUPS_OF_MEASUREMENTS=(YesNo ChkCombo PicCommand PicLite NumberBox Amounts EnumList Loaded Rules Numbers)
+
 cmd_bench() {
-    local arch
+    local arch word
     take_arch "$@"
-    no_arguments bench "${REST[@]}"
+    for word in "${REST[@]}"; do
+        [[ " ${GROUPS_OF_MEASUREMENTS[*]} " == *" $word "* ]] ||
+            misused "there are no measurements '$word'" "There are: ${GROUPS_OF_MEASUREMENTS[*]}."
+    done
     ensure build run
     lock_tree bench
     build_tree native kiv-tools
@@ -13,6 +18,6 @@ cmd_bench() {
     for arch in "${ARCHES[@]}"; do
         open_registered_prefix "$arch"
         say "Measurements ($arch):"
-        attend wine "build/$arch/bench/kiv-bench.exe" || die "the measurements ended early ($arch)."
+        attend wine "build/$arch/bench/kiv-bench.exe" "${REST[@]}" || die "the measurements ended early ($arch)."
     done
 }
