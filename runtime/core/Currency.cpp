@@ -1,7 +1,9 @@
 #include "runtime/core/Currency.h"
 
+#include <array>
 #include <charconv>
 #include <limits>
+#include <string_view>
 
 namespace kiv
 {
@@ -30,11 +32,25 @@ std::optional<Currency> Currency::From(const Decimal& number)
 
 Decimal Currency::ToDecimal() const
 {
-    std::string digits = std::to_string(units_);
-    const bool negative = digits.front() == '-';
-    if (negative)
-        digits.erase(0, 1);
-    return Decimal(negative, digits, static_cast<int>(digits.size()) - Decimals);
+    // In two parts: a processor of 32 bits divides numbers of that size much faster than larger ones.
+    constexpr std::uint32_t billion = 1'000'000'000;
+    const std::uint64_t magnitude =
+        units_ < 0 ? 0 - static_cast<std::uint64_t>(units_) : static_cast<std::uint64_t>(units_);
+    const std::uint64_t high = magnitude / billion;
+    const auto low = static_cast<std::uint32_t>(magnitude - high * billion);
+    std::array<char, 20> digits;
+    char* const end = digits.data() + digits.size();
+    char* at = digits.data();
+    if (high <= std::numeric_limits<std::uint32_t>::max())
+        at = std::to_chars(at, end, static_cast<std::uint32_t>(high)).ptr;
+    else
+        at = std::to_chars(at, end, high).ptr;
+    // With its leading zeros, behind a digit that makes way for the last one of the higher part.
+    const char last = at[-1];
+    char* const lowEnd = std::to_chars(at - 1, end, billion + low).ptr;
+    at[-1] = last;
+    const std::string_view text(digits.data(), static_cast<std::size_t>(lowEnd - digits.data()));
+    return Decimal(units_ < 0, text, static_cast<int>(text.size()) - Decimals);
 }
 
 std::optional<Currency> Currency::Negated() const

@@ -37,6 +37,8 @@ public:
     // Without zeros at either end; empty for zero.
     const std::string& Digits() const { return digits_; }
     int Point() const { return point_; }
+    // How many digits are behind the point; none or fewer for a whole number.
+    int Decimals() const { return static_cast<int>(digits_.size()) - point_; }
     // The digit of 10^power, '0' where none is written.
     char DigitOf(int power) const;
 

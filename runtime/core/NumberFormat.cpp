@@ -1,6 +1,7 @@
 #include "runtime/core/NumberFormat.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace kiv
 {
@@ -9,17 +10,10 @@ namespace
 {
 
 constexpr int GroupSize = 3;
-// "-99,999,999,999,999.9999" and a little.
-constexpr std::size_t LongestAmount = 32;
 
 constexpr bool IsDigitPlace(wchar_t character)
 {
     return character == L'0' || character == L'#';
-}
-
-int CountDigitPlaces(std::wstring_view text)
-{
-    return static_cast<int>(std::ranges::count_if(text, IsDigitPlace));
 }
 
 // A pattern taken apart.
@@ -27,26 +21,20 @@ struct Pattern
 {
     explicit Pattern(std::wstring_view pattern)
     {
-        const std::size_t point = pattern.find(L'.');
-        HasPoint = point != std::wstring_view::npos;
+        const std::size_t point = TakeWhole(pattern);
         Whole = pattern.substr(0, point);
-        if (HasPoint)
-            Decimals = pattern.substr(point + 1);
-
-        const bool any = CountDigitPlaces(Whole) != 0;
-        for (; any && Whole.ends_with(L','); Whole.remove_suffix(1))
-            ++Thousandths;
-        const std::size_t first = Whole.find_first_of(L"0#");
-        const std::size_t last = Whole.find_last_of(L"0#");
-        const std::size_t comma = Whole.find(L',', std::min(first, Whole.size()));
-        Grouped = comma != std::wstring_view::npos && comma < last;
-
-        const std::size_t firstZero = Whole.find(L'0');
-        if (firstZero != std::wstring_view::npos)
-            LeastWholeDigits = CountDigitPlaces(Whole.substr(firstZero));
-        const std::size_t lastZero = Decimals.rfind(L'0');
-        if (lastZero != std::wstring_view::npos)
-            LeastDecimals = CountDigitPlaces(Decimals.substr(0, lastZero + 1));
+        HasPoint = point < pattern.size();
+        if (!HasPoint)
+            return;
+        Decimals = pattern.substr(point + 1);
+        for (const wchar_t character : Decimals)
+        {
+            if (!IsDigitPlace(character))
+                continue;
+            ++DecimalPlaces;
+            if (character == L'0')
+                LeastDecimals = DecimalPlaces;
+        }
     }
 
     std::wstring_view Whole;
@@ -54,91 +42,155 @@ struct Pattern
     bool HasPoint = false;
     bool Grouped = false;
     int Thousandths = 0;
+    int WholePlaces = 0;
+    int DecimalPlaces = 0;
     int LeastWholeDigits = 0;
     int LeastDecimals = 0;
+
+private:
+    // Where the point is, or the end.
+    std::size_t TakeWhole(std::wstring_view pattern)
+    {
+        int places = 0;
+        int placesBeforeZero = -1; // none
+        int placesBeforeComma = 0; // the first one behind a place
+        int commas = 0;            // at the end so far
+        std::size_t at = 0;
+        for (; at < pattern.size() && pattern[at] != L'.'; ++at)
+        {
+            const wchar_t character = pattern[at];
+            if (character == L',')
+            {
+                ++commas;
+                placesBeforeComma = placesBeforeComma == 0 ? places : placesBeforeComma;
+                continue;
+            }
+            commas = 0;
+            if (character == L'0' && placesBeforeZero < 0)
+                placesBeforeZero = places;
+            places += IsDigitPlace(character) ? 1 : 0;
+        }
+        WholePlaces = places;
+        Grouped = placesBeforeComma != 0 && placesBeforeComma < places;
+        Thousandths = places != 0 ? commas : 0;
+        LeastWholeDigits = placesBeforeZero < 0 ? 0 : places - placesBeforeZero;
+        return at;
+    }
 };
 
-// Appends the part before the point to a text: from right to left, as the digits fall into their places, and
-// then turned round.
-class WholePart
+// The text of a number, written from its end to its beginning, as the digits fall into their places.
+class Writer
 {
 public:
-    WholePart(std::wstring& text, const Decimal& number, const Pattern& pattern, wchar_t separator) :
-        text_(text),
-        number_(number),
-        separator_(pattern.Grouped ? separator : L'\0'),
-        end_(std::max(number.Point(), pattern.LeastWholeDigits))
+    // end: of room for it all.
+    Writer(wchar_t* end, const Decimal& number) : at_(end), digits_(number.Digits()), point_(number.Point())
     {
-        const std::size_t start = text_.size();
-        int places = CountDigitPlaces(pattern.Whole);
-        if (places == 0 && CountDigitPlaces(pattern.Decimals) != 0)
-            DigitsUpTo(end_);
+    }
+
+    void Decimals(const Pattern& pattern)
+    {
+        const int written = static_cast<int>(digits_.size()) - point_;
+        const int shown = std::max(written, pattern.LeastDecimals);
+        int place = pattern.DecimalPlaces;
+        for (auto character = pattern.Decimals.rbegin(); character != pattern.Decimals.rend(); ++character)
+        {
+            if (!IsDigitPlace(*character))
+            {
+                if (*character != L',' && *character != L'.')
+                    Write(*character);
+                continue;
+            }
+            if (place <= shown)
+                Write(DigitOf(-place));
+            --place;
+        }
+    }
+    void Whole(const Pattern& pattern, wchar_t groupSeparator)
+    {
+        // One above the highest power shown.
+        const int end = std::max(point_, pattern.LeastWholeDigits);
+        const wchar_t separator = pattern.Grouped ? groupSeparator : L'\0';
+        int places = pattern.WholePlaces;
+        if (places == 0 && pattern.DecimalPlaces != 0)
+            DigitsUpTo(end, separator);
         for (auto character = pattern.Whole.rbegin(); character != pattern.Whole.rend(); ++character)
         {
             if (IsDigitPlace(*character))
-                DigitsUpTo(--places == 0 ? end_ : std::min(power_ + 1, end_));
+                DigitsUpTo(--places == 0 ? end : std::min(power_ + 1, end), separator);
             else if (*character != L',')
-                text_.push_back(*character);
+                Write(*character);
         }
-        std::reverse(text_.begin() + static_cast<std::ptrdiff_t>(start), text_.end());
     }
+    void Write(wchar_t character) { *--at_ = character; }
+    const wchar_t* Start() const { return at_; }
 
 private:
-    void DigitsUpTo(int end)
+    wchar_t DigitOf(int power) const
+    {
+        const auto place = static_cast<std::size_t>(point_ - 1 - power);
+        return place < digits_.size() ? static_cast<wchar_t>(digits_[place]) : L'0';
+    }
+    void DigitsUpTo(int end, wchar_t separator)
     {
         for (; power_ < end; ++power_)
         {
-            if (separator_ != 0 && power_ > 0 && power_ % GroupSize == 0)
-                text_.push_back(separator_);
-            text_.push_back(static_cast<wchar_t>(number_.DigitOf(power_)));
+            if (inGroup_ == GroupSize)
+            {
+                inGroup_ = 0;
+                if (separator != 0)
+                    Write(separator);
+            }
+            ++inGroup_;
+            Write(DigitOf(power_));
         }
     }
 
-    std::wstring& text_;
-    const Decimal& number_;
-    wchar_t separator_;
-    // One above the highest power shown.
-    int end_;
-    int power_ = 0;
+    wchar_t* at_;
+    const std::string_view digits_;
+    const int point_;
+    int power_ = 0;   // of the next digit before the point
+    int inGroup_ = 0; // digits of its group so far
 };
 
-void AppendDecimals(std::wstring& text, const Decimal& number, const Pattern& pattern)
+// What a text takes at most: the pattern, the number's digits before the point with separators, a sign.
+std::size_t RoomFor(const Decimal& number, std::wstring_view pattern)
 {
-    const int written = static_cast<int>(number.Digits().size()) - number.Point();
-    const int shown = std::max(written, pattern.LeastDecimals);
-    int place = 0;
-    for (const wchar_t character : pattern.Decimals)
-    {
-        if (!IsDigitPlace(character))
-        {
-            if (character != L',' && character != L'.')
-                text.push_back(character);
-        }
-        else if (++place <= shown)
-            text.push_back(static_cast<wchar_t>(number.DigitOf(-place)));
-    }
+    const auto digits = static_cast<std::size_t>(std::max(number.Point(), 0));
+    return 2 * (pattern.size() + digits) + 1;
 }
 
 } // namespace
 
-std::wstring Format(const Decimal& number, std::wstring_view pattern, const NumberLocale& locale)
+FormattedNumber::FormattedNumber(const Decimal& number, std::wstring_view pattern, const NumberLocale& locale)
 {
     const Pattern parts(pattern);
-    const int decimals = CountDigitPlaces(parts.Decimals);
-    const Decimal rounded =
-        parts.Thousandths == 0
-            ? number.Rounded(decimals, Halves::AwayFromZero)
-            : number.Shifted(-GroupSize * parts.Thousandths).Rounded(decimals, Halves::AwayFromZero);
-    std::wstring text;
-    // What an amount takes at most, so that it is allocated once.
-    text.reserve(LongestAmount);
-    if (rounded.IsNegative())
-        text.push_back(L'-');
-    WholePart(text, rounded, parts, locale.GroupSeparator);
+    std::optional<Decimal> rounded;
+    if (parts.Thousandths != 0)
+        rounded =
+            number.Shifted(-GroupSize * parts.Thousandths).Rounded(parts.DecimalPlaces, Halves::AwayFromZero);
+    else if (number.Decimals() > parts.DecimalPlaces)
+        rounded = number.Rounded(parts.DecimalPlaces, Halves::AwayFromZero);
+    const Decimal& shown = rounded ? *rounded : number;
+
+    wchar_t* end = inPlace_.data() + inPlace_.size();
+    if (const std::size_t room = RoomFor(shown, pattern); room > inPlace_.size())
+    {
+        elsewhere_.resize(room);
+        end = elsewhere_.data() + room;
+    }
+    Writer writer(end, shown);
+    writer.Decimals(parts);
     if (parts.HasPoint)
-        text.push_back(locale.DecimalPoint);
-    AppendDecimals(text, rounded, parts);
-    return text;
+        writer.Write(locale.DecimalPoint);
+    writer.Whole(parts, locale.GroupSeparator);
+    if (shown.IsNegative())
+        writer.Write(L'-');
+    text_ = {writer.Start(), static_cast<std::size_t>(end - writer.Start())};
+}
+
+std::wstring Format(const Decimal& number, std::wstring_view pattern, const NumberLocale& locale)
+{
+    return std::wstring(FormattedNumber(number, pattern, locale).Text());
 }
 
 } // namespace kiv
