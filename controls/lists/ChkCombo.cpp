@@ -299,12 +299,23 @@ HRESULT ChkCombo::AddItem(BSTR Item, short Index) noexcept
 
 void ChkCombo::Insert(std::wstring_view Item, short Index)
 {
-    Follow();
+    // At the end, the place that the item gets tells how many there were: the combo box need not be asked.
+    const bool atEnd = Index < 0;
+    if (!atEnd)
+        Follow();
     if (!list_.CanInsert(Index))
         throw ComError(InvalidPropertyIndex);
-    if (list_.IsFull())
+    if (!atEnd && list_.IsFull())
         throw ComError(Overflow);
-    const auto inserted = static_cast<short>(combo_.Insert(std::wstring(Item), Index));
+    const int place = combo_.Insert(std::wstring(Item), Index);
+    if (place >= ChkComboList::MostItems)
+    {
+        combo_.Remove(place);
+        throw ComError(Overflow);
+    }
+    if (atEnd)
+        list_.Follow(place);
+    const auto inserted = static_cast<short>(place);
     list_.Inserted(inserted);
     const short selected = AfterInsertion(HScroll1.Value(), inserted);
     if (selected == HScroll1.Value())

@@ -17,7 +17,7 @@ void ScrollBar::Value(short newValue)
     if (newValue == value_)
         return;
     value_ = newValue;
-    Show();
+    told_ = false;
     if (OnChange)
         OnChange();
 }
@@ -28,19 +28,24 @@ void ScrollBar::Range(short min, short max)
         return;
     min_ = min;
     max_ = max;
-    Show();
+    told_ = false;
 }
 
-// The system's bar is told as well, for whoever asks it.
-void ScrollBar::Show() const
+// The system's bar is told as well, for whoever asks it: when the next message comes, whichever it is.
+bool ScrollBar::Received(UINT, WPARAM, LPARAM)
 {
-    SCROLLINFO info = {};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_RANGE | SIF_POS;
-    info.nMin = min_;
-    info.nMax = max_;
-    info.nPos = value_;
-    Ask(SBM_SETSCROLLINFO, FALSE, reinterpret_cast<LPARAM>(&info));
+    if (!told_)
+    {
+        told_ = true;
+        SCROLLINFO info = {};
+        info.cbSize = sizeof info;
+        info.fMask = SIF_RANGE | SIF_POS;
+        info.nMin = min_;
+        info.nMax = max_;
+        info.nPos = value_;
+        Ask(SBM_SETSCROLLINFO, FALSE, reinterpret_cast<LPARAM>(&info));
+    }
+    return false;
 }
 
 void ScrollBar::Notified(WORD code)

@@ -30,13 +30,15 @@ public:
     void Notified(WORD code) override;
     void Draw(HDC dc, const RECT& place) const override;
 
-private:
-    void Show() const;
+protected:
+    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+private:
     short value_ = 0;
     short min_ = 0;
     short max_ = 0;
     short largeChange_ = 1;
+    bool told_ = true; // the system's bar has the value and the range
 };
 
 } // namespace kiv
