@@ -374,7 +374,7 @@ void EnumList::RefreshEnumLabel()
     }();
     // An error from here on is the caller's.
     const bool found = rows && !rows->AtEnd();
-    const std::wstring caption = found ? rows->Text(EnumTextColumn) : std::wstring();
+    const std::wstring caption = found ? rows->Text(Variant(EnumTextColumn)).String() : std::wstring();
     const bool answered = rows.has_value();
     rows.reset();
     if (refresh != refreshes_)

@@ -58,14 +58,14 @@ void EnumRecordset::MoveNext()
 
 // Fields is a method, or a property that takes the name, or one that hands out a collection whose default
 // member takes it.
-ComPtr<IDispatch> EnumRecordset::Field(const wchar_t* column)
+ComPtr<IDispatch> EnumRecordset::Field(const Variant& column)
 {
     const DISPID fields = Member(fields_, L"Fields");
     if (fieldsTakeNames_)
     {
         try
         {
-            return ObjectOf(CallMember(rows_.Get(), fields, {Variant(column)}));
+            return ObjectOf(CallMemberWith(rows_.Get(), fields, column));
         }
         catch (const ComError& error)
         {
@@ -77,19 +77,30 @@ ComPtr<IDispatch> EnumRecordset::Field(const wchar_t* column)
     const ComPtr<IDispatch> collection = ObjectOf(CallMember(rows_.Get(), fields));
     if (!collection)
         throw ComError(ObjectRequired);
-    return ObjectOf(CallMember(collection.Get(), DISPID_VALUE, {Variant(column)}));
+    return ObjectOf(CallMemberWith(collection.Get(), DISPID_VALUE, column));
 }
 
-std::wstring EnumRecordset::Text(const wchar_t* column)
+// Handed out as it came, without a copy.
+Bstr EnumRecordset::Text(const Variant& column)
 {
     const ComPtr<IDispatch> field = Field(column);
     if (!field)
         throw ComError(ObjectRequired);
-    const Variant value = PlainValue(CallMember(field.Get(), MemberOf(field.Get(), L"Value")));
-    if (value.Type() == VT_BSTR)
-        return std::wstring(Bstr::ViewOf(V_BSTR(&value.Get())));
-    const std::optional<Variant> text = value.As(VT_BSTR);
-    return text ? text->Text() : std::wstring();
+    Variant value = CallMember(field.Get(), MemberOf(field.Get(), L"Value"));
+    if (value.Object())
+        value = PlainValue(value);
+    Bstr text;
+    if (value.Type() != VT_BSTR)
+    {
+        std::optional<Variant> converted = value.As(VT_BSTR);
+        if (!converted)
+            return text;
+        value = std::move(*converted);
+    }
+    VARIANT detached = {};
+    value.DetachTo(&detached);
+    *text.Receive() = V_BSTR(&detached);
+    return text;
 }
 
 } // namespace kiv

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "runtime/com/Bstr.h"
+#include "runtime/com/Variant.h"
+
 #include <windows.h>
 
 #include <oaidl.h>
 #include <wrl/client.h>
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace kiv
@@ -29,12 +31,12 @@ public:
 
     bool AtEnd() const;
     void MoveNext();
-    // The current row's value as text; empty for Null and for what is no text.
-    std::wstring Text(const wchar_t* column);
+    // The current row's value as text, by its column's name; empty for Null and for what is no text.
+    Bstr Text(const Variant& column);
 
 private:
     explicit EnumRecordset(Microsoft::WRL::ComPtr<IDispatch> rows) : rows_(std::move(rows)) {}
-    Microsoft::WRL::ComPtr<IDispatch> Field(const wchar_t* column);
+    Microsoft::WRL::ComPtr<IDispatch> Field(const Variant& column);
 
     Microsoft::WRL::ComPtr<IDispatch> rows_;
     // The members, looked up when they are first needed.

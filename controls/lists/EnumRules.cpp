@@ -35,22 +35,19 @@ std::wstring ListQuery(std::wstring_view stateCode, std::wstring_view tableName,
         .append(sortBy == ByDescription ? L"[Enum Text]" : L"RIGHT('0000000000' & [Enum Code], 10)");
 }
 
-std::vector<std::wstring_view> DescriptionLines(std::wstring_view text)
+std::wstring_view TakeLine(std::wstring_view& text)
 {
-    std::vector<std::wstring_view> lines;
-    do
-    {
-        const std::size_t end = std::min(text.find(LineBreak), text.size());
-        lines.push_back(text.substr(0, end));
-        text.remove_prefix(std::min(end + LineBreak.size(), text.size()));
-    } while (!text.empty());
-    return lines;
+    const std::size_t end = std::min(text.find(LineBreak), text.size());
+    const std::wstring_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + LineBreak.size(), text.size()));
+    return line;
 }
 
 std::wstring ItemText(bool showCodes, std::wstring_view code, std::wstring_view line)
 {
-    std::wstring text(showCodes ? code : line);
-    text += Tab;
+    std::wstring text;
+    text.reserve(code.size() + 1 + line.size());
+    text.append(showCodes ? code : line).push_back(Tab);
     return text.append(showCodes ? line : code);
 }
 

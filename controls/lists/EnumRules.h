@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace kiv
 {
@@ -25,8 +24,9 @@ std::wstring LabelQuery(std::wstring_view stateCode, std::wstring_view tableName
 // characters, of a longer one the last ten.
 std::wstring ListQuery(std::wstring_view stateCode, std::wstring_view tableName, long sortBy);
 
-// The lines of a description: at least one, and none after a line break that ends the text.
-std::vector<std::wstring_view> DescriptionLines(std::wstring_view text);
+// Takes the first line off a description. There is at least one, and none after a line break that ends the
+// text: what is empty then is at its end.
+std::wstring_view TakeLine(std::wstring_view& text);
 
 // A line of the picker's list: the code in front of the tab when codes are shown, else behind it and out of
 // sight. Lines after an entry's first have no code.

@@ -196,23 +196,28 @@ void frmEnums::Fill(EnumRecordset& rows, int filling)
     MaxTextWidth = 0;
     list.Clear();
     list.AddItem(NoneItem);
+    const Variant textColumn(EnumTextColumn);
+    const Variant codeColumn(EnumCodeColumn);
     const CharacterWidths widths(TheSurface().FontHandle());
     for (bool atEnd = rows.AtEnd(); !atEnd && !Superseded(filling); atEnd = rows.AtEnd())
     {
-        const std::wstring description = rows.Text(EnumTextColumn);
-        const std::wstring code = rows.Text(EnumCodeColumn);
+        const Bstr description = rows.Text(textColumn);
+        const Bstr code = rows.Text(codeColumn);
         if (Superseded(filling))
             return;
         const int first = list.ListCount();
-        for (const std::wstring_view line : DescriptionLines(description))
+        std::wstring_view rest = description.View();
+        do
         {
+            const std::wstring_view line = TakeLine(rest);
             const std::wstring_view measured = line.substr(0, LongestMeasured);
             if (!widths.FitsIn(measured, static_cast<int>(MaxTextWidth / Screen::TwipsPerPixelX())))
                 MaxTextWidth = WidestLine(MaxTextWidth, TheSurface().TextWidth(measured));
             const bool isFirst = list.ListCount() == first;
-            const int item = list.AddItem(ItemText(ShowCodes, isFirst ? code : std::wstring(), line));
+            const int item =
+                list.AddItem(ItemText(ShowCodes, isFirst ? code.View() : std::wstring_view(), line));
             list.ItemData(item, first);
-        }
+        } while (!rest.empty());
         rows.MoveNext();
     }
 }

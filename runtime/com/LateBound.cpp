@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 #include <vector>
 
 using Microsoft::WRL::ComPtr;
@@ -73,11 +74,9 @@ void CheckAutomation(HRESULT outcome)
     }
 }
 
-Variant CallMember(IDispatch* object, DISPID member, WORD flags, std::initializer_list<Variant> arguments)
+// reversed: the arguments, the last one first.
+Variant Call(IDispatch* object, DISPID member, WORD flags, std::span<VARIANT> reversed)
 {
-    std::vector<VARIANT> reversed;
-    std::transform(std::rbegin(arguments), std::rend(arguments), std::back_inserter(reversed),
-                   [](const Variant& argument) { return argument.Get(); });
     DISPPARAMS passed = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
     Variant result;
     RaisedError raised;
@@ -88,6 +87,16 @@ Variant CallMember(IDispatch* object, DISPID member, WORD flags, std::initialize
     CheckAutomation(outcome);
     return (result.Type() & VT_BYREF) != 0 ? Variant(result.Get()) : result;
 }
+
+Variant CallMember(IDispatch* object, DISPID member, WORD flags, std::initializer_list<Variant> arguments)
+{
+    std::vector<VARIANT> reversed;
+    std::transform(std::rbegin(arguments), std::rend(arguments), std::back_inserter(reversed),
+                   [](const Variant& argument) { return argument.Get(); });
+    return Call(object, member, flags, reversed);
+}
+
+constexpr WORD MethodOrProperty = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
 // A property if it is one: as a method, the default member of a script's function is the function's call.
 Variant DefaultOf(IDispatch* object)
@@ -126,7 +135,13 @@ DISPID MemberOf(IDispatch* object, const wchar_t* name)
 
 Variant CallMember(IDispatch* object, DISPID member, std::initializer_list<Variant> arguments)
 {
-    return CallMember(object, member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments);
+    return CallMember(object, member, MethodOrProperty, arguments);
+}
+
+Variant CallMemberWith(IDispatch* object, DISPID member, const Variant& argument)
+{
+    VARIANT passed = argument.Get();
+    return Call(object, member, MethodOrProperty, {&passed, 1});
 }
 
 Variant PlainValue(const Variant& value)

@@ -19,6 +19,8 @@ DISPID MemberOf(IDispatch* object, const wchar_t* name);
 // The result of a member, which may be a method or a property: late-bound code cannot tell, and objects offer
 // either. Arguments in the order in which a caller writes them.
 Variant CallMember(IDispatch* object, DISPID member, std::initializer_list<Variant> arguments = {});
+// The same with a single argument, which is not copied.
+Variant CallMemberWith(IDispatch* object, DISPID member, const Variant& argument);
 
 // What automation takes for a value: the value itself, or for an object what its default member is.
 Variant PlainValue(const Variant& value);

@@ -1,9 +1,8 @@
 #include "runtime/forms/ListBox.h"
 
-#include "runtime/forms/Graphics.h"
-
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace kiv
 {
@@ -25,23 +24,35 @@ ListBox::ListBox(ConstituentOwner& owner, HWND parent) :
 {
 }
 
-int ListBox::AddItem(std::wstring_view text)
+int ListBox::AddItem(std::wstring text)
 {
-    const std::wstring shown(text.substr(0, LongestShown));
-    // Most texts are the same in every code page, and Wine's list takes several times as long for a wide one.
-    const bool isPlain = std::ranges::all_of(shown, [](wchar_t character) { return character < 0x80; });
-    const LRESULT index = isPlain ? Ask(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Ansi(shown).c_str()))
-                                  : AskWide(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(shown.c_str()));
+    ReserveRoom();
+    const LRESULT index =
+        AskWide(LB_ADDSTRING, 0,
+                reinterpret_cast<LPARAM>(text.size() <= LongestShown ? text.c_str()
+                                                                     : text.substr(0, LongestShown).c_str()));
     if (index < 0)
         throw std::bad_alloc();
-    texts_.emplace_back(text);
+    texts_.push_back(std::move(text));
     return static_cast<int>(index);
+}
+
+// Twice as many each time: left to itself the window makes room for a few more again and again, and moves all
+// items each time.
+void ListBox::ReserveRoom()
+{
+    constexpr std::size_t few = 64;
+    if (texts_.size() < std::max(reserved_, few))
+        return;
+    reserved_ = 2 * texts_.size();
+    Ask(LB_INITSTORAGE, texts_.size());
 }
 
 void ListBox::Clear()
 {
     Ask(LB_RESETCONTENT);
     texts_.clear();
+    reserved_ = 0;
 }
 
 std::wstring_view ListBox::List(int index) const

@@ -22,7 +22,7 @@ public:
     std::function<void()> OnDblClick;
 
     // Adds an item at the end and tells where that is. Throws std::bad_alloc when the list is full.
-    int AddItem(std::wstring_view text);
+    int AddItem(std::wstring text);
     void Clear();
     int ListCount() const { return static_cast<int>(texts_.size()); }
     // The item's text as it was added. The window has its beginning, as far as any screen could show it.
@@ -55,7 +55,10 @@ public:
     void Notified(WORD code) override;
 
 private:
+    void ReserveRoom();
+
     std::vector<std::wstring> texts_;
+    std::size_t reserved_ = 0; // items that the window has room for, as far as it was told
 };
 
 } // namespace kiv

@@ -33,6 +33,15 @@ TEST(EnumQueries, LeaveQuotesBlanksAndCaseAlone)
 
 using Lines = std::vector<std::wstring_view>;
 
+Lines DescriptionLines(std::wstring_view text)
+{
+    Lines lines;
+    do
+        lines.push_back(TakeLine(text));
+    while (!text.empty());
+    return lines;
+}
+
 TEST(EnumDescriptions, AreSplitAtLineBreaks)
 {
     EXPECT_EQ(DescriptionLines(L""), (Lines{L""}));
