@@ -19,7 +19,6 @@ namespace
 
 constexpr RECT Place = {10, 10, 130, 32};
 constexpr RECT PlaceBelow = {10, 50, 130, 72};
-constexpr char Text[] = "12345";
 
 HWND TextBoxIn(const HostedControl& control)
 {
@@ -27,21 +26,6 @@ HWND TextBoxIn(const HostedControl& control)
     if (!box)
         ThrowLastError();
     return box;
-}
-
-void RunTypingRow(const std::string& name, IClassFactory* factory, HWND parent)
-{
-    const HostedControl control(factory, parent, Place);
-    const HWND box = TextBoxIn(control);
-    // In view, where its changes are seen.
-    SetFocus(box);
-    SetWindowTextA(box, Text);
-    const BareEdit bare(parent, Text);
-    Typist onControl(box, 1);
-    Typist onBare(bare.Handle(), 1);
-    const Pair times = MeasurePair(
-        500, [&] { onControl.Type(); }, [&] { onBare.Type(); });
-    Print({name + ": one typed digit", times.Library, times.Bare, 2.0});
 }
 
 template<class Control>
@@ -128,10 +112,8 @@ void RunPaintRows(IClassFactory* factory, HWND parent)
 
 void RunAmountRows(IClassFactory* currency, IClassFactory* percent, HWND parent)
 {
-    RunTypingRow("CurrencyBox", currency, parent);
     RunValueRow<_CurrencyBox>("CurrencyBox", currency, parent);
     RunPaintRows(currency, parent);
-    RunTypingRow("PercentBox", percent, parent);
     RunValueRow<_PercentBox>("PercentBox", percent, parent);
 }
 

@@ -32,17 +32,6 @@ HWND TextBoxOf(_NumberBox* box)
     return static_cast<HWND>(LongToHandle(window));
 }
 
-void RunTypingRow(IClassFactory* factory, HWND parent)
-{
-    const HostedControl control(factory, parent, Place);
-    const BareEdit bare(parent, "123-45-6789");
-    Typist onControl(TextBoxOf(NumberBoxIn(control).Get()), 0);
-    Typist onBare(bare.Handle(), 1);
-    const Pair times = MeasurePair(
-        500, [&] { onControl.Type(); }, [&] { onBare.Type(); });
-    Print({"NumberBox: one typed digit", times.Library, times.Bare, 2.0});
-}
-
 void RunValueRow(IClassFactory* factory, HWND parent)
 {
     const HostedControl control(factory, parent, Place);
@@ -99,7 +88,6 @@ void RunAwayRow(IClassFactory* factory, HWND parent)
 
 void RunNumberBoxRows(IClassFactory* factory, HWND parent)
 {
-    RunTypingRow(factory, parent);
     RunValueRow(factory, parent);
     RunAssignRow(factory, parent);
     RunAwayRow(factory, parent);

@@ -81,18 +81,6 @@ void RunRepaintRow(IClassFactory* factory, HWND parent)
     Print({"PicCommand: one repaint", times.Library, times.Bare, 1.5});
 }
 
-void RunLifeRow(IClassFactory* factory, HWND parent)
-{
-    const Pair times = MeasurePair(
-        100, [&] { const HostedControl control(factory, parent, Place); },
-        [&] {
-            const BareWindow window(parent, Place, &DrawButton);
-            DestroyWindow(CreateWindowExA(0, "BUTTON", "", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, 0, 0, 120,
-                                          28, window.Handle(), nullptr, nullptr, nullptr));
-        });
-    Print({"PicCommand: create, activate and destroy", times.Library, times.Bare, std::nullopt});
-}
-
 constexpr int Side = 1000;
 constexpr COLORREF Mask = RGB(255, 0, 255);
 
@@ -185,7 +173,6 @@ void RunRecolorRow(IClassFactory* factory, WORD bitsPerPixel)
 
 void RunPicCommandRows(IClassFactory* factory, HWND parent)
 {
-    RunLifeRow(factory, parent);
     RunRepaintRow(factory, parent);
 }
 

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <utility>
+
 namespace kiv::bench
 {
 
@@ -20,16 +22,28 @@ private:
     HWND window_;
 };
 
+struct Digits
+{
+    WPARAM One;
+    WPARAM Other;
+};
+
 // One key stroke on a text box, whose first digit becomes another one than it was.
 class Typist
 {
 public:
-    // selected: how many characters the stroke replaces; an overtyped box needs none selected.
-    Typist(HWND window, int selected) : window_(window), selected_(selected) {}
+    // selected: how many characters the stroke replaces.
+    Typist(HWND window, Digits digits, int selected) :
+        window_(window), digits_(digits), selected_(selected), digit_(digits.One)
+    {
+    }
 
     void Type()
     {
-        digit_ = digit_ == '1' ? '2' : '1';
+        digit_ = digit_ == digits_.One ? digits_.Other : digits_.One;
+        // In view, with the caret in it. Only when another one has the focus: asking costs time.
+        if (std::exchange(lastTyped_, window_) != window_)
+            SetFocus(window_);
         SendMessageA(window_, EM_SETSEL, 0, selected_);
         SendMessageA(window_, WM_KEYDOWN, digit_, 1);
         SendMessageA(window_, WM_CHAR, digit_, 1);
@@ -37,9 +51,12 @@ public:
     }
 
 private:
+    static inline HWND lastTyped_ = nullptr;
+
     HWND window_;
+    Digits digits_;
     int selected_;
-    WPARAM digit_ = '1';
+    WPARAM digit_;
 };
 
 } // namespace kiv::bench

@@ -46,15 +46,6 @@ void DrawOptions(HWND window, HDC dc)
     SelectObject(dc, oldFont);
 }
 
-void RunLifeRow(IClassFactory* factory, HWND parent)
-{
-    constexpr int count = 1000;
-    const Pair times = MeasurePair(
-        count / 4, [&] { const HostedControl control(factory, parent, Place); },
-        [&] { const BareWindow window(parent, Place, &DrawOptions); });
-    Print({"YesNo: create, activate and destroy", times.Library, times.Bare, 3.0});
-}
-
 void RunRepaintRow(IClassFactory* factory, HWND parent)
 {
     const HostedControl control(factory, parent, Place);
@@ -88,7 +79,7 @@ void RunValueRow(IClassFactory* factory, HWND parent)
 
 void RunMemoryRow(IClassFactory* factory, HWND parent)
 {
-    constexpr int cycles = 20000;
+    constexpr int cycles = 6000;
     constexpr int warmUp = 2000;
     std::size_t warm = 0;
     for (int i = 0; i < cycles; ++i)
@@ -108,7 +99,6 @@ void RunMemoryRow(IClassFactory* factory, HWND parent)
 
 void RunYesNoRows(IClassFactory* factory, HWND parent)
 {
-    RunLifeRow(factory, parent);
     RunRepaintRow(factory, parent);
     RunValueRow(factory, parent);
     RunMemoryRow(factory, parent);

@@ -1,12 +1,16 @@
 #include "bench/AmountBench.h"
 #include "bench/Bench.h"
 #include "bench/ChkComboBench.h"
+#include "bench/Controls.h"
 #include "bench/EnumListBench.h"
+#include "bench/FormBench.h"
+#include "bench/LifeBench.h"
 #include "bench/LoadedBench.h"
 #include "bench/NumberBoxBench.h"
 #include "bench/NumbersBench.h"
 #include "bench/PicBench.h"
 #include "bench/RulesBench.h"
+#include "bench/TypingBench.h"
 #include "bench/YesNoBench.h"
 #include "runtime/com/Errors.h"
 
@@ -14,24 +18,16 @@
 
 #include <KivControls.h>
 #include <ole2.h>
-#include <wrl/client.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <span>
 
-using Microsoft::WRL::ComPtr;
-
 namespace
 {
 
-ComPtr<IClassFactory> FactoryOf(REFCLSID classId)
-{
-    ComPtr<IClassFactory> factory;
-    kiv::Check(CoGetClassObject(classId, CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory)));
-    return factory;
-}
+using kiv::bench::FactoryOf;
 
 struct Group
 {
@@ -53,6 +49,9 @@ constexpr Group Groups[] = {
                                    parent);
      }},
     {"EnumList", [](HWND parent) { kiv::bench::RunEnumListRows(FactoryOf(CLSID_EnumList).Get(), parent); }},
+    {"Life", kiv::bench::RunLifeRows},
+    {"Typing", kiv::bench::RunTypingRows},
+    {"Form", kiv::bench::RunFormRows},
     {"Loaded", [](HWND) { kiv::bench::RunLoadedRows(); }},
     {"Rules", [](HWND) { kiv::bench::RunRulesRows(); }},
     {"Numbers", [](HWND) { kiv::bench::RunNumbersRows(); }},

@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # Measures the library against the bare Windows calls that the same job needs at least.
 
-GROUPS_OF_MEASUREMENTS=(YesNo ChkCombo PicCommand PicLite NumberBox Amounts EnumList Loaded Rules Numbers)
+GROUPS_OF_MEASUREMENTS=(YesNo ChkCombo PicCommand PicLite NumberBox Amounts EnumList Life Typing Form Loaded Rules Numbers)
 
 cmd_bench() {
     local arch word
