@@ -83,7 +83,7 @@ void RunPaintRows(IClassFactory* factory, HWND parent)
     const BareWindow bare(parent, PlaceBelow, &PaintAmount);
     const Pair repaints = MeasurePair(
         2000, [&] { Repaint(window); }, [&] { Repaint(bare.Handle()); });
-    Print({"CurrencyBox: one repaint", repaints.Library, repaints.Bare, 1.5});
+    Print({"CurrencyBox: one repaint", repaints.Library, repaints.Bare, 1.0});
 
     const RECT whole = {0, 0, Place.right - Place.left, Place.bottom - Place.top};
     const RECTL bounds = {0, 0, whole.right, whole.bottom};

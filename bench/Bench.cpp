@@ -5,7 +5,6 @@
 #include <psapi.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdio>
 #include <vector>
@@ -31,18 +30,19 @@ double TimeOf(int runs, const std::function<void()>& job)
     return taken.count() / runs;
 }
 
-double Middle(std::array<double, Rounds> times)
-{
-    std::ranges::nth_element(times, times.begin() + Rounds / 2);
-    return times[Rounds / 2];
-}
-
 } // namespace
+
+double Middle(std::vector<double> times)
+{
+    const auto middle = times.begin() + std::ssize(times) / 2;
+    std::ranges::nth_element(times, middle);
+    return *middle;
+}
 
 double Measure(int runsPerRound, const std::function<void()>& job)
 {
     TimeOf(runsPerRound, job);
-    std::array<double, Rounds> times = {};
+    std::vector<double> times(Rounds);
     for (double& time : times)
         time = TimeOf(runsPerRound, job);
     return Middle(times);
@@ -52,8 +52,8 @@ Pair MeasurePair(int runsPerRound, const std::function<void()>& library, const s
 {
     TimeOf(runsPerRound, library);
     TimeOf(runsPerRound, bare);
-    std::array<double, Rounds> libraryTimes = {};
-    std::array<double, Rounds> bareTimes = {};
+    std::vector<double> libraryTimes(Rounds);
+    std::vector<double> bareTimes(Rounds);
     for (std::size_t i = 0; i < Rounds; ++i)
     {
         libraryTimes[i] = TimeOf(runsPerRound, library);

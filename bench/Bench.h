@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kiv::bench
 {
@@ -19,6 +20,9 @@ struct Row
 
 // Time of one run of a job, in microseconds: the middle one of several rounds, after one round to warm up.
 double Measure(int runsPerRound, const std::function<void()>& job);
+
+// The middle one of several times.
+double Middle(std::vector<double> times);
 
 // The same for two jobs, their rounds taking turns, so that both meet the same machine.
 struct Pair

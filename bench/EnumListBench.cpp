@@ -91,12 +91,6 @@ double Now()
     return static_cast<double>(count.QuadPart) * 1e6 / static_cast<double>(frequency.QuadPart);
 }
 
-double Middle(std::vector<double> times)
-{
-    std::ranges::sort(times);
-    return times[times.size() / 2];
-}
-
 // The rows, fetched as the library does it.
 void Fetch(Codes& codes, const std::function<void(const Variant& description, const Variant& code)>& take)
 {

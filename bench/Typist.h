@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <utility>
-
 namespace kiv::bench
 {
 
@@ -28,34 +26,27 @@ struct Digits
     WPARAM Other;
 };
 
-// One key stroke on a text box, whose first digit becomes another one than it was.
+// Types digits at the beginning of a text box, each another one than the last.
 class Typist
 {
 public:
-    // selected: how many characters the stroke replaces.
-    Typist(HWND window, Digits digits, int selected) :
-        window_(window), digits_(digits), selected_(selected), digit_(digits.One)
+    // overtypes: whether a digit replaces the first character of the text instead of coming before it.
+    Typist(HWND window, Digits digits, bool overtypes) :
+        window_(window), digits_(digits), overtypes_(overtypes), digit_(digits.One)
     {
     }
 
-    void Type()
-    {
-        digit_ = digit_ == digits_.One ? digits_.Other : digits_.One;
-        // In view, with the caret in it. Only when another one has the focus: asking costs time.
-        if (std::exchange(lastTyped_, window_) != window_)
-            SetFocus(window_);
-        SendMessageA(window_, EM_SETSEL, 0, selected_);
-        SendMessageA(window_, WM_KEYDOWN, digit_, 1);
-        SendMessageA(window_, WM_CHAR, digit_, 1);
-        SendMessageA(window_, WM_KEYUP, digit_, static_cast<LPARAM>(0xC0000001));
-    }
+    // In microseconds each, without what makes the text ready for the next one. The box has the focus
+    // meanwhile.
+    double TimeOfDigits(int count);
 
 private:
-    static inline HWND lastTyped_ = nullptr;
+    void Type();
+    void MakeReady();
 
     HWND window_;
     Digits digits_;
-    int selected_;
+    bool overtypes_;
     WPARAM digit_;
 };
 

@@ -124,7 +124,7 @@ protected:
         txtLeft.Amend(filtered.Box.Text);
         // The host may have answered the change by another text, which then stands.
         if (txtLeft.Text() == filtered.Box.Text)
-            txtLeft.Select(filtered.Box.SelStart, filtered.Box.SelLength);
+            txtLeft.SelectAnew({filtered.Box.SelStart, filtered.Box.SelLength});
     }
 
     void UserControl_KeyUp(short& KeyCode, short Shift) override

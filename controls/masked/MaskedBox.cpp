@@ -18,9 +18,7 @@ void Apply(const KeyOutcome& outcome, TextBox& box, short& key)
         if (box.Text() != text)
             return;
     }
-    const TextBox::Selection wanted = {outcome.Box.SelStart, outcome.Box.SelLength};
-    if (box.Selected() != wanted)
-        box.Select(wanted.Start, wanted.Length);
+    box.SelectAnew({outcome.Box.SelStart, outcome.Box.SelLength});
 }
 
 namespace

@@ -90,7 +90,7 @@ void TextBox::ReplaceDifference(std::wstring_view current, std::wstring_view tex
     const auto start = static_cast<std::size_t>(differs - current.begin());
     const auto end = static_cast<std::size_t>(lastDiffers.base() - current.begin());
     ansi.resize(end);
-    Select(static_cast<int>(start), static_cast<int>(end - start));
+    SelectAnew({static_cast<int>(start), static_cast<int>(end - start)});
     Ask(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(ansi.c_str() + start));
 }
 
@@ -105,6 +105,12 @@ TextBox::Selection TextBox::Selected() const
 void TextBox::Select(int start, int length)
 {
     Ask(EM_SETSEL, static_cast<WPARAM>(start), start + length);
+}
+
+void TextBox::SelectAnew(Selection wanted)
+{
+    if (Selected() != wanted)
+        Select(wanted.Start, wanted.Length);
 }
 
 void TextBox::Home()

@@ -47,6 +47,8 @@ public:
     };
     Selection Selected() const;
     void Select(int start, int length);
+    // The same where something else is selected: to select takes the box much longer than to tell what is.
+    void SelectAnew(Selection wanted);
     void SelectAll() { Select(0, Length()); }
     // Puts the caret at the start, and that in view.
     void Home();
