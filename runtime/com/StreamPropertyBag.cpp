@@ -1,5 +1,7 @@
 #include "runtime/com/StreamPropertyBag.h"
 
+#include "runtime/core/BitmapFile.h"
+
 #include <olectl.h>
 
 #include <algorithm>
@@ -68,6 +70,13 @@ std::vector<std::uint8_t> EncodeObject(IUnknown* object)
     return Bytes(stream.Get());
 }
 
+// The system's own picture object takes a bitmap's word for how large it is, and reads on behind its end.
+bool HoldsItsPicture(std::span<const std::uint8_t> picture)
+{
+    constexpr std::size_t PrefixSize = 8; // a signature, and the size of the file that follows
+    return picture.size() < PrefixSize || HoldsItsBitmap(picture.subspan(PrefixSize));
+}
+
 Variant DecodeObject(const std::vector<std::uint8_t>& bytes)
 {
     if (bytes.empty())
@@ -78,6 +87,8 @@ Variant DecodeObject(const std::vector<std::uint8_t>& bytes)
     std::memcpy(&clsid, bytes.data(), sizeof clsid);
     if (!IsStorable(clsid))
         throw DamagedStream("an object of a foreign class");
+    if (clsid == CLSID_StdPicture && !HoldsItsPicture(std::span(bytes).subspan(sizeof clsid)))
+        throw DamagedStream("a damaged picture");
     const ComPtr<IStream> stream = MemoryStream();
     Write(stream.Get(), bytes.data() + sizeof clsid, bytes.size() - sizeof clsid);
     Rewind(stream.Get());
@@ -181,6 +192,9 @@ void StreamPropertyBag::ReportUnusable(const wchar_t*)
 
 PropertyStream ReadPropertyStream(IStream* source)
 {
+    // Not every storage that says that it opened a stream gives one.
+    if (!source)
+        throw ComError(E_POINTER);
     std::vector<std::uint8_t> bytes(PropertyStreamHeaderSize);
     ULONG read = 0;
     Check(source->Read(bytes.data(), static_cast<ULONG>(bytes.size()), &read));

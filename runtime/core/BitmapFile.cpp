@@ -1,0 +1,91 @@
+#include "runtime/core/BitmapFile.h"
+
+#include <cstddef>
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr std::size_t FileHeaderSize = 14;
+constexpr std::uint32_t CoreHeaderSize = 12;
+constexpr std::uint32_t InfoHeaderSize = 40;
+constexpr std::uint32_t LargestHeaderSize = 124;
+
+// Compressions whose bits are as many as the measures say.
+constexpr std::uint32_t Plain = 0;
+constexpr std::uint32_t BitFields = 3;
+
+std::uint32_t NumberAt(std::span<const std::uint8_t> bytes, std::size_t place, std::size_t size)
+{
+    std::uint32_t number = 0;
+    for (std::size_t each = 0; each < size; ++each)
+        number |= std::uint32_t{bytes[place + each]} << (8 * each);
+    return number;
+}
+
+struct Measures
+{
+    std::int64_t Width = 0;
+    std::int64_t Height = 0; // negative from the top down
+    std::uint32_t BitsPerPixel = 0;
+    std::uint32_t Compression = Plain;
+    std::uint32_t CompressedSize = 0;
+    std::uint32_t Colors = 0; // of a palette; 0 for as many as there may be
+    std::uint32_t ColorSize = 4;
+};
+
+Measures MeasuresOf(std::span<const std::uint8_t> header, std::uint32_t headerSize)
+{
+    Measures measures;
+    if (headerSize == CoreHeaderSize)
+    {
+        measures.Width = NumberAt(header, 4, 2);
+        measures.Height = NumberAt(header, 6, 2);
+        measures.BitsPerPixel = NumberAt(header, 10, 2);
+        measures.ColorSize = 3;
+        return measures;
+    }
+    measures.Width = static_cast<std::int32_t>(NumberAt(header, 4, 4));
+    measures.Height = static_cast<std::int32_t>(NumberAt(header, 8, 4));
+    measures.BitsPerPixel = NumberAt(header, 14, 2);
+    measures.Compression = NumberAt(header, 16, 4);
+    measures.CompressedSize = NumberAt(header, 20, 4);
+    measures.Colors = NumberAt(header, 32, 4);
+    return measures;
+}
+
+} // namespace
+
+bool HoldsItsBitmap(std::span<const std::uint8_t> file)
+{
+    if (file.size() < 2 || file[0] != 'B' || file[1] != 'M')
+        return true;
+    if (file.size() < FileHeaderSize + CoreHeaderSize)
+        return false;
+    const std::uint32_t start = NumberAt(file, 10, 4);
+    const std::uint32_t headerSize = NumberAt(file, FileHeaderSize, 4);
+    const bool isKnown =
+        headerSize == CoreHeaderSize || (headerSize >= InfoHeaderSize && headerSize <= LargestHeaderSize);
+    if (!isKnown || file.size() < FileHeaderSize + headerSize || start > file.size())
+        return false;
+    const Measures measures = MeasuresOf(file.subspan(FileHeaderSize, headerSize), headerSize);
+    constexpr std::int64_t Largest = 0x7FFF;
+    const std::int64_t lines = measures.Height < 0 ? -measures.Height : measures.Height;
+    if (measures.Width <= 0 || measures.Width > Largest || lines == 0 || lines > Largest ||
+        measures.BitsPerPixel > 32)
+        return false;
+    std::uint64_t palette = measures.Colors;
+    if (palette == 0 && measures.BitsPerPixel <= 8)
+        palette = std::uint64_t{1} << measures.BitsPerPixel;
+    if (FileHeaderSize + headerSize + palette * measures.ColorSize > file.size())
+        return false;
+    const auto line = static_cast<std::uint64_t>((measures.Width * measures.BitsPerPixel + 31) / 32 * 4);
+    const bool isPlain = measures.Compression == Plain || measures.Compression == BitFields;
+    const std::uint64_t size =
+        isPlain ? line * static_cast<std::uint64_t>(lines) : std::uint64_t{measures.CompressedSize};
+    return start + size <= file.size();
+}
+
+} // namespace kiv
