@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <atomic>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 
@@ -28,20 +29,6 @@ std::atomic<DWORD>& Since()
 {
     static std::atomic<DWORD> since = GetTickCount();
     return since;
-}
-
-// Looks after the others: what takes too long hangs.
-DWORD WINAPI Watch(void*)
-{
-    for (;;)
-    {
-        Sleep(500);
-        if (GetTickCount() - Since() < LongestCase)
-            continue;
-        std::printf("\nHANG while doing: %s\n", What().c_str());
-        std::fflush(stdout);
-        TerminateProcess(GetCurrentProcess(), Crashed);
-    }
 }
 
 struct Range
@@ -99,6 +86,25 @@ void PrintPlaces(const CONTEXT& context, const Range& module)
     std::printf("\n");
 }
 
+// Looks after the one that does things: what takes too long hangs.
+DWORD WINAPI Watch(void* watched)
+{
+    for (;;)
+    {
+        Sleep(500);
+        if (GetTickCount() - Since() < LongestCase)
+            continue;
+        std::printf("\nHANG while doing: %s\n", What().c_str());
+        CONTEXT context = {};
+        context.ContextFlags = CONTEXT_CONTROL | CONTEXT_INTEGER;
+        SuspendThread(watched);
+        if (GetThreadContext(watched, &context))
+            PrintPlaces(context, ModuleRange());
+        std::fflush(stdout);
+        TerminateProcess(GetCurrentProcess(), Crashed);
+    }
+}
+
 LONG CALLBACK Report(EXCEPTION_POINTERS* exception)
 {
     const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
@@ -124,6 +130,51 @@ LONG CALLBACK Report(EXCEPTION_POINTERS* exception)
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
+// The name of the module that an address lies in, for faults in other code that nobody there handles.
+std::string ModuleAt(std::uintptr_t address)
+{
+    HMODULE module = nullptr;
+    char path[MAX_PATH] = {};
+    if (!GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                                GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                            reinterpret_cast<const char*>(address), &module) ||
+        GetModuleFileNameA(module, path, MAX_PATH) == 0)
+        return "nowhere";
+    char text[32] = {};
+    std::snprintf(text, sizeof text, " at 0x%zx",
+                  static_cast<std::size_t>(address) - reinterpret_cast<std::size_t>(module));
+    const std::string whole = path;
+    return whole.substr(whole.find_last_of("\\/") + 1) + text;
+}
+
+// What the system's code does not survive by itself may be the module's doing all the same.
+LONG WINAPI ReportUnhandled(EXCEPTION_POINTERS* exception)
+{
+    std::printf("\nCRASH 0x%08lx in %s while doing: %s\n", exception->ExceptionRecord->ExceptionCode,
+                ModuleAt(InstructionOf(*exception->ContextRecord)).c_str(), What().c_str());
+    PrintPlaces(*exception->ContextRecord, ModuleRange());
+    std::fflush(stdout);
+    TerminateProcess(GetCurrentProcess(), Crashed);
+    return EXCEPTION_EXECUTE_HANDLER;
+}
+
+// The guarded heap's way to say that a block was harmed, and that of an exception that nobody caught.
+void ReportAbort(int)
+{
+    std::printf("\nABORT while doing: %s\n", What().c_str());
+    std::fflush(stdout);
+    TerminateProcess(GetCurrentProcess(), Crashed);
+}
+
+// A handle that other threads may use.
+HANDLE ThisThread()
+{
+    HANDLE thread = nullptr;
+    DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(), &thread, 0, FALSE,
+                    DUPLICATE_SAME_ACCESS);
+    return thread;
+}
+
 } // namespace
 
 void Doing(std::string what)
@@ -135,7 +186,9 @@ void Doing(std::string what)
 void ReportCrashes()
 {
     static const bool installed = AddVectoredExceptionHandler(1, &Report) != nullptr;
-    static const HANDLE watch = CreateThread(nullptr, 0, &Watch, nullptr, 0, nullptr);
+    SetUnhandledExceptionFilter(&ReportUnhandled);
+    std::signal(SIGABRT, &ReportAbort);
+    static const HANDLE watch = CreateThread(nullptr, 0, &Watch, ThisThread(), 0, nullptr);
     static_cast<void>(installed);
     static_cast<void>(watch);
 }
