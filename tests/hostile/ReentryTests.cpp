@@ -84,10 +84,19 @@ std::size_t Stride()
     return stride ? static_cast<std::size_t>(std::max(1, std::atoi(stride))) : 25;
 }
 
+// When there is no more time for a class: an equal share of what all classes have, if that is limited.
+DWORD EndOfTime()
+{
+    const char* const seconds = std::getenv("KIV_HOSTILE_SECONDS");
+    const auto share = static_cast<DWORD>(1000 / PublishedClasses().size());
+    return seconds ? GetTickCount() + share * static_cast<DWORD>(std::max(1, std::atoi(seconds))) : MAXDWORD;
+}
+
 TEST_P(Reentry, LeavesTheControlWholeOrGone)
 {
     std::size_t cases = 0;
     std::size_t number = 0;
+    const DWORD end = EndOfTime();
     for (const Operation& operation : OperationsOn(GetParam()))
     {
         Doing(Narrow(GetParam().Name) + ", " + operation.Name);
@@ -100,7 +109,7 @@ TEST_P(Reentry, LeavesTheControlWholeOrGone)
                 for (const bool after : {false, true})
                 {
                     const Blow blow{position, static_cast<Action>(what), after};
-                    if (number++ % Stride() != 0)
+                    if (number++ % Stride() != 0 || GetTickCount() > end)
                         continue;
                     Doing(Describe(operation, blow, calls));
                     ++cases;

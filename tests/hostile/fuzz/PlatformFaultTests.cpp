@@ -56,7 +56,14 @@ TEST(PlatformFaults, DISABLED_TakeOne)
     if (message.Wide)
         Former() = reinterpret_cast<WNDPROC>(
             SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Forward)));
-    message.SendTo(window);
+    // What lies at a place that is no item's may happen to be memory: farther and farther off, not all of it
+    // is.
+    constexpr WPARAM Times = 100;
+    for (WPARAM time = 1; time <= (message.First == 0 ? 1 : Times); ++time)
+    {
+        message.SendTo(window);
+        message.First = fault.Example.First * time;
+    }
     DestroyWindow(parent);
 }
 
