@@ -26,6 +26,7 @@ cmd_attack() {
     build_tree native kiv-tools
     local arch
     for arch in "${ARCHES[@]}"; do build_tree "$arch" KivCtls kiv-hostile-tests; done
+    stay_on_one_processor
     start_display
     FINDINGS=0 SUMMARY=''
     mkdir -p build/attack

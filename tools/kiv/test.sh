@@ -21,6 +21,7 @@ cmd_test() {
     TABLE='' PASSED=0 FAILED=0 SKIPPED=0
     if chosen native; then run_tests native native build/native/tests/native/kiv-native-tests; fi
     if ((${#windows[@]})); then
+        stay_on_one_processor
         start_display
         if chosen gui; then prepare_test_data; fi
         for arch in "${ARCHES[@]}"; do test_windows "$arch" "${windows[@]}"; done
