@@ -1,5 +1,7 @@
 #include "runtime/forms/ListBox.h"
 
+#include "runtime/forms/Graphics.h"
+
 #include <algorithm>
 #include <new>
 #include <utility>
@@ -27,10 +29,13 @@ ListBox::ListBox(ConstituentOwner& owner, HWND parent) :
 int ListBox::AddItem(std::wstring text)
 {
     ReserveRoom();
-    const LRESULT index =
-        AskWide(LB_ADDSTRING, 0,
-                reinterpret_cast<LPARAM>(text.size() <= LongestShown ? text.c_str()
-                                                                     : text.substr(0, LongestShown).c_str()));
+    const std::wstring beginning = text.size() <= LongestShown ? std::wstring() : text.substr(0, LongestShown);
+    const std::wstring& shown = beginning.empty() ? text : beginning;
+    // Most texts are the same in every code page, and Wine's list on the screen takes several times as long for a
+    // wide one.
+    const bool isPlain = std::ranges::all_of(shown, [](wchar_t character) { return character < 0x80; });
+    const LRESULT index = isPlain ? Ask(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Ansi(shown).c_str()))
+                                  : AskWide(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(shown.c_str()));
     if (index < 0)
         throw std::bad_alloc();
     texts_.push_back(std::move(text));
