@@ -29,6 +29,9 @@ void ChkComboList::Follow(int count)
 
 void ChkComboList::Inserted(short index)
 {
+    // Behind items that somebody else has put into the combo box: they have a status, too.
+    if (index > Count())
+        Follow(index);
     statuses_.insert(statuses_.begin() + index, 0);
     newIndex_ = index;
     previousIndex_ = AfterInsertion(previousIndex_, index);

@@ -40,6 +40,25 @@ TEST(ChkComboList, IsEmptyAtFirst)
 }
 
 // Another program may have put items into the combo box, of which the list hears only afterwards.
+TEST(ChkComboList, FollowsAComboBoxThatSomebodyElseHasFilledOrEmptied)
+{
+    ChkComboList list;
+    for (short item = 0; item < 3; ++item)
+        list.Inserted(item);
+    list.Status(1, 2);
+    list.PreviousIndex(2);
+    list.Follow(5);
+    EXPECT_EQ(list.Count(), 5);
+    EXPECT_EQ(list.Status(1), 2);
+    EXPECT_EQ(list.Status(4), 0);
+    EXPECT_EQ(list.NewIndex(), 2);
+    list.Follow(2);
+    EXPECT_EQ(list.Count(), 2);
+    EXPECT_EQ(list.Status(1), 2);
+    EXPECT_EQ(list.NewIndex(), -1) << "gone";
+    EXPECT_EQ(list.PreviousIndex(), -1) << "gone";
+}
+
 TEST(ChkComboList, TakesAnItemBehindItemsThatItDoesNotKnow)
 {
     ChkComboList list = ListOf(1);
