@@ -29,10 +29,11 @@ ListBox::ListBox(ConstituentOwner& owner, HWND parent) :
 int ListBox::AddItem(std::wstring text)
 {
     ReserveRoom();
-    const std::wstring beginning = text.size() <= LongestShown ? std::wstring() : text.substr(0, LongestShown);
+    const std::wstring beginning =
+        text.size() <= LongestShown ? std::wstring() : text.substr(0, LongestShown);
     const std::wstring& shown = beginning.empty() ? text : beginning;
-    // Most texts are the same in every code page, and Wine's list on the screen takes several times as long for a
-    // wide one.
+    // Most texts are the same in every code page, and Wine's list on the screen takes several times as long
+    // for a wide one.
     const bool isPlain = std::ranges::all_of(shown, [](wchar_t character) { return character < 0x80; });
     const LRESULT index = isPlain ? Ask(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Ansi(shown).c_str()))
                                   : AskWide(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(shown.c_str()));
