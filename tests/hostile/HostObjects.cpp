@@ -47,11 +47,11 @@ class View final : public Told<IAdviseSink>
 public:
     explicit View(Host& host) : Told(host, "View") {}
 
-    void STDMETHODCALLTYPE OnDataChange(FORMATETC*, STGMEDIUM*) override { Tell("OnDataChange"); }
+    void STDMETHODCALLTYPE OnDataChange(FORMATETC*, STGMEDIUM*) override { TellQuietly("OnDataChange"); }
     void STDMETHODCALLTYPE OnViewChange(DWORD, LONG) override { Tell("OnViewChange"); }
-    void STDMETHODCALLTYPE OnRename(IMoniker*) override { Tell("OnRename"); }
-    void STDMETHODCALLTYPE OnSave() override { Tell("OnSave"); }
-    void STDMETHODCALLTYPE OnClose() override { Tell("OnClose"); }
+    void STDMETHODCALLTYPE OnRename(IMoniker*) override { TellQuietly("OnRename"); }
+    void STDMETHODCALLTYPE OnSave() override { TellQuietly("OnSave"); }
+    void STDMETHODCALLTYPE OnClose() override { TellQuietly("OnClose"); }
 };
 
 class Bag final : public Told<IPropertyBag>

@@ -81,7 +81,7 @@ protected:
 std::size_t Stride()
 {
     const char* const stride = std::getenv("KIV_HOSTILE_STRIDE");
-    return stride ? static_cast<std::size_t>(std::max(1, std::atoi(stride))) : 25;
+    return stride ? static_cast<std::size_t>(std::max(1, std::atoi(stride))) : 21;
 }
 
 // When there is no more time for a class: an equal share of what all classes have, if that is limited.

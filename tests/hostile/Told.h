@@ -29,6 +29,9 @@ public:
 protected:
     Told(Host& host, const char* name) : host_(host), name_(name) {}
     HRESULT Tell(const char* member) const { return host_.Arrived(name_, member); }
+    // For what the system calls on the control's behalf: what is thrown passes through it and leaves its
+    // references.
+    HRESULT TellQuietly(const char* member) const noexcept { return host_.ArrivedQuietly(name_, member); }
     Host& TheHost() const { return host_; }
 
 private:
