@@ -14,6 +14,7 @@ cmd_bench() {
     lock_tree bench
     build_tree native kiv-tools
     for arch in "${ARCHES[@]}"; do build_tree "$arch" KivCtls kiv-bench; done
+    stay_on_one_processor
     start_display
     for arch in "${ARCHES[@]}"; do
         open_registered_prefix "$arch"
