@@ -163,6 +163,9 @@ bool Constituent::Handle(UINT message, WPARAM& wParam, LPARAM lParam)
     case WM_MBUTTONDOWN:
     case WM_MBUTTONDBLCLK:
         return !owner_.TakesInput() || Received(message, wParam, lParam);
+    case WM_DESTROY:
+        // The container's window may go without this one.
+        return IsParked(GetParent(window_)) || Received(message, wParam, lParam);
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
         owner_.ConstituentFocus(message == WM_SETFOCUS, reinterpret_cast<HWND>(wParam));
@@ -185,8 +188,6 @@ LRESULT CALLBACK Constituent::WndProc(HWND window, UINT message, WPARAM wParam, 
         return 0;
     const WNDPROC previous = constituent->previous_;
     const Microsoft::WRL::ComPtr<IUnknown> held(constituent->owner_.ConstituentHolder());
-    if (message == WM_DESTROY && IsParked(GetParent(window)))
-        return 0; // the container's window goes without this one
     if (message == WM_NCDESTROY)
     {
         // The system's control may still send messages, to itself and to its parent.

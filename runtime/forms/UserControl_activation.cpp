@@ -45,12 +45,14 @@ HRESULT UserControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRE
 void UserControl::ActivateInPlace()
 {
     EnsureInitialized();
-    if (activity_ != Activity::Inactive && !deactivating_)
+    if (deactivating_)
+        throw ComError(OLE_E_NOT_INPLACEACTIVE);
+    if (activity_ != Activity::Inactive)
     {
         surface_.Show(true);
         return;
     }
-    if (deactivating_ || activating_)
+    if (activating_)
         throw ComError(OLE_E_NOT_INPLACEACTIVE);
     if (!clientSite_ || !surface_.hWnd())
         throw ComError(E_UNEXPECTED);

@@ -39,9 +39,9 @@ void Window::MoveUnder(HWND parent) const
         SetParent(window_, parent);
 }
 
-bool Window::Post(UINT message, WPARAM wParam, LPARAM lParam) const
+bool Window::Post(UINT message) const
 {
-    return window_ && PostMessageA(window_, message, wParam, lParam);
+    return window_ && PostMessageA(window_, message, 0, 0);
 }
 
 void Window::TakeBack(UINT message) const

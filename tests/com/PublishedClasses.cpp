@@ -3,6 +3,7 @@
 #include <wrl/client.h>
 
 #include <algorithm>
+#include <cwchar>
 #include <iterator>
 
 using Microsoft::WRL::ComPtr;
@@ -29,6 +30,12 @@ const std::vector<PublishedClass>& PublishedClasses()
         {L"CurrencyBox", 0x3E649251, 0x3E649250, 0x3E649252, 30008, true},
     };
     return classes;
+}
+
+const PublishedClass& ClassNamed(const wchar_t* name)
+{
+    return *std::ranges::find_if(PublishedClasses(),
+                                 [name](const PublishedClass& each) { return wcscmp(each.Name, name) == 0; });
 }
 
 std::vector<PublishedClass> ClassesIn(ITypeLib* library)

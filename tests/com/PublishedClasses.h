@@ -27,6 +27,9 @@ struct PublishedClass
 // All controls that the library has or is to have.
 const std::vector<PublishedClass>& PublishedClasses();
 
+// The one of that name, which must be one of them.
+const PublishedClass& ClassNamed(const wchar_t* name);
+
 // Those that a type library has: each control's class comes with the control.
 std::vector<PublishedClass> ClassesIn(ITypeLib* library);
 

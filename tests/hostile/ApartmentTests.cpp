@@ -37,12 +37,6 @@ bool WaitFor(Condition condition)
     return false;
 }
 
-const PublishedClass& ClassNamed(const wchar_t* name)
-{
-    return *std::ranges::find_if(PublishedClasses(),
-                                 [name](const auto& each) { return wcscmp(each.Name, name) == 0; });
-}
-
 // A single-threaded apartment for as long as this lives.
 class Apartment
 {

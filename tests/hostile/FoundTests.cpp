@@ -19,16 +19,6 @@ namespace kiv::test
 namespace
 {
 
-const PublishedClass& ClassNamed(const wchar_t* name)
-{
-    for (const PublishedClass& each : PublishedClasses())
-    {
-        if (wcscmp(each.Name, name) == 0)
-            return each;
-    }
-    throw ComError(E_INVALIDARG);
-}
-
 // As wide as a pointer, in the type of the contract's header.
 #ifdef _WIN64
 using MessageResult = LONGLONG;

@@ -7,6 +7,7 @@
 #include "tests/support/AutomationCalls.h"
 #include "tests/support/Library.h"
 #include "tests/support/LibraryTest.h"
+#include "tests/support/StrayMessages.h"
 #include "tests/support/Text.h"
 
 #include <ole2.h>
@@ -50,9 +51,7 @@ thread_local std::atomic<HWND>* shownTo = nullptr;
 LRESULT CALLBACK CloseDialogs(int code, WPARAM wParam, LPARAM lParam) noexcept
 {
     const auto window = reinterpret_cast<HWND>(wParam);
-    wchar_t name[32] = {};
-    if (code == HCBT_ACTIVATE && GetClassNameW(window, name, ARRAYSIZE(name)) != 0 &&
-        (wcscmp(name, L"#32770") == 0 || wcscmp(name, L"KivControls.Form") == 0))
+    if (code == HCBT_ACTIVATE && (IsOfClass(window, "#32770") || IsOfClass(window, "KivControls.Form")))
     {
         if (shownTo)
             *shownTo = window;

@@ -45,8 +45,7 @@ protected:
     {
         for (const HWND window : WindowsOf(host_->ControlWindow()))
         {
-            wchar_t name[32] = {};
-            if (GetClassNameW(window, name, ARRAYSIZE(name)) != 0 && _wcsicmp(name, L"Edit") == 0)
+            if (IsOfClass(window, "Edit"))
             {
                 EXPECT_LE(GetWindowTextLengthW(window), 32767);
             }

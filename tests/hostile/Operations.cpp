@@ -53,8 +53,7 @@ void Press(Host& host, WPARAM key)
 void ClickOn(HWND window)
 {
     // A scroll bar stays in the press until the button is let go of, which a modal dialog may swallow.
-    wchar_t name[32] = {};
-    if (GetClassNameW(window, name, ARRAYSIZE(name)) != 0 && _wcsicmp(name, L"ScrollBar") == 0)
+    if (IsOfClass(window, "ScrollBar"))
         return;
     SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(4, 4));
     SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(4, 4));

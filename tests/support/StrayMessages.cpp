@@ -5,6 +5,13 @@
 namespace kiv::test
 {
 
+bool IsOfClass(HWND window, const char* className)
+{
+    char name[64] = {};
+    GetClassNameA(window, name, ARRAYSIZE(name));
+    return lstrcmpiA(name, className) == 0;
+}
+
 namespace
 {
 
@@ -31,25 +38,18 @@ constexpr LeftOut EndsOrKeepsBusy[] = {
     {PopUpSystemMenu, "shows the system menu and waits for the user"},
 };
 
-bool Has(HWND window, const char* className)
-{
-    char name[64] = {};
-    GetClassNameA(window, name, ARRAYSIZE(name));
-    return lstrcmpiA(name, className) == 0;
-}
-
 bool IsLeftOut(HWND window, UINT message)
 {
     const auto isIt = [&](const LeftOut& each) { return each.Message == message; };
     const auto kills = [&](const DeadlyMessage& each) {
-        return each.Message == message && Has(window, each.Class);
+        return each.Message == message && IsOfClass(window, each.Class);
     };
     // A press and its end are a click. The button of a list opens the picker, and those of the picker close
     // it.
-    const bool clicks = Has(window, "Button") &&
+    const bool clicks = IsOfClass(window, "Button") &&
                         (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK || message == BM_CLICK);
     // A double click in the picker's list closes it.
-    const bool chooses = Has(window, "ListBox") && message == WM_LBUTTONDBLCLK;
+    const bool chooses = IsOfClass(window, "ListBox") && message == WM_LBUTTONDBLCLK;
     return clicks || chooses || std::ranges::any_of(EndsOrKeepsBusy, isIt) ||
            std::ranges::any_of(DeadlyMessages(), kills);
 }
@@ -71,7 +71,7 @@ std::vector<HWND> WindowsOf(HWND window)
     {
         COMBOBOXINFO information = {};
         information.cbSize = sizeof information;
-        if (Has(each, "ComboBox") && GetComboBoxInfo(each, &information))
+        if (IsOfClass(each, "ComboBox") && GetComboBoxInfo(each, &information))
             lists.push_back(information.hwndList);
     }
     windows.insert(windows.end(), lists.begin(), lists.end());
