@@ -28,10 +28,11 @@ namespace
 constexpr RECT Place = {10, 10, 130, 38};
 constexpr char Caption[] = "Details";
 
-// Four pens, eight lines, a face, a caption that is measured and drawn, and an icon.
+// Four pens, eight lines, a face, a caption that is measured and drawn, and the control's icon.
 void DrawButton(HWND window, HDC dc)
 {
-    static const HICON icon = LoadIconA(nullptr, reinterpret_cast<const char*>(IDI_APPLICATION));
+    static const auto icon = static_cast<HICON>(
+        LoadImageA(GetModuleHandleA("KivCtls.ocx"), "PLUS", IMAGE_ICON, 32, 32, LR_DEFAULTCOLOR));
     RECT whole = {};
     GetClientRect(window, &whole);
     const POINT corners[] = {

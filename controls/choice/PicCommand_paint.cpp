@@ -139,14 +139,12 @@ void PicCommand::DrawFace(const DRAWITEMSTRUCT& item, const PixelRect& inside, c
                           HICON icon)
 {
     const HDC dc = item.hDC;
-    const RECT face = ToRect(inside);
-    const GdiObject<HBRUSH> brush(CreateSolidBrush(GetSysColor(COLOR_BTNFACE)));
-    FillRect(dc, &face, brush.Get());
+    FillSolid(dc, ToRect(inside), GetSysColor(COLOR_BTNFACE));
 
     RECT text = item.rcItem;
     if ((item.itemState & ODS_SELECTED) != 0)
         OffsetRect(&text, 1, 1);
-    const auto font = reinterpret_cast<HFONT>(SendMessageA(TheSurface().hWnd(), WM_GETFONT, 0, 0));
+    const HFONT font = TheSurface().FontHandle();
     // Measured as it stands, "&" included: hosts have always seen the icon so far to the left. It is drawn in
     // the code page.
     const int captionWidth = icon && PictureType != 0 ? TextWidthInPixels(Wide(Ansi(Caption)), font) : 0;

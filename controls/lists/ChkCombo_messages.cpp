@@ -41,12 +41,6 @@ COLORREF Resolved(const ItemColor& color)
     return color.IsSystem ? GetSysColor(static_cast<int>(color.Value)) : color.Value;
 }
 
-void Fill(HDC dc, const RECT& rectangle, COLORREF color)
-{
-    const GdiObject<HBRUSH> brush(CreateSolidBrush(color));
-    FillRect(dc, &rectangle, brush.Get());
-}
-
 } // namespace
 
 bool ChkCombo::Hooks(HWND hwnd) const
@@ -212,7 +206,7 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
 {
     const HDC dc = item.hDC;
     RECT place = item.rcItem;
-    Fill(dc, place, GetSysColor(COLOR_WINDOW));
+    FillSolid(dc, place, GetSysColor(COLOR_WINDOW));
     const auto index = static_cast<int>(item.itemID);
     if (!list_.Holds(index))
         return;
@@ -225,7 +219,7 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
                                 : selected                           ? GetSysColor(COLOR_HIGHLIGHTTEXT)
                                            : Resolved(ItemForeground(TheSurface().ForeColor()));
     SetBkColor(dc, background);
-    Fill(dc, place, background);
+    FillSolid(dc, place, background);
     SetTextColor(dc, foreground);
 
     const ItemIcon icon = ItemIconFor(list_.Status(index), selected);

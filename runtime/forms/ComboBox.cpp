@@ -183,8 +183,7 @@ void ComboBox::Draw(HDC dc, const RECT& place) const
     DrawFrameControl(dc, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | (Enabled() ? 0U : UINT{DFCS_INACTIVE}));
     inside.right = button.left;
 
-    const GdiObject<HBRUSH> background(CreateSolidBrush(GetSysColor(COLOR_WINDOW)));
-    FillRect(dc, &inside, background.Get());
+    FillSolid(dc, inside, GetSysColor(COLOR_WINDOW));
     InflateRect(&inside, -1, -1);
     const Graphics graphics(nullptr, dc, reinterpret_cast<HFONT>(Ask(WM_GETFONT)),
                             GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW));

@@ -62,6 +62,19 @@ HDC MeasuringDc()
     return PerThread<Ruler>().Dc.Get();
 }
 
+// The background of no text. A brush would have to be made, since a metafile does not record the colour of
+// the stock one.
+void FillSolid(HDC dc, const RECT& rectangle, COLORREF color)
+{
+    if (IsRectEmpty(&rectangle))
+        return;
+    const COLORREF backColor = SetBkColor(dc, color);
+    ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &rectangle, nullptr, 0, nullptr);
+    // Not every metafile tells what it was.
+    if (backColor != CLR_INVALID)
+        SetBkColor(dc, backColor);
+}
+
 bool IsMetafile(HDC dc)
 {
     const DWORD type = GetObjectType(dc);

@@ -38,6 +38,9 @@ private:
 // A device context of the calling thread's own, like the screen's, to measure with. Put it back as it was.
 HDC MeasuringDc();
 
+// Fills with one colour, as a metafile records it too.
+void FillSolid(HDC dc, const RECT& rectangle, COLORREF color);
+
 // Whether a device context records instead of drawing.
 bool IsMetafile(HDC dc);
 

@@ -1,7 +1,6 @@
 #include "runtime/forms/Label.h"
 
 #include "runtime/forms/Color.h"
-#include "runtime/forms/SavedDc.h"
 
 #include <algorithm>
 
@@ -106,24 +105,21 @@ int Label::LeftOf(const FittedLine& line) const
 
 void Label::Draw() const
 {
-    const Graphics graphics = surface_.AcquireGraphics();
+    const Graphics graphics = surface_.AcquireGraphics(font_);
     const HDC dc = graphics.Dc();
-    const Selection font(dc, font_);
-    const GdiObject<HBRUSH> background(CreateSolidBrush(ResolvedColor(backColor_)));
-    FillRect(dc, &place_, background.Get());
+    FillSolid(dc, place_, ResolvedColor(backColor_));
     if (caption_.empty())
         return;
 
     // An embossed one stands out by a pixel.
-    const SavedDc saved(dc);
-    IntersectClipRect(dc, place_.left - 1, place_.top, place_.right + 1, place_.bottom);
+    const RECT room = {place_.left - 1, place_.top, place_.right + 1, place_.bottom};
     const std::vector<FittedLine>& lines = Fitted();
     const int lineHeight = lines.size() > 1 ? LineHeight() : 0;
     const auto write = [&](int shift) {
         int top = place_.top + shift;
         for (const FittedLine& line : lines)
         {
-            line.Line.Draw(dc, LeftOf(line) + shift, top);
+            line.Line.Draw(dc, LeftOf(line) + shift, top, &room);
             top += lineHeight;
         }
     };

@@ -135,22 +135,19 @@ void Surface::Resize(SIZE outerSize)
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-Graphics Surface::AcquireGraphics() const
+Graphics Surface::AcquireGraphics(HFONT font) const
 {
     const bool painting = paintDc_ != nullptr;
-    return Graphics(painting ? nullptr : window_, painting ? paintDc_ : BorrowDc(), font_.Handle(),
-                    ResolvedColor(foreColor_), ResolvedColor(backColor_));
+    return Graphics(painting ? nullptr : window_, painting ? paintDc_ : BorrowDc(),
+                    font ? font : font_.Handle(), ResolvedColor(foreColor_), ResolvedColor(backColor_));
 }
 
 void Surface::Paint(HDC dc)
 {
     const Scoped<HDC> painting(paintDc_, dc);
-    const Graphics graphics = AcquireGraphics();
     const SIZE size = PixelSize();
     const RECT whole = {0, 0, size.cx, size.cy};
-    // A brush of its own: a metafile does not record the colour of the stock one.
-    const GdiObject<HBRUSH> background(CreateSolidBrush(ResolvedColor(backColor_)));
-    FillRect(dc, &whole, background.Get());
+    FillSolid(dc, whole, ResolvedColor(backColor_));
     events_.SurfacePaint();
 }
 

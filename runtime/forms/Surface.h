@@ -16,7 +16,7 @@ public:
     // A message of the surface's window that the surface does not handle itself. Returns what the window
     // procedure returns.
     virtual LRESULT SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) = 0;
-    // Draw the content; the surface is filled with BackColor, its font and ForeColor are in force.
+    // Draw the content; the surface is filled with BackColor.
     virtual void SurfacePaint() = 0;
     // Holds the control while a message is handled: a host may release it in an event.
     virtual IUnknown* SurfaceOwner() noexcept = 0;
@@ -73,7 +73,8 @@ public:
     void Resize(SIZE outerSize);
 
     // The device context to draw on: the painter's while the surface is being painted, else the window's.
-    Graphics AcquireGraphics() const;
+    // In a font of its own if need be.
+    Graphics AcquireGraphics(HFONT font = nullptr) const;
     // Paints the whole surface, its origin at (0, 0) of the device context.
     void Paint(HDC dc);
     // The same with the constituents on it, which in a window paint themselves.

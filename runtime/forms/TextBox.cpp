@@ -6,7 +6,6 @@
 #include "runtime/forms/GlyphReach.h"
 #include "runtime/forms/Graphics.h"
 #include "runtime/forms/KeyState.h"
-#include "runtime/forms/SavedDc.h"
 
 #include <algorithm>
 #include <cstring>
@@ -194,21 +193,19 @@ void TextBox::Draw(HDC dc, const RECT& place) const
     RECT inside = place;
     if (look_.HasBorder)
         DrawEdge(dc, &inside, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
-    const GdiObject<HBRUSH> background(CreateSolidBrush(ResolvedColor(backColor_)));
-    FillRect(dc, &inside, background.Get());
+    FillSolid(dc, inside, ResolvedColor(backColor_));
 
     const auto font = reinterpret_cast<HFONT>(Ask(WM_GETFONT));
     const Graphics graphics(nullptr, dc, font,
                             ResolvedColor(Enabled() ? foreColor_ : SystemColor(COLOR_GRAYTEXT)),
                             ResolvedColor(backColor_));
-    const SavedDc saved(dc);
-    IntersectClipRect(dc, inside.left, inside.top, inside.right, inside.bottom);
+    const RECT room = inside;
     InflateRect(&inside, -Margin, look_.HasBorder ? -1 : 0);
     if (!look_.AlignsRight)
-        return TextLine(font, Text()).Draw(dc, inside.left, inside.top);
+        return TextLine(font, Text()).Draw(dc, inside.left, inside.top, &room);
     // Nobody can move what is drawn to see the rest of it.
     const FittedLine amount = FitAmount(font, Text(), inside.right - inside.left);
-    amount.Line.Draw(dc, inside.right - amount.RightMargin - amount.Line.Width(), inside.top);
+    amount.Line.Draw(dc, inside.right - amount.RightMargin - amount.Line.Width(), inside.top, &room);
 }
 
 HBRUSH TextBox::Colors(HDC dc)

@@ -29,10 +29,10 @@ std::size_t TextLine::CountWithin(int pixels) const
     return static_cast<std::size_t>(beyond - widths_.begin());
 }
 
-void TextLine::Draw(HDC dc, int left, int top) const
+void TextLine::Draw(HDC dc, int left, int top, const RECT* clip) const
 {
-    ExtTextOutW(dc, left, top, 0, nullptr, text_.c_str(), static_cast<UINT>(text_.size()),
-                widths_.empty() ? nullptr : widths_.data());
+    ExtTextOutW(dc, left, top, clip ? UINT{ETO_CLIPPED} : 0U, clip, text_.c_str(),
+                static_cast<UINT>(text_.size()), widths_.empty() ? nullptr : widths_.data());
 }
 
 } // namespace kiv

@@ -22,8 +22,9 @@ public:
     // How many of the characters, from the first on, lie within so many pixels.
     std::size_t CountWithin(int pixels) const;
 
-    // With the font and colours that the device context has.
-    void Draw(HDC dc, int left, int top) const;
+    // With the font and colours that the device context has; clip: all of it that is to show, null for no
+    // limit.
+    void Draw(HDC dc, int left, int top, const RECT* clip = nullptr) const;
 
 private:
     std::wstring text_;

@@ -51,7 +51,9 @@ LabelPicture::LabelPicture(const LabelSheet& sheet) : place_(sheet.TheLabel.Plac
     former_ = SelectObject(canvas_.Dc(), sheet.TheSurface.FontHandle());
     SetBkMode(canvas_.Dc(), TRANSPARENT);
     Fill(canvas_.Dc(), {0, 0, LabelSheet::Outer.cx, LabelSheet::Outer.cy}, LabelSheet::Back);
-    Fill(canvas_.Dc(), place_, LabelSheet::LabelBack);
+    // A place that is less than nothing, where a control is narrower than its margins, stays as it is.
+    if (!IsRectEmpty(&place_))
+        Fill(canvas_.Dc(), place_, LabelSheet::LabelBack);
 }
 
 LabelPicture::~LabelPicture()
