@@ -27,16 +27,18 @@ int Lives(int few)
 // each time.
 void ExpectNoGrowth(int lives, const std::function<void()>& live)
 {
+    int number = 0;
+    const auto liveOnce = [&] {
+        if (number++ % 20 == 0)
+            Doing("life " + std::to_string(number));
+        live();
+    };
     const int warming = std::max(20, lives / 10);
     for (int life = 0; life < warming; ++life)
-        live();
+        liveOnce();
     const ProcessResources before = ProcessResources::Now();
     for (int life = 0; life < lives; ++life)
-    {
-        if (life % 20 == 0)
-            Doing("life " + std::to_string(life));
-        live();
-    }
+        liveOnce();
     const ProcessResources after = ProcessResources::Now();
     const auto grown = [lives](std::size_t former, std::size_t now) {
         return now > former + static_cast<std::size_t>(lives) / 10;
@@ -101,7 +103,8 @@ protected:
 TEST_P(LibraryLife, LoadedUsedAndUnloaded)
 {
     ReportCrashes();
-    ExpectNoGrowth(Lives(20), [&] {
+    const int share = Lives(20) / static_cast<int>(PublishedClasses().size());
+    ExpectNoGrowth(std::max(20, share), [&] {
         {
             const Library library(copy_);
             library.Create(Id(GetParam().Class));

@@ -26,11 +26,10 @@ cmd_attack() {
     build_tree native kiv-tools
     local arch
     for arch in "${ARCHES[@]}"; do build_tree "$arch" KivCtls kiv-hostile-tests; done
-    stay_on_one_processor
     start_display
     FINDINGS=0 SUMMARY=''
     mkdir -p build/attack
-    for arch in "${ARCHES[@]}"; do attack_with "$arch"; done
+    attack_all
     printf '\n  %s%-10s %-5s %13s %8s %9s%s\n%s\n' "$BOLD" attack arch tried seconds findings "$PLAIN" "$SUMMARY"
     ((FINDINGS == 0)) || die "$FINDINGS findings, above." \
         "Each says how to do it again: the settings in front of the program of build/<arch>/tests/hostile/." \
@@ -57,24 +56,55 @@ sort_out_attacks() {
     [[ $SEED =~ ^[0-9]{1,9}$ ]] || misused "KIV_ATTACK_SEED is '$SEED'" "It takes a number of up to nine digits."
 }
 
-# attack_with ARCH: each attack in its turn, two at a time, with an equal share of the time.
-attack_with() {
-    local arch=$1 all share what jobs=()
-    use_prefix "$arch"
-    KIVCTLS_OCX=$(windows_path "$ROOT/$(library "$arch")")
-    KIV_SOURCE=$(windows_path "$ROOT")
-    export KIVCTLS_OCX KIV_SOURCE
+# Two architectures at a time where there are two processors, else one after the other, with an equal share of the time.
+attack_all() {
+    local arch what all=$((MINUTES * 60))
+    for arch in "${ARCHES[@]}"; do use_prefix "$arch"; done
+    if (($(nproc) > 1)); then
+        attack_step "${ARCHES[*]}" "$all" "${ARCHES[@]}"
+    else
+        for arch in "${ARCHES[@]}"; do attack_step "$arch" $((all / ${#ARCHES[@]})) "$arch"; done
+    fi
+    for arch in "${ARCHES[@]}"; do
+        for what in "${CHOSEN_ATTACKS[@]}"; do sum_up_attack "$arch" "$what"; done
+    done
+}
+
+# attack_step TITLE SECONDS ARCH ...: each attack in its turn, two at a time, with an equal share of the time.
+attack_step() {
+    local title=$1 all=$2 share what jobs=()
+    shift 2
     for what in "${CHOSEN_ATTACKS[@]}"; do
         jobs+=("$what 1 1")
         # By far the longest: two processes have half of the classes each.
         [[ $what != reentry ]] || jobs[-1]="$what 2 1" jobs+=("$what 2 2")
     done
-    all=$((MINUTES * 60 / ${#ARCHES[@]}))
     share=$((all * PROCESSES / ${#jobs[@]}))
     ((share <= all)) || share=$all
-    rm -rf "build/attack/$arch"
-    step "Attacking ($arch), $share s each" "build/attack/$arch/all.log" attack_in_turns "$arch" "$share" "${jobs[@]}" || true
-    for what in "${CHOSEN_ATTACKS[@]}"; do sum_up_attack "$arch" "$what"; done
+    step "Attacking ($title), $share s each" build/attack/all.log attack_each "$share" "$@" || true
+}
+
+# attack_each SECONDS ARCH ...: the jobs of attack_step, each architecture on a processor of its own.
+attack_each() {
+    local seconds=$1 number=0 arch
+    shift
+    for arch in "$@"; do
+        attack_apart "$arch" "$number" "$seconds" &
+        ((number += 1))
+    done
+    wait
+}
+
+# attack_apart ARCH PROCESSOR SECONDS
+attack_apart() {
+    stay_on_one_processor "$2"
+    use_prefix "$1"
+    KIVCTLS_OCX=$(windows_path "$ROOT/$(library "$1")")
+    KIV_SOURCE=$(windows_path "$ROOT")
+    export KIVCTLS_OCX KIV_SOURCE
+    rm -rf "build/attack/$1"
+    mkdir -p "build/attack/$1"
+    attack_in_turns "$1" "$3" "${jobs[@]}"
 }
 
 # attack_in_turns ARCH SECONDS JOB ...: two at a time; the next one begins when one has ended.

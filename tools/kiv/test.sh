@@ -21,12 +21,59 @@ cmd_test() {
     TABLE='' PASSED=0 FAILED=0 SKIPPED=0
     if chosen native; then run_tests native native build/native/tests/native/kiv-native-tests; fi
     if ((${#windows[@]})); then
-        stay_on_one_processor
-        start_display
         if chosen gui; then prepare_test_data; fi
-        for arch in "${ARCHES[@]}"; do test_windows "$arch" "${windows[@]}"; done
+        for arch in "${ARCHES[@]}"; do use_prefix "$arch"; done
+        if ((${#ARCHES[@]} > 1 && $(nproc) > 1)); then
+            test_side_by_side "${windows[@]}"
+        else
+            stay_on_one_processor
+            start_display
+            for arch in "${ARCHES[@]}"; do test_windows "$arch" "${windows[@]}"; done
+        fi
     fi
     sum_up
+}
+
+# test_side_by_side GROUP ...: each architecture on a processor and a display of its own. What each says is shown when
+# both are through.
+test_side_by_side() {
+    local arch tally
+    step "Testing ${ARCHES[0]} and ${ARCHES[1]} side by side" build/test/side-by-side.log test_each "$@" || true
+    for arch in "${ARCHES[@]}"; do
+        cat "build/test/$arch/said.txt"
+        if ! read -r -a tally <"build/test/$arch/counts.txt"; then
+            tail -n 5 build/test/side-by-side.log >&2
+            tally=(0 1 0)
+        fi
+        ((PASSED += tally[0], FAILED += tally[1], SKIPPED += tally[2])) || true
+        TABLE+=$(cat "build/test/$arch/table.txt")$'\n'
+    done
+}
+
+test_each() {
+    local number=0 arch
+    for arch in "${ARCHES[@]}"; do
+        rm -rf "build/test/$arch"
+        mkdir -p "build/test/$arch"
+        test_apart "$arch" "$number" "$@" >"build/test/$arch/said.txt" &
+        ((number += 1))
+    done
+    trap 'kill -TERM $(jobs -p); wait; exit 143' TERM
+    wait
+}
+
+# test_apart ARCH PROCESSOR GROUP ...: in a shell of its own, which stops what it has started when it is stopped.
+test_apart() {
+    local arch=$1 number=$2
+    shift 2
+    LIVE='' JOB='' AT_END=() WINE_PREFIXES=()
+    trap clean_up EXIT
+    trap 'exit 143' TERM
+    stay_on_one_processor "$number"
+    start_display
+    test_windows "$arch" "$@"
+    printf '%s' "$TABLE" >"build/test/$arch/table.txt"
+    printf '%s\n' "$PASSED $FAILED $SKIPPED" >"build/test/$arch/counts.txt"
 }
 
 # Groups and patterns stand in any order: CHOSEN_GROUPS and the GoogleTest filter FILTER come of them.

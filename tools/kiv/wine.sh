@@ -7,7 +7,7 @@ export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
 # What runs unwatched gets a display of its own, since its input must reach its own windows only, and one locale.
 start_display() {
     local number
-    export LC_ALL=C.UTF-8
+    export LC_ALL=C.UTF-8 XENVIRONMENT=$ROOT/tools/kiv/display.resources
     # It dies with kiv, even where kiv is killed without a chance to clean up.
     exec {XVFB_OUTPUT}< <(exec setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1280x1024x24 \
         -nolisten tcp -noreset 2>build/xvfb.log 9>&-)
@@ -90,12 +90,20 @@ detach_home() {
 }
 
 # Wine asks its server at almost every step, and each waits for the other: on one processor that takes less than half
-# of the time that waking up another one does. For this shell and all that it starts from now on.
+# of the time that waking up another one does. For this shell and all that it starts from now on: one of the
+# processors that it may use, the first for no NUMBER.
 stay_on_one_processor() {
-    local first
+    local usable
     command -v taskset >/dev/null || return 0
-    first=$(taskset -cp $$ | sed -E 's/.*: *([0-9]+).*/\1/')
-    taskset -cp "${first:-0}" $$ >/dev/null || return 0
+    mapfile -t usable < <(usable_processors)
+    taskset -cp "${usable[${1:-0}]:-0}" $BASHPID >/dev/null || return 0
+}
+
+usable_processors() {
+    local first last
+    taskset -cp $BASHPID | sed 's/.*: //' | tr , '\n' | while IFS=- read -r first last; do
+        seq "$first" "${last:-$first}"
+    done
 }
 
 stop_wine() {
