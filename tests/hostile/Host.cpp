@@ -163,14 +163,16 @@ void Host::Connect()
     if (!control)
         return;
     ComPtr<IConnectionPointContainer> container;
-    ComPtr<IConnectionPoint> point;
     control.As(&container);
-    const IID events = Id(class_->Events);
-    if (SUCCEEDED(container->FindConnectionPoint(events, &point)))
-        cookies_.emplace_back(events, 0), point->Advise(objects_->Events.Get(), &cookies_.back().second);
-    if (SUCCEEDED(container->FindConnectionPoint(IID_IPropertyNotifySink, &point)))
-        cookies_.emplace_back(IID_IPropertyNotifySink, 0),
-            point->Advise(objects_->Notify.Get(), &cookies_.back().second);
+    // A sink that is asked what it is may connect others.
+    const auto connect = [&](const IID& iid, IUnknown* sink) {
+        ComPtr<IConnectionPoint> point;
+        DWORD cookie = 0;
+        if (SUCCEEDED(container->FindConnectionPoint(iid, &point)) && SUCCEEDED(point->Advise(sink, &cookie)))
+            cookies_.emplace_back(iid, cookie);
+    };
+    connect(Id(class_->Events), objects_->Events.Get());
+    connect(IID_IPropertyNotifySink, objects_->Notify.Get());
     ComPtr<IViewObject> view;
     control.As(&view);
     view->SetAdvise(DVASPECT_CONTENT, 0, objects_->View.Get());
