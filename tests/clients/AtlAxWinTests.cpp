@@ -86,15 +86,18 @@ void HandleInput()
 void Pick(const std::function<void()>& open, const std::function<void(Picker&)>& user)
 {
     std::atomic<bool> done = false;
+    std::atomic<bool> over = false;
     const Thread thread([&, picking = GetCurrentThreadId()] {
         Picker picker(picking);
         if (picker.WaitUntilShown())
             user(picker);
         picker.CloseIfShown();
         done = true;
+        picker.CloseUntil(over);
     });
     open();
-    EXPECT_TRUE(PumpUntil([&done] { return done.load(); }, 30000));
+    EXPECT_TRUE(PumpUntil([&done] { return done.load(); }, 60000));
+    over = true;
     HandleInput();
 }
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <functional>
 #include <initializer_list>
 #include <string>
@@ -25,6 +26,8 @@ public:
     bool WaitUntilGone();
     // By its frame, if it is still there.
     void CloseIfShown();
+    // Whatever else comes, until it is over: a picker that came too late would keep its thread for ever.
+    void CloseUntil(const std::atomic<bool>& over);
 
     HWND Window() const { return window_; }
     HWND Surface() const;

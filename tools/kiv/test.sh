@@ -66,7 +66,7 @@ test_each() {
 test_apart() {
     local arch=$1 number=$2
     shift 2
-    LIVE='' JOB='' AT_END=() WINE_PREFIXES=()
+    LIVE='' JOB='' AT_END=() WINE_PREFIXES=() TABLE='' PASSED=0 FAILED=0 SKIPPED=0
     trap clean_up EXIT
     trap 'exit 143' TERM
     stay_on_one_processor "$number"

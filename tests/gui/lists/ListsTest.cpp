@@ -40,16 +40,19 @@ HWND ListsTest::ButtonOf(const host::ControlSite& list)
 void ListsTest::Pick(const std::function<void()>& open, const std::function<void(Picker&)>& user)
 {
     std::atomic<bool> done = false;
+    std::atomic<bool> over = false;
     const Thread thread([&, picking = GetCurrentThreadId()] {
         Picker picker(picking);
         if (picker.WaitUntilShown())
             user(picker);
         picker.CloseIfShown();
         done = true;
+        picker.CloseUntil(over);
     });
     open();
-    constexpr DWORD limit = 30000;
+    constexpr DWORD limit = 60000;
     EXPECT_TRUE(TheForm().PumpUntil([&] { return done.load(); }, limit));
+    over = true;
 }
 
 void ListsTest::Pick(const std::function<void(Picker&)>& user)
