@@ -67,16 +67,6 @@ protected:
         this->HookBox(txtLeft);
     }
 
-    void UserControl_InitProperties() override
-    {
-        // The constituents still have what a load that failed gave them.
-        BackColor(static_cast<OLE_COLOR>(DefaultBackColor));
-        ForeColor(static_cast<OLE_COLOR>(DefaultForeColor));
-        Enabled(true);
-        this->Font(this->Ambient().Font());
-        Clear();
-    }
-
     void UserControl_Resize() override
     {
         const AmountLayout layout = Layout();
@@ -207,8 +197,8 @@ protected:
         lblRight.Caption(L"");
     }
 
-    static constexpr long DefaultBackColor = static_cast<long>(SystemColor(COLOR_WINDOW));
-    static constexpr long DefaultForeColor = static_cast<long>(SystemColor(COLOR_WINDOWTEXT));
+    static constexpr OLE_COLOR DefaultBackColor = SystemColor(COLOR_WINDOW);
+    static constexpr OLE_COLOR DefaultForeColor = SystemColor(COLOR_WINDOWTEXT);
 
     TextBox txtLeft{*this, this->TheSurface().hWnd(), {.HasBorder = false, .AlignsRight = true}};
     Label lblRight{this->TheSurface(), Label::Alignment::Right, Label::Content::Amount};

@@ -30,27 +30,33 @@ CurrencyBox::CurrencyBox(IUnknown* outer) :
 {
 }
 
+// Stored as they are: neither counts nor bounds are held against each other, and the range is not reset.
+struct CurrencyBox::Persisted
+{
+    static constexpr PropertyTable Table{
+        StoredBackColor(DefaultBackColor),
+        StoredEnabled(),
+        StoredForeColor(DefaultForeColor),
+        StoredFont().Written(&AsFont),
+        Field(L"AllowRounding", &CurrencyBox::limits_, &CurrencyLimits::AllowRounding),
+        Field(L"NumDecDigits", &CurrencyBox::limits_, &CurrencyLimits::NumDecDigits),
+        Field(L"NumIntDigits", &CurrencyBox::limits_, &CurrencyLimits::NumIntDigits),
+        Field(L"MaxValue", &CurrencyBox::limits_, &CurrencyLimits::MaxValue),
+        Field(L"MinValue", &CurrencyBox::limits_, &CurrencyLimits::MinValue),
+    };
+};
+
 // --- The control's life ---
 
 void CurrencyBox::UserControl_InitProperties()
 {
-    limits_ = CurrencyLimits();
-    AmountBox::UserControl_InitProperties();
+    Persisted::Table.Reset(*this);
+    Clear();
 }
 
-// Stored as they are: neither counts nor bounds are held against each other, and the range is not reset.
 void CurrencyBox::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    constexpr CurrencyLimits defaults;
-    BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
-    Enabled(PropBag.ReadProperty(L"Enabled", true));
-    ForeColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", DefaultForeColor)));
-    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
-    limits_.AllowRounding = PropBag.ReadProperty(L"AllowRounding", defaults.AllowRounding);
-    limits_.NumDecDigits = PropBag.ReadProperty(L"NumDecDigits", defaults.NumDecDigits);
-    limits_.NumIntDigits = PropBag.ReadProperty(L"NumIntDigits", defaults.NumIntDigits);
-    limits_.MaxValue = PropBag.ReadProperty(L"MaxValue", defaults.MaxValue);
-    limits_.MinValue = PropBag.ReadProperty(L"MinValue", defaults.MinValue);
+    Persisted::Table.Read(*this, PropBag);
     Clear();
     const std::optional<Variant> help = Extender().Get(L"HelpContextID").As(VT_I4);
     txtLeft.HelpContextID(help ? help->Long() : 0);
@@ -66,16 +72,7 @@ void CurrencyBox::UserControl_MouseUp(short Button, short, double X, double Y)
 
 void CurrencyBox::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    constexpr CurrencyLimits defaults;
-    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(BackColor())), Variant(DefaultBackColor));
-    PropBag.WriteProperty(L"Enabled", Variant(Enabled()), Variant(true));
-    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(ForeColor())), Variant(DefaultForeColor));
-    SaveFontProperty(PropBag, Font(), Ambient().Font());
-    PropBag.WriteProperty(L"AllowRounding", Variant(limits_.AllowRounding), Variant(defaults.AllowRounding));
-    PropBag.WriteProperty(L"NumDecDigits", Variant(limits_.NumDecDigits), Variant(defaults.NumDecDigits));
-    PropBag.WriteProperty(L"NumIntDigits", Variant(limits_.NumIntDigits), Variant(defaults.NumIntDigits));
-    PropBag.WriteProperty(L"MaxValue", Variant(limits_.MaxValue), Variant(defaults.MaxValue));
-    PropBag.WriteProperty(L"MinValue", Variant(limits_.MinValue), Variant(defaults.MinValue));
+    Persisted::Table.Write(*this, PropBag);
 }
 
 // --- Properties ---

@@ -23,45 +23,40 @@ PercentBox::PercentBox(IUnknown* outer) :
 {
 }
 
+// Stored as they are: neither counts nor bounds are held against each other.
+struct PercentBox::Persisted
+{
+    static constexpr PropertyTable Table{
+        StoredBackColor(DefaultBackColor),
+        StoredEnabled(),
+        StoredFont().Written(&AsFont),
+        StoredForeColor(DefaultForeColor),
+        Field(L"Complement", &PercentBox::limits_, &PercentLimits::Complement),
+        Field(L"DisplayPercent", &PercentBox::limits_, &PercentLimits::DisplayPercent),
+        Field(L"MaxDigits", &PercentBox::limits_, &PercentLimits::MaxDigits),
+        Field(L"MaxDecimals", &PercentBox::limits_, &PercentLimits::MaxDecimals),
+        Field(L"MaxValue", &PercentBox::limits_, &PercentLimits::MaxValue),
+        Field(L"MinValue", &PercentBox::limits_, &PercentLimits::MinValue),
+    };
+};
+
 // --- The control's life ---
 
 void PercentBox::UserControl_InitProperties()
 {
-    limits_ = PercentLimits();
-    AmountBox::UserControl_InitProperties();
+    Persisted::Table.Reset(*this);
+    Clear();
 }
 
-// Stored as they are: neither counts nor bounds are held against each other.
 void PercentBox::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    constexpr PercentLimits defaults;
-    BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
-    Enabled(PropBag.ReadProperty(L"Enabled", true));
-    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
-    ForeColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", DefaultForeColor)));
-    limits_.Complement = PropBag.ReadProperty(L"Complement", defaults.Complement);
-    limits_.DisplayPercent = PropBag.ReadProperty(L"DisplayPercent", defaults.DisplayPercent);
-    limits_.MaxDigits = PropBag.ReadProperty(L"MaxDigits", defaults.MaxDigits);
-    limits_.MaxDecimals = PropBag.ReadProperty(L"MaxDecimals", defaults.MaxDecimals);
-    limits_.MaxValue = PropBag.ReadProperty(L"MaxValue", defaults.MaxValue);
-    limits_.MinValue = PropBag.ReadProperty(L"MinValue", defaults.MinValue);
+    Persisted::Table.Read(*this, PropBag);
     Clear();
 }
 
 void PercentBox::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    constexpr PercentLimits defaults;
-    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(BackColor())), Variant(DefaultBackColor));
-    PropBag.WriteProperty(L"Enabled", Variant(Enabled()), Variant(true));
-    SaveFontProperty(PropBag, Font(), Ambient().Font());
-    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(ForeColor())), Variant(DefaultForeColor));
-    PropBag.WriteProperty(L"Complement", Variant(limits_.Complement), Variant(defaults.Complement));
-    PropBag.WriteProperty(L"DisplayPercent", Variant(limits_.DisplayPercent),
-                          Variant(defaults.DisplayPercent));
-    PropBag.WriteProperty(L"MaxDigits", Variant(limits_.MaxDigits), Variant(defaults.MaxDigits));
-    PropBag.WriteProperty(L"MaxDecimals", Variant(limits_.MaxDecimals), Variant(defaults.MaxDecimals));
-    PropBag.WriteProperty(L"MaxValue", Variant(limits_.MaxValue), Variant(defaults.MaxValue));
-    PropBag.WriteProperty(L"MinValue", Variant(limits_.MinValue), Variant(defaults.MinValue));
+    Persisted::Table.Write(*this, PropBag);
 }
 
 void PercentBox::txtLeft_Change()

@@ -29,6 +29,8 @@ public:
     HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) noexcept override;
 
 private:
+    struct Persisted;
+
     // The control's life, in its order.
     void UserControl_InitProperties() override;
     void UserControl_ReadProperties(PropertyBag& PropBag) override;

@@ -30,6 +30,26 @@ void* PicCommand::FindInterface(REFIID iid) noexcept
     return FontControl::FindInterface(iid);
 }
 
+struct PicCommand::Persisted
+{
+    static constexpr PropertyTable Table{
+        Field(L"DetailStatus", &PicCommand::DetailStatus, 0),
+        Field(L"PictureType", &PicCommand::PictureType, 0),
+        // The button's alone, unlike the property.
+        Property(
+            L"Enabled", [](auto& button) { return button.cmd.Enabled(); },
+            [](auto& button, bool state) { button.cmd.Enabled(state); }, true),
+        Property(
+            L"Caption", [](auto& button) { return button.Caption; },
+            [](auto& button, std::wstring_view caption) { button.TakeCaption(caption); }, L""),
+        // A stored True presses the button.
+        Property(
+            L"Value", [](auto& button) { return button.cmd.Value(); },
+            [](auto& button, bool state) { button.cmd.Value(state); }, false),
+        StoredFont().Written(&AsFont).ReadAt(4),
+    };
+};
+
 // --- The control's life ---
 
 void PicCommand::UserControl_Initialize()
@@ -45,28 +65,17 @@ void PicCommand::UserControl_Initialize()
     HookWindow(cmd.hWnd(), PrevWndProcOfCmd);
 }
 
+// A new one is called as the form calls it.
 void PicCommand::UserControl_InitProperties()
 {
-    DetailStatus = 0;
-    PictureType = 0;
-    cmd.Enabled(true);
+    Persisted::Table.Reset(*this);
     const std::optional<Variant> name = Extender().Get(L"Name").As(VT_BSTR);
-    Caption = name ? name->Text() : std::wstring();
-    TakeCaption();
-    Font(Ambient().Font());
+    TakeCaption(name ? name->Text() : std::wstring_view());
 }
 
 void PicCommand::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    DetailStatus = PropBag.ReadProperty(L"DetailStatus", 0L);
-    PictureType = PropBag.ReadProperty(L"PictureType", 0L);
-    // The button's alone, unlike the property.
-    cmd.Enabled(PropBag.ReadProperty(L"Enabled", true));
-    Caption = PropBag.ReadProperty(L"Caption", L"");
-    TakeCaption();
-    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
-    // A stored True presses the button.
-    cmd.Value(PropBag.ReadProperty(L"Value", false));
+    Persisted::Table.Read(*this, PropBag);
 }
 
 void PicCommand::UserControl_Resize()
@@ -89,12 +98,7 @@ void PicCommand::UserControl_AccessKeyPress(wchar_t)
 
 void PicCommand::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    PropBag.WriteProperty(L"DetailStatus", Variant(DetailStatus), Variant(0L));
-    PropBag.WriteProperty(L"PictureType", Variant(PictureType), Variant(0L));
-    PropBag.WriteProperty(L"Enabled", Variant(cmd.Enabled()), Variant(true));
-    PropBag.WriteProperty(L"Caption", Variant(Caption), Variant(L""));
-    PropBag.WriteProperty(L"Value", Variant(cmd.Value()), Variant(false));
-    SaveFontProperty(PropBag, Font(), Ambient().Font());
+    Persisted::Table.Write(*this, PropBag);
 }
 
 void PicCommand::UserControl_Terminate()
@@ -201,16 +205,16 @@ HRESULT PicCommand::get_Caption(BSTR* result) noexcept
 HRESULT PicCommand::put_Caption(BSTR newText) noexcept
 {
     return Member([&] {
-        Caption = Bstr::ViewOf(newText);
-        TakeCaption();
+        TakeCaption(Bstr::ViewOf(newText));
         PropertyChanged(L"Caption");
         RepaintButton();
     });
 }
 
 // The button's window has the caption too, for those who listen to a screen reader instead of looking.
-void PicCommand::TakeCaption()
+void PicCommand::TakeCaption(std::wstring_view newText)
 {
+    Caption = newText;
     cmd.Caption(Caption);
     const wchar_t mnemonic = MnemonicOf(Caption);
     SetAccessKeys(std::wstring_view(&mnemonic, mnemonic != 0 ? 1 : 0));

@@ -46,6 +46,8 @@ protected:
     bool TakesReturn() const override { return true; }
 
 private:
+    struct Persisted;
+
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;
@@ -62,7 +64,7 @@ private:
     void ApplyFont() override { RepaintButton(); }
     void SetDetailStatus(long newStatus);
     void SetBoundDetailStatus(const Variant& newStatus);
-    void TakeCaption();
+    void TakeCaption(std::wstring_view newText);
 
     // Painting (PicCommand_paint.cpp)
     void RepaintButton();

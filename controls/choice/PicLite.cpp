@@ -2,6 +2,7 @@
 
 #include "controls/choice/Recolor.h"
 #include "resources/ResourceIds.h"
+#include "runtime/forms/PropertyTable.h"
 
 #include <olectl.h>
 
@@ -44,22 +45,26 @@ const ControlClass PicLite::Class = {
 
 PicLite::PicLite(IUnknown* outer) : DualControl(Class, outer) {}
 
+struct PicLite::Persisted
+{
+    static constexpr PropertyTable Table{
+        Field(L"Picture", &PicLite::Picture, nullptr),
+        Field(L"ReplaceColor", &PicLite::ReplaceColor, 0),
+        Field(L"MaskColor", &PicLite::MaskColor, 0),
+    };
+};
+
 // --- The control's life ---
 
-// A new control has nothing of what a load that failed may have left.
 void PicLite::UserControl_InitProperties()
 {
-    Picture.Reset();
-    ReplaceColor = 0;
-    MaskColor = 0;
+    Persisted::Table.Reset(*this);
     Recolor();
 }
 
 void PicLite::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    Picture = PropBag.ReadObject(L"Picture", ComPtr<IPictureDisp>());
-    ReplaceColor = static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ReplaceColor", 0L));
-    MaskColor = static_cast<OLE_COLOR>(PropBag.ReadProperty(L"MaskColor", 0L));
+    Persisted::Table.Read(*this, PropBag);
     Recolor();
 }
 
@@ -79,10 +84,7 @@ void PicLite::UserControl_Paint()
 
 void PicLite::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    PropBag.WriteProperty(L"Picture", Variant(static_cast<IUnknown*>(Picture.Get())),
-                          Variant(static_cast<IUnknown*>(nullptr)));
-    PropBag.WriteProperty(L"ReplaceColor", Variant(static_cast<long>(ReplaceColor)), Variant(0L));
-    PropBag.WriteProperty(L"MaskColor", Variant(static_cast<long>(MaskColor)), Variant(0L));
+    Persisted::Table.Write(*this, PropBag);
 }
 
 // --- Properties ---

@@ -28,6 +28,8 @@ public:
     HRESULT STDMETHODCALLTYPE SetAppTitle(BSTR* NewTitle) noexcept override;
 
 private:
+    struct Persisted;
+
     // The control's life, in its order.
     void UserControl_InitProperties() override;
     void UserControl_ReadProperties(PropertyBag& PropBag) override;

@@ -2,6 +2,7 @@
 
 #include "resources/ResourceIds.h"
 #include "runtime/com/LateBound.h"
+#include "runtime/forms/Color.h"
 #include "runtime/forms/Screen.h"
 
 using Microsoft::WRL::ComPtr;
@@ -18,11 +19,6 @@ constexpr DISPID ChangeEvent = 2;
 constexpr wchar_t YesCaption[] = L"Yes";
 constexpr wchar_t NoCaption[] = L"No";
 constexpr UINT CaptionFormat = DT_RIGHT | DT_VCENTER | DT_SINGLELINE;
-
-constexpr long DefaultBackColor = static_cast<long>(0x8000000F); // button face
-constexpr long DefaultForeColor = static_cast<long>(0x80000012); // button text
-constexpr wchar_t DefaultYesText[] = L"Y";
-constexpr wchar_t DefaultNoText[] = L"N";
 
 // Equality as hosts know it from their own language: text against text, letter for letter. Null, and what is
 // no text at all, equals nothing.
@@ -49,6 +45,28 @@ void* YesNo::FindInterface(REFIID iid) noexcept
     return StandardControl::FindInterface(iid);
 }
 
+struct YesNo::Persisted
+{
+    static constexpr PropertyTable Table{
+        Property(
+            L"BackColor", [](auto& control) { return control.TheSurface().BackColor(); },
+            [](auto& control, OLE_COLOR color) { control.TheSurface().BackColor(color); },
+            SystemColor(COLOR_BTNFACE)),
+        Property(
+            L"ForeColor", [](auto& control) { return control.TheSurface().ForeColor(); },
+            [](auto& control, OLE_COLOR color) { control.TheSurface().ForeColor(color); },
+            SystemColor(COLOR_BTNTEXT)),
+        // Without EnableWindow, unlike the property.
+        Property(
+            L"Enabled", [](auto& control) { return control.TheSurface().Enabled(); },
+            [](auto& control, bool state) { control.TheSurface().Enabled(state); }, true),
+        Field(L"YesText", &YesNo::YesText, L"Y"),
+        Field(L"NoText", &YesNo::NoText, L"N"),
+        Field(L"Value", &YesNo::Value_, Neither),
+        StoredFont().Written(&AsFont).ReadAt(3),
+    };
+};
+
 // --- The control's life ---
 
 void YesNo::UserControl_Initialize()
@@ -63,22 +81,12 @@ void YesNo::UserControl_Initialize()
 
 void YesNo::UserControl_InitProperties()
 {
-    Font(Ambient().Font());
-    YesText = DefaultYesText;
-    NoText = Variant(DefaultNoText);
-    Value_ = 0;
+    Persisted::Table.Reset(*this);
 }
 
 void YesNo::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    TheSurface().BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
-    TheSurface().ForeColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", DefaultForeColor)));
-    // Without EnableWindow, unlike the property.
-    TheSurface().Enabled(PropBag.ReadProperty(L"Enabled", true));
-    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
-    YesText = PropBag.ReadProperty(L"YesText", DefaultYesText);
-    NoText = PropBag.ReadTextVariant(L"NoText", Variant(DefaultNoText));
-    Value_ = PropBag.ReadProperty(L"Value", 0L);
+    Persisted::Table.Read(*this, PropBag);
 }
 
 void YesNo::UserControl_Resize()
@@ -152,16 +160,7 @@ void YesNo::UserControl_KeyPress(short& KeyAscii)
 
 void YesNo::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    const Surface& surface = TheSurface();
-    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(surface.BackColor())),
-                          Variant(DefaultBackColor));
-    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(surface.ForeColor())),
-                          Variant(DefaultForeColor));
-    PropBag.WriteProperty(L"Enabled", Variant(surface.Enabled()), Variant(true));
-    PropBag.WriteProperty(L"YesText", Variant(YesText), Variant(DefaultYesText));
-    PropBag.WriteProperty(L"NoText", NoText, Variant(DefaultNoText));
-    PropBag.WriteProperty(L"Value", Variant(Value_), Variant(0L));
-    SaveFontProperty(PropBag, surface.Font(), Ambient().Font());
+    Persisted::Table.Write(*this, PropBag);
 }
 
 void YesNo::UserControl_Terminate()

@@ -40,6 +40,8 @@ protected:
     void* FindInterface(REFIID iid) noexcept override;
 
 private:
+    struct Persisted;
+
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;

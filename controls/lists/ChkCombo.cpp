@@ -14,9 +14,6 @@ namespace
 
 constexpr DISPID ClickEvent = DISPID_CLICK;
 
-constexpr long DefaultBackColor = static_cast<long>(SystemColor(COLOR_WINDOW));
-constexpr long DefaultForeColor = static_cast<long>(SystemColor(COLOR_BTNTEXT));
-
 } // namespace
 
 const ControlClass ChkCombo::Class = {
@@ -32,6 +29,16 @@ void* ChkCombo::FindInterface(REFIID iid) noexcept
         return static_cast<ISubClass*>(&subClass_);
     return StandardControl::FindInterface(iid);
 }
+
+struct ChkCombo::Persisted
+{
+    static constexpr PropertyTable Table{
+        StoredFont().Written(&AsFont),
+        StoredBackColor(SystemColor(COLOR_WINDOW)),
+        StoredEnabled(),
+        StoredForeColor(SystemColor(COLOR_BTNTEXT)),
+    };
+};
 
 // --- The control's life ---
 
@@ -52,18 +59,12 @@ void ChkCombo::UserControl_Initialize()
 
 void ChkCombo::UserControl_InitProperties()
 {
-    Font(Ambient().Font());
-    BackColor(static_cast<OLE_COLOR>(DefaultBackColor));
-    ForeColor(static_cast<OLE_COLOR>(DefaultForeColor));
-    Enabled(true);
+    Persisted::Table.Reset(*this);
 }
 
 void ChkCombo::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
-    BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
-    Enabled(PropBag.ReadProperty(L"Enabled", true));
-    ForeColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", DefaultForeColor)));
+    Persisted::Table.Read(*this, PropBag);
 }
 
 // The control is as high as the closed combo box, whose height follows from its items'.
@@ -91,13 +92,7 @@ void ChkCombo::UserControl_KeyPress(short& KeyAscii)
 
 void ChkCombo::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    const Surface& surface = TheSurface();
-    SaveFontProperty(PropBag, surface.Font(), Ambient().Font());
-    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(surface.BackColor())),
-                          Variant(DefaultBackColor));
-    PropBag.WriteProperty(L"Enabled", Variant(surface.Enabled()), Variant(true));
-    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(surface.ForeColor())),
-                          Variant(DefaultForeColor));
+    Persisted::Table.Write(*this, PropBag);
 }
 
 // An open list is no child of the control's window, and would stay.

@@ -54,6 +54,8 @@ protected:
     bool Wants(WPARAM key) const override;
 
 private:
+    struct Persisted;
+
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;

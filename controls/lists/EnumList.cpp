@@ -21,8 +21,6 @@ namespace
 
 constexpr DISPID SelectionChangedEvent = 1;
 
-constexpr long DefaultBackColor = static_cast<long>(SystemColor(COLOR_WINDOW));
-constexpr long DefaultForeColor = static_cast<long>(SystemColor(COLOR_BTNTEXT));
 constexpr double ButtonWidth = 255; // twips
 
 // With this number as its WhatsThisHelpID a control's picker shows codes, whatever the control itself shows.
@@ -36,6 +34,27 @@ const ControlClass EnumList::Class = {
 };
 
 EnumList::EnumList(IUnknown* outer) : StandardControl(Class, outer) {}
+
+struct EnumList::Persisted
+{
+    static constexpr PropertyTable Table{
+        StoredBackColor(SystemColor(COLOR_WINDOW)),
+        StoredForeColor(SystemColor(COLOR_BTNTEXT)),
+        StoredEnabled(),
+        StoredFont().Written(&AsFont),
+        Field(L"TableName", &EnumList::TableName, L""),
+        Field(L"StateCode", &EnumList::StateCode, L""),
+        Field(L"EnumListTitle", &EnumList::EnumListTitle, L""),
+        Property(
+            L"DisplayStyle", [](auto& list) { return list.displayStyle_; },
+            [](auto& list, long style) { list.DisplayStyle(style); }, Code),
+        // The default moves with the style.
+        Property(
+            L"SortListBy", [](auto& list) { return list.sortListBy_; },
+            [](auto& list, long order) { list.SortListBy(order); },
+            [](auto& list) { return list.displayStyle_; }),
+    };
+};
 
 // --- The control's life ---
 
@@ -51,27 +70,14 @@ void EnumList::UserControl_Initialize()
 
 void EnumList::UserControl_InitProperties()
 {
-    // The control may still have what a load that failed gave it.
     Clear();
-    Enabled(true);
-    Font(Ambient().Font());
-    BackColor(static_cast<OLE_COLOR>(DefaultBackColor));
-    ForeColor(static_cast<OLE_COLOR>(DefaultForeColor));
-    displayStyle_ = Code;
+    Persisted::Table.Reset(*this);
 }
 
 void EnumList::UserControl_ReadProperties(PropertyBag& PropBag)
 {
     Clear();
-    BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
-    ForeColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", DefaultForeColor)));
-    Enabled(PropBag.ReadProperty(L"Enabled", true));
-    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
-    TableName = PropBag.ReadProperty(L"TableName", L"");
-    StateCode = PropBag.ReadProperty(L"StateCode", L"");
-    EnumListTitle = PropBag.ReadProperty(L"EnumListTitle", L"");
-    DisplayStyle(PropBag.ReadProperty(L"DisplayStyle", 0L));
-    SortListBy(PropBag.ReadProperty(L"SortListBy", displayStyle_));
+    Persisted::Table.Read(*this, PropBag);
     PickerSortOrder = sortListBy_;
 }
 
@@ -126,15 +132,7 @@ void EnumList::UserControl_KeyDown(short& KeyCode, short Shift)
 
 void EnumList::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(BackColor())), Variant(DefaultBackColor));
-    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(ForeColor())), Variant(DefaultForeColor));
-    PropBag.WriteProperty(L"Enabled", Variant(Enabled()), Variant(true));
-    SaveFontProperty(PropBag, TheSurface().Font(), Ambient().Font());
-    PropBag.WriteProperty(L"TableName", Variant(TableName), Variant(L""));
-    PropBag.WriteProperty(L"StateCode", Variant(StateCode), Variant(L""));
-    PropBag.WriteProperty(L"EnumListTitle", Variant(EnumListTitle), Variant(L""));
-    PropBag.WriteProperty(L"DisplayStyle", Variant(displayStyle_), Variant(0L));
-    PropBag.WriteProperty(L"SortListBy", Variant(sortListBy_), Variant(displayStyle_));
+    Persisted::Table.Write(*this, PropBag);
 }
 
 // A control that is taken away takes its picker along: nobody would hear of a choice.

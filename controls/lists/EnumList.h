@@ -42,6 +42,8 @@ protected:
     const Label* TippedLabel() const override { return &lbl; }
 
 private:
+    struct Persisted;
+
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;

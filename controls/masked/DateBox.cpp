@@ -17,20 +17,6 @@ constexpr DISPID KeyDownEvent = 3;
 constexpr DISPID KeyPressEvent = 4;
 constexpr DISPID KeyUpEvent = 5;
 
-constexpr long DefaultBackColor = static_cast<long>(SystemColor(COLOR_WINDOW));
-constexpr long DefaultStyle = static_cast<long>(DateFormat::MonthDayYear);
-
-// The period that a form file leaves out.
-double DefaultMaxDate()
-{
-    return DateRules().MaxDate();
-}
-
-double DefaultMinDate()
-{
-    return DateRules().MinDate();
-}
-
 } // namespace
 
 const ControlClass DateBox::Class = {
@@ -39,6 +25,33 @@ const ControlClass DateBox::Class = {
 };
 
 DateBox::DateBox(IUnknown* outer) : EntryControl(Class, outer) {}
+
+struct DateBox::Persisted
+{
+    static constexpr PropertyTable Table{
+        Property(
+            L"AllowVarious", [](auto& box) { return box.rules_.AllowVarious(); },
+            [](auto& box, bool state) { box.rules_.SetAllowVarious(state); }, false),
+        StoredBackColor(SystemColor(COLOR_WINDOW)),
+        StoredEnabled(),
+        StoredForeColor([](const DateBox& box) { return box.Ambient().ForeColor(); }),
+        Property(
+            L"Style", [](auto& box) { return box.rules_.Style(); },
+            [](auto& box, DateFormat style) { box.TakeStyle(style); }, DateFormat::MonthDayYear),
+        // Stored as they are: cutting them down to what the layout shows is for bounds that the host sets.
+        Property(
+            L"MaxDate", [](auto& box) { return box.rules_.MaxDate(); },
+            [](auto& box, double date) { box.rules_.StoreMaxDate(date); },
+            [](auto&) { return DateRules().MaxDate(); })
+            .IfUsable([](auto& box, double date) { return DateRules(box.rules_).StoreMaxDate(date); }),
+        Property(
+            L"MinDate", [](auto& box) { return box.rules_.MinDate(); },
+            [](auto& box, double date) { box.rules_.StoreMinDate(date); },
+            [](auto&) { return DateRules().MinDate(); })
+            .IfUsable([](auto& box, double date) { return DateRules(box.rules_).StoreMinDate(date); }),
+        StoredFont().Written(&AsFont).ReadAt(3),
+    };
+};
 
 // --- The control's life ---
 
@@ -53,30 +66,14 @@ void DateBox::UserControl_Initialize()
 void DateBox::UserControl_InitProperties()
 {
     rules_ = DateRules();
-    // The text box still has what a load that failed gave it.
-    BackColor(static_cast<OLE_COLOR>(DefaultBackColor));
-    ForeColor(Ambient().ForeColor());
-    Enabled(true);
-    Font(Ambient().Font());
-    TakeStyle(rules_.Style());
+    Persisted::Table.Reset(*this);
     txtDate.Text(rules_.Mask());
 }
 
 void DateBox::UserControl_ReadProperties(PropertyBag& PropBag)
 {
     rules_ = DateRules();
-    rules_.SetAllowVarious(PropBag.ReadProperty(L"AllowVarious", false));
-    BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
-    Enabled(PropBag.ReadProperty(L"Enabled", true));
-    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
-    ForeColor(
-        static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", static_cast<long>(Ambient().ForeColor()))));
-    TakeStyle(static_cast<DateFormat>(PropBag.ReadProperty(L"Style", DefaultStyle)));
-    // Stored as they are: cutting them down to what the layout shows is for bounds that the host sets.
-    if (!rules_.StoreMaxDate(PropBag.ReadDate(L"MaxDate", DefaultMaxDate())))
-        PropBag.ReportUnusable(L"MaxDate");
-    if (!rules_.StoreMinDate(PropBag.ReadDate(L"MinDate", DefaultMinDate())))
-        PropBag.ReportUnusable(L"MinDate");
+    Persisted::Table.Read(*this, PropBag);
     txtDate.Text(rules_.Mask());
 }
 
@@ -117,16 +114,7 @@ void DateBox::UserControl_ExitFocus()
 
 void DateBox::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    PropBag.WriteProperty(L"AllowVarious", Variant(rules_.AllowVarious()), Variant(false));
-    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(txtDate.BackColor())),
-                          Variant(DefaultBackColor));
-    PropBag.WriteProperty(L"Enabled", Variant(TheSurface().Enabled()), Variant(true));
-    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(txtDate.ForeColor())),
-                          Variant(static_cast<long>(Ambient().ForeColor())));
-    PropBag.WriteProperty(L"Style", Variant(static_cast<long>(rules_.Style())), Variant(DefaultStyle));
-    PropBag.WriteProperty(L"MaxDate", Variant::Date(rules_.MaxDate()), Variant::Date(DefaultMaxDate()));
-    PropBag.WriteProperty(L"MinDate", Variant::Date(rules_.MinDate()), Variant::Date(DefaultMinDate()));
-    SaveFontProperty(PropBag, TheSurface().Font(), Ambient().Font());
+    Persisted::Table.Write(*this, PropBag);
 }
 
 void DateBox::UserControl_Terminate()

@@ -16,9 +16,6 @@ constexpr DISPID KeyDownEvent = 2;
 constexpr DISPID KeyPressEvent = 3;
 constexpr DISPID KeyUpEvent = 4;
 
-constexpr long DefaultBackColor = static_cast<long>(SystemColor(COLOR_WINDOW));
-constexpr long DefaultForeColor = static_cast<long>(SystemColor(COLOR_WINDOWTEXT));
-
 } // namespace
 
 const ControlClass NumberBox::Class = {
@@ -27,6 +24,26 @@ const ControlClass NumberBox::Class = {
 };
 
 NumberBox::NumberBox(IUnknown* outer) : EntryControl(Class, outer) {}
+
+struct NumberBox::Persisted
+{
+    static constexpr PropertyTable Table{
+        StoredBackColor(SystemColor(COLOR_WINDOW)),
+        StoredEnabled(),
+        StoredForeColor(SystemColor(COLOR_WINDOWTEXT)).ReadAt(1),
+        Property(
+            L"Style", [](auto& box) { return box.rules_.Style(); },
+            [](auto& box, NumberFormat style) { box.Style(style); }, NumberFormat::SSN),
+        // Without a default: the one that it is read with is the box's own length, which says nothing here.
+        Property(
+            L"MaxLength", [](auto& box) { return box.txtNumber.MaxLength(); },
+            [](auto& box, short length) { box.MaxLength(length); },
+            [](auto& box) { return box.txtNumber.MaxLength(); })
+            .OnlyIf([](auto& box) { return box.rules_.Style() == NumberFormat::Custom; })
+            .Written(WithoutDefault()),
+        StoredFont().Written(&AsFont).ReadAt(3),
+    };
+};
 
 // --- The control's life ---
 
@@ -41,23 +58,12 @@ void NumberBox::UserControl_Initialize()
 
 void NumberBox::UserControl_InitProperties()
 {
-    // The text boxes still have what a load that failed gave them.
-    BackColor(static_cast<OLE_COLOR>(DefaultBackColor));
-    ForeColor(static_cast<OLE_COLOR>(DefaultForeColor));
-    Enabled(true);
-    Font(Ambient().Font());
-    Style(NumberFormat::SSN);
+    Persisted::Table.Reset(*this);
 }
 
 void NumberBox::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    BackColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"BackColor", DefaultBackColor)));
-    ForeColor(static_cast<OLE_COLOR>(PropBag.ReadProperty(L"ForeColor", DefaultForeColor)));
-    Enabled(PropBag.ReadProperty(L"Enabled", true));
-    Font(PropBag.ReadObject(L"Font", Ambient().Font()));
-    Style(static_cast<NumberFormat>(PropBag.ReadProperty(L"Style", 0L)));
-    if (rules_.Style() == NumberFormat::Custom)
-        MaxLength(PropBag.ReadProperty(L"MaxLength", txtNumber.MaxLength()));
+    Persisted::Table.Read(*this, PropBag);
 }
 
 void NumberBox::UserControl_Resize()
@@ -91,16 +97,7 @@ void NumberBox::UserControl_KeyUp(short& KeyCode, short Shift)
 
 void NumberBox::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    PropBag.WriteProperty(L"BackColor", Variant(static_cast<long>(txtNumber.BackColor())),
-                          Variant(DefaultBackColor));
-    PropBag.WriteProperty(L"Enabled", Variant(TheSurface().Enabled()), Variant(true));
-    PropBag.WriteProperty(L"ForeColor", Variant(static_cast<long>(txtNumber.ForeColor())),
-                          Variant(DefaultForeColor));
-    PropBag.WriteProperty(L"Style", Variant(static_cast<long>(rules_.Style())), Variant(0L));
-    // Without a default: the one that it is read with is the box's own length, which says nothing here.
-    if (rules_.Style() == NumberFormat::Custom)
-        PropBag.WriteProperty(L"MaxLength", Variant(txtNumber.MaxLength()));
-    SaveFontProperty(PropBag, TheSurface().Font(), Ambient().Font());
+    Persisted::Table.Write(*this, PropBag);
 }
 
 void NumberBox::UserControl_Terminate()

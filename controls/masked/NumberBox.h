@@ -30,6 +30,8 @@ protected:
     const Window& FocusWindow() const override { return *activeBox_; }
 
 private:
+    struct Persisted;
+
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;

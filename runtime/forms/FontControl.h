@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/forms/DualControl.h"
+#include "runtime/forms/PropertyTable.h"
 
 namespace kiv
 {
@@ -30,6 +31,22 @@ public:
 
 protected:
     using DualControl<Dual>::DualControl;
+
+    // For the table of persisted properties.
+    static constexpr auto StoredEnabled()
+    {
+        return Property(
+            L"Enabled", [](const FontControl& control) { return control.Enabled(); },
+            [](FontControl& control, bool state) { control.Enabled(state); }, true);
+    }
+    // The default is the container's font.
+    static constexpr auto StoredFont()
+    {
+        return Property(
+            L"Font", [](const FontControl& control) { return control.Font(); },
+            [](FontControl& control, const FontObject& font) { control.Font(font); },
+            [](const FontControl& control) { return control.Ambient().Font(); });
+    }
 
     virtual bool Enabled() const { return this->TheSurface().Enabled(); }
     virtual void Enabled(bool newState)

@@ -31,6 +31,22 @@ public:
 protected:
     using FontControl<Dual>::FontControl;
 
+    // For the table of persisted properties. defaultColor: a colour, or of the control, one.
+    template<class Default>
+    static constexpr auto StoredBackColor(Default defaultColor)
+    {
+        return Property(
+            L"BackColor", [](const StandardControl& control) { return control.BackColor(); },
+            [](StandardControl& control, OLE_COLOR color) { control.BackColor(color); }, defaultColor);
+    }
+    template<class Default>
+    static constexpr auto StoredForeColor(Default defaultColor)
+    {
+        return Property(
+            L"ForeColor", [](const StandardControl& control) { return control.ForeColor(); },
+            [](StandardControl& control, OLE_COLOR color) { control.ForeColor(color); }, defaultColor);
+    }
+
     virtual OLE_COLOR BackColor() const { return this->TheSurface().BackColor(); }
     virtual void BackColor(OLE_COLOR newColor)
     {
