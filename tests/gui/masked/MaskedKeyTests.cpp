@@ -7,6 +7,7 @@
 #include "runtime/com/Errors.h"
 #include "tests/support/Text.h"
 
+#include <span>
 #include <utility>
 
 namespace kiv::test
@@ -24,28 +25,28 @@ protected:
                               : std::wstring(1, static_cast<wchar_t>(key.KeyAscii)));
     }
 
-    void ExpectRows(HostedBox& box, const std::vector<KeyRow>& rows)
+    void ExpectRows(HostedBox& box, std::span<const KeyRow> rows)
     {
         for (const KeyRow& row : rows)
         {
             SCOPED_TRACE(row.Name);
             box.SetStyle(row.Style);
-            box.Show({row.Text, row.SelStart, row.SelLength});
+            box.Show({std::wstring(row.Text), row.SelStart, row.SelLength});
             Press(row.Key);
-            EXPECT_EQ(box.Look(), (BoxLook{row.After, row.SelStartAfter, row.SelLengthAfter}));
+            EXPECT_EQ(box.Look(), (BoxLook{std::wstring(row.After), row.SelStartAfter, row.SelLengthAfter}));
             EXPECT_EQ(box.TakeChanges(), Changes(row));
         }
     }
 
-    void ExpectTyping(HostedBox& box, const std::vector<TypingRow>& rows)
+    void ExpectTyping(HostedBox& box, std::span<const TypingRow> rows)
     {
         for (const TypingRow& row : rows)
         {
             SCOPED_TRACE(row.Name);
             box.SetStyle(row.Style);
-            box.Show({row.Text, row.SelStart, 0});
-            Type(row.Keys);
-            EXPECT_EQ(box.Look(), (BoxLook{row.After, row.SelStartAfter, 0}));
+            box.Show({std::wstring(row.Text), row.SelStart, 0});
+            Type(std::wstring(row.Keys));
+            EXPECT_EQ(box.Look(), (BoxLook{std::wstring(row.After), row.SelStartAfter, 0}));
             EXPECT_EQ(box.TakeChanges().size(), static_cast<std::size_t>(row.Changes));
         }
     }
@@ -84,10 +85,10 @@ TEST_F(MaskedKeyTest, ReachTheTextBoxWhereThereIsNoMask)
         SCOPED_TRACE(row.Name);
         box.SetStyle(row.Style);
         box.Site().Put(L"MaxLength", Variant(static_cast<short>(row.MaxLength)));
-        box.Show({row.Text, row.SelStart, row.SelLength});
+        box.Show({std::wstring(row.Text), row.SelStart, row.SelLength});
         Press(row.Key);
-        EXPECT_EQ(box.Look(), (BoxLook{row.After, row.SelStartAfter, 0}));
-        EXPECT_EQ(box.TakeChanges(), row.After == row.Text ? Texts() : Texts{row.After});
+        EXPECT_EQ(box.Look(), (BoxLook{std::wstring(row.After), row.SelStartAfter, 0}));
+        EXPECT_EQ(box.TakeChanges(), row.After == row.Text ? Texts() : Texts{std::wstring(row.After)});
     }
 }
 

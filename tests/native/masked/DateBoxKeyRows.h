@@ -8,7 +8,7 @@ namespace kiv::test
 // Styles: 0 mm/yy, 1 mm/dd/yy, 2 mm/dd/yyyy, 3 mm/dd, 4 yy, 5 yyyy, 6 mm/yyyy, 7 mm/dd/yy with only the year
 // required.
 
-inline const std::vector<KeyRow> DateKeyRows = {
+inline constexpr KeyRow DateKeyRows[] = {
     // Digits.
     {"DigitFillsTheFirstPlace", 1, L"__/__/__", 0, 0, Typed('1'), L"1_/__/__", 1},
     {"DigitReplacesADigit", 1, L"01/05/01", 1, 0, Typed('2'), L"02/05/01", 2},
@@ -89,7 +89,7 @@ inline const std::vector<KeyRow> DateKeyRows = {
     {"DeletePastTheLayout", 3, L"01/05/01", 6, 0, DeleteStroke, L"01/05/01", 6},
 };
 
-inline const std::vector<TypingRow> DateTypingRows = {
+inline constexpr TypingRow DateTypingRows[] = {
     {"WholeDate", 1, L"__/__/__", 0, L"123104", L"12/31/04", 8, 6},
     {"WholeDateWithItsSlashes", 1, L"__/__/__", 0, L"12/31/04", L"12/31/04", 8, 6},
     {"SeventhDigitIsSwallowed", 1, L"__/__/__", 0, L"1231049", L"12/31/04", 8, 6},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kiv::test
@@ -31,14 +32,14 @@ struct KeyRow
 {
     const char* Name;
     int Style;
-    std::wstring Text;
+    std::wstring_view Text;
     int SelStart;
     int SelLength;
     Stroke Key;
-    std::wstring After;
+    std::wstring_view After;
     int SelStartAfter;
     // A text that the box shows on its way to After, if any: the host hears of it on its own.
-    std::wstring Between = {};
+    std::wstring_view Between = {};
     int SelLengthAfter = 0;
 };
 
@@ -47,9 +48,9 @@ inline std::vector<std::wstring> Changes(const KeyRow& row)
 {
     std::vector<std::wstring> changes;
     if (!row.Between.empty())
-        changes.push_back(row.Between);
-    if (row.After != (changes.empty() ? row.Text : changes.back()))
-        changes.push_back(row.After);
+        changes.emplace_back(row.Between);
+    if (row.After != (row.Between.empty() ? row.Text : row.Between))
+        changes.emplace_back(row.After);
     return changes;
 }
 
@@ -59,11 +60,11 @@ struct PassedKeyRow
     const char* Name;
     int Style;
     int MaxLength;
-    std::wstring Text;
+    std::wstring_view Text;
     int SelStart;
     int SelLength;
     Stroke Key;
-    std::wstring After;
+    std::wstring_view After;
     int SelStartAfter;
 };
 
@@ -72,10 +73,10 @@ struct TypingRow
 {
     const char* Name;
     int Style;
-    std::wstring Text;
+    std::wstring_view Text;
     int SelStart;
-    std::wstring Keys;
-    std::wstring After;
+    std::wstring_view Keys;
+    std::wstring_view After;
     int SelStartAfter;
     // How many Change events they make.
     int Changes;

@@ -7,7 +7,7 @@ namespace kiv::test
 
 // Styles: 0 SSN, 1 Federal ID, 2 Routing #, 3 Custom.
 
-inline const std::vector<KeyRow> NumberKeyRows = {
+inline constexpr KeyRow NumberKeyRows[] = {
     // Digits replace and move on.
     {"DigitFillsTheFirstPlace", 0, L"___-__-____", 0, 0, Typed('1'), L"1__-__-____", 1},
     {"DigitReplacesADigit", 0, L"123-45-6789", 0, 0, Typed('9'), L"923-45-6789", 1},
@@ -78,7 +78,7 @@ inline const std::vector<KeyRow> NumberKeyRows = {
     {"CustomPointIsSwallowed", 3, L"12", 0, 2, Typed('.'), L"12", 0, {}, 2},
 };
 
-inline const std::vector<PassedKeyRow> NumberPassedKeyRows = {
+inline constexpr PassedKeyRow NumberPassedKeyRows[] = {
     {"CustomDigit", 3, 4, L"12", 2, 0, Typed('3'), L"123", 3},
     {"CustomDigitInTheMiddle", 3, 4, L"12", 1, 0, Typed('3'), L"132", 2},
     {"CustomDigitOverASelection", 3, 4, L"1234", 1, 2, Typed('9'), L"194", 2},
@@ -92,7 +92,7 @@ inline const std::vector<PassedKeyRow> NumberPassedKeyRows = {
     {"RoutingDelete", 2, 9, L"0110", 0, 4, DeleteStroke, L"", 0},
 };
 
-inline const std::vector<TypingRow> NumberTypingRows = {
+inline constexpr TypingRow NumberTypingRows[] = {
     {"WholeSSN", 0, L"___-__-____", 0, L"123456789", L"123-45-6789", 11, 9},
     {"TenthDigitIsSwallowed", 0, L"___-__-____", 0, L"1234567890", L"123-45-6789", 11, 9},
     {"TypedDashesAreSwallowed", 0, L"___-__-____", 0, L"123-45-6789", L"123-45-6789", 11, 9},

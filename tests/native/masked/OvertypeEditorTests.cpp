@@ -35,7 +35,7 @@ KeyOutcome Press(const Rules& rules, const BoxState& box, Stroke key)
 template<class Rules>
 void ExpectRow(const Rules& rules, const KeyRow& row)
 {
-    const KeyOutcome outcome = Press(rules, {row.Text, row.SelStart, row.SelLength}, row.Key);
+    const KeyOutcome outcome = Press(rules, {std::wstring(row.Text), row.SelStart, row.SelLength}, row.Key);
     EXPECT_EQ(outcome.Box.Text, row.After);
     EXPECT_EQ(outcome.Box.SelStart, row.SelStartAfter);
     EXPECT_EQ(outcome.Box.SelLength, row.SelLengthAfter);
@@ -46,7 +46,7 @@ void ExpectRow(const Rules& rules, const KeyRow& row)
 template<class Rules>
 void ExpectTyping(const Rules& rules, const TypingRow& row)
 {
-    BoxState box = {row.Text, row.SelStart, 0};
+    BoxState box = {std::wstring(row.Text), row.SelStart, 0};
     std::size_t changes = 0;
     for (const wchar_t key : row.Keys)
     {
@@ -56,7 +56,7 @@ void ExpectTyping(const Rules& rules, const TypingRow& row)
         changes += outcome.Edits.size();
         box = outcome.Box;
     }
-    EXPECT_EQ(box, (BoxState{row.After, row.SelStartAfter, 0}));
+    EXPECT_EQ(box, (BoxState{std::wstring(row.After), row.SelStartAfter, 0}));
     EXPECT_EQ(changes, static_cast<std::size_t>(row.Changes));
 }
 
@@ -88,7 +88,7 @@ class NumberPassedKeyTest : public testing::TestWithParam<PassedKeyRow>
 
 TEST_P(NumberPassedKeyTest, IsLeftToTheBox)
 {
-    const BoxState box = {GetParam().Text, GetParam().SelStart, GetParam().SelLength};
+    const BoxState box = {std::wstring(GetParam().Text), GetParam().SelStart, GetParam().SelLength};
     EXPECT_EQ(Press(RulesOf(static_cast<NumberFormat>(GetParam().Style)), box, GetParam().Key), PassOn(box));
 }
 
