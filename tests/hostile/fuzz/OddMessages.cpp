@@ -161,10 +161,17 @@ Shape ShapeOf(UINT message)
     return found == std::end(Table) ? Shape::Numbers : found->Is;
 }
 
+// With Alt a character is a command for the form's menus, in which the system waits for the user.
+bool LeadsToMenu(const OddMessage& message)
+{
+    constexpr LPARAM altIsDown = 1 << 29;
+    return message.Number == WM_SYSCHAR && (message.Second & altIsDown) != 0;
+}
+
 bool IsLeftOut(const OddMessage& message, HWND target)
 {
     const UINT number = message.Number;
-    return std::ranges::find(LeftOut, number) != std::end(LeftOut) ||
+    return std::ranges::find(LeftOut, number) != std::end(LeftOut) || LeadsToMenu(message) ||
            (number >= WM_DDE_FIRST && number <= WM_DDE_LAST) || IsPlatformFault(message, target);
 }
 
