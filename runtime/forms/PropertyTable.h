@@ -8,7 +8,6 @@
 
 #include <array>
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -136,7 +135,7 @@ public:
         if (!exists_(control))
             return;
         const auto value = ReadStored(bag, key_, DefaultOf(control));
-        if (std::invoke(usable_, control, value))
+        if (usable_(control, value))
             take_(control, value);
         else
             bag.ReportUnusable(key_);

@@ -98,10 +98,7 @@ attack_each() {
 # attack_apart ARCH PROCESSOR SECONDS
 attack_apart() {
     stay_on_one_processor "$2"
-    use_prefix "$1"
-    KIVCTLS_OCX=$(windows_path "$ROOT/$(library "$1")")
-    KIV_SOURCE=$(windows_path "$ROOT")
-    export KIVCTLS_OCX KIV_SOURCE
+    use_library "$1"
     rm -rf "build/attack/$1"
     mkdir -p "build/attack/$1"
     attack_in_turns "$1" "$3" "${jobs[@]}"

@@ -98,10 +98,7 @@ chosen() { [[ " ${CHOSEN_GROUPS[*]} " == *" $1 "* ]]; }
 test_windows() {
     local arch=$1 group
     shift
-    use_prefix "$arch"
-    KIVCTLS_OCX=$(windows_path "$ROOT/$(library "$arch")")
-    KIV_SOURCE=$(windows_path "$ROOT")
-    export KIVCTLS_OCX KIV_SOURCE
+    use_library "$arch"
     if chosen gui; then use_test_data "$arch"; fi
     if ! register "$arch"; then
         tail -n 10 "build/$arch/regsvr32.log"

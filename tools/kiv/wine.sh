@@ -121,6 +121,14 @@ register() {
         twice wine regsvr32 /s "$(windows_path "$ROOT/$(library "$1")")"
 }
 
+# use_library ARCH: in the prefix of its build tree, told to the test programs.
+use_library() {
+    use_prefix "$1"
+    KIVCTLS_OCX=$(windows_path "$ROOT/$(library "$1")")
+    KIV_SOURCE=$(windows_path "$ROOT")
+    export KIVCTLS_OCX KIV_SOURCE
+}
+
 # open_registered_prefix ARCH: where a host finds the library.
 open_registered_prefix() {
     use_prefix "$1"
