@@ -53,7 +53,7 @@ TEST(PlatformFaults, DISABLED_TakeOne)
         message.Second = reinterpret_cast<LPARAM>(text);
     SendMessageA(window, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
     SendMessageA(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-    if (message.Wide)
+    if (message.Wide && !fault.Class)
         Former() = reinterpret_cast<WNDPROC>(
             SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Forward)));
     // What lies at a place that is no item's may happen to be memory: farther and farther off, not all of it

@@ -13,7 +13,8 @@ bool PointsNowhere(const OddMessage& message, HWND)
     return message.Second == 0;
 }
 
-// It is turned into the other kind for a window that is not of Unicode, before that sees it.
+// To some of the system's own windows, or turned into the other kind for a window that is not of Unicode,
+// before that sees it.
 bool IsWideAndPointsNowhere(const OddMessage& message, HWND target)
 {
     return message.Wide && PointsNowhere(message, target);
@@ -43,6 +44,8 @@ const PlatformFault Known[] = {
     {"FindFromNowhereInCombo", "ComboBox", StartsAtNoItem, {CB_FINDSTRING, FarOff, 1}},
     {"FindWholeFromNowhereInCombo", "ComboBox", StartsAtNoItem, {CB_FINDSTRINGEXACT, FarOff, 1}},
     {"SelectFromNowhereInCombo", "ComboBox", StartsAtNoItem, {CB_SELECTSTRING, FarOff, 1}},
+    {"WideFileNowhere", "ListBox", IsWideAndPointsNowhere, {LB_ADDFILE, 0, 0, true}},
+    {"WideFileNowhereInList", "ComboLBox", IsWideAndPointsNowhere, {LB_ADDFILE, 0, 0, true}},
     {"WideLineNowhere", nullptr, IsWideAndPointsNowhere, {EM_GETLINE, 0, 0, true}},
     {"WideChildNowhere", nullptr, IsWideAndPointsNowhere, {WM_MDICREATE, 0, 0, true}},
     {"WideCreationNowhere", nullptr, IsWideAndPointsNowhere, {WM_CREATE, 0, 0, true}},
