@@ -29,7 +29,7 @@ void CommandButton::Value(bool newValue)
 
 void CommandButton::Move(int left, int top, int width, int height, bool repaint)
 {
-    MoveWindow(hWnd(), left, top, width, height, repaint);
+    Place({left, top, left + width, top + height}, repaint);
 }
 
 void CommandButton::Notified(WORD code)

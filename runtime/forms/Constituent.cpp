@@ -103,6 +103,15 @@ void Constituent::HelpContextID(long topic)
     SetWindowContextHelpId(window_, static_cast<DWORD>(topic));
 }
 
+void Constituent::Place(const RECT& place, bool repaint)
+{
+    const RECT former = Bounds();
+    if (!EqualRect(&place, &former))
+        SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top,
+                     SWP_NOZORDER | SWP_NOACTIVATE | (repaint ? 0U : UINT{SWP_NOREDRAW}));
+}
+
 LRESULT Constituent::Ask(UINT message, WPARAM wParam, LPARAM lParam) const
 {
     return window_ ? CallWindowProcA(previous_, window_, message, wParam, lParam) : 0;

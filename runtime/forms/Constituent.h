@@ -62,6 +62,10 @@ protected:
                 DWORD extendedStyle);
     virtual ~Constituent();
 
+    // Moves the window to a place on the surface, in pixels, unless it is there: asking costs next to
+    // nothing, moving much more.
+    void Place(const RECT& place, bool repaint = true);
+
     // Hands a message straight to the system's control, past the hooks: for what the control itself wants to
     // know or do many times for each key.
     LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;

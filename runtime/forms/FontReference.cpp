@@ -3,6 +3,7 @@
 #include "runtime/com/Boundary.h"
 #include "runtime/com/ComObject.h"
 #include "runtime/com/MakeCom.h"
+#include "runtime/com/PerThread.h"
 #include "runtime/forms/Screen.h"
 
 #include <ocidl.h>
@@ -40,12 +41,20 @@ private:
     FontReference::Listener listener_;
 };
 
+// Owned by the object; null when there is none.
+HFONT HandleOf(const FontObject& object)
+{
+    ComPtr<IFont> font;
+    HFONT handle = nullptr;
+    if (object && SUCCEEDED(object.As(&font)) && SUCCEEDED(font->get_hFont(&handle)))
+        return handle;
+    return nullptr;
+}
+
 constexpr int PointsPerInch = 72;
 constexpr CY FallbackSize = {{82500, 0}}; // 8.25 points, in ten-thousandths
 
-} // namespace
-
-FontObject CreateDefaultFont()
+FontObject CreateDialogFont()
 {
     LOGFONTW dialogFont = {};
     const bool known = GetObjectW(GetStockObject(DEFAULT_GUI_FONT), sizeof dialogFont, &dialogFont) != 0;
@@ -63,6 +72,21 @@ FontObject CreateDefaultFont()
     FontObject font;
     Check(OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())));
     return font;
+}
+
+// What the default fonts are copies of. Its handle is made once, and theirs is the same as long as nobody
+// changes them.
+struct DialogFont
+{
+    FontObject Object = CreateDialogFont();
+    HFONT Handle = HandleOf(Object);
+};
+
+} // namespace
+
+FontObject CreateDefaultFont()
+{
+    return CloneFont(PerThread<DialogFont>().Object);
 }
 
 FontObject CreateFontObject(std::wstring_view name, double points, short weight)
@@ -130,11 +154,7 @@ void FontReference::Set(FontObject font, Listener listener)
 
 HFONT FontReference::Handle() const
 {
-    ComPtr<IFont> font;
-    HFONT handle = nullptr;
-    if (font_ && SUCCEEDED(font_.As(&font)) && SUCCEEDED(font->get_hFont(&handle)))
-        return handle;
-    return nullptr;
+    return HandleOf(font_);
 }
 
 } // namespace kiv

@@ -155,18 +155,20 @@ void TextBox::ForeColor(OLE_COLOR color)
 
 void TextBox::Move(int left, int top, int width, int height)
 {
-    SetWindowPos(hWnd(), nullptr, left, top, width, std::max(height, LeastHeight()),
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    Place({left, top, left + width, top + std::max(height, LeastHeight())});
 }
 
 int TextBox::LeastHeight() const
 {
-    const int line = LineHeightInPixels(reinterpret_cast<HFONT>(Ask(WM_GETFONT)));
-    return look_.HasBorder ? line + VerticalFrame : line;
+    if (lineHeight_ == 0)
+        lineHeight_ = LineHeightInPixels(reinterpret_cast<HFONT>(Ask(WM_GETFONT)));
+    return look_.HasBorder ? lineHeight_ + VerticalFrame : lineHeight_;
 }
 
 void TextBox::Font(HFONT font)
 {
+    if (reinterpret_cast<HFONT>(Ask(WM_GETFONT)) == font)
+        return;
     Constituent::Font(font);
     // A font brings margins of its own.
     if (look_.HasBorder)
@@ -227,6 +229,8 @@ bool TextBox::IsTooLong(const char* text, std::size_t beside) const
 bool TextBox::Received(UINT message, WPARAM wParam, LPARAM lParam)
 {
     const auto* const text = reinterpret_cast<const char*>(lParam);
+    if (message == WM_SETFONT)
+        lineHeight_ = 0;
     if (message == WM_SETTEXT)
         return IsTooLong(text, 0);
     if (message == EM_REPLACESEL)

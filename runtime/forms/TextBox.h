@@ -87,7 +87,8 @@ private:
 
     const TextBoxLook look_;
     short maxLength_ = 0;
-    std::wstring toldText_; // as OnChange last told it
+    mutable int lineHeight_ = 0; // 0 until it is asked for
+    std::wstring toldText_;      // as OnChange last told it
     OLE_COLOR backColor_;
     OLE_COLOR foreColor_;
     GdiObject<HBRUSH> background_;
