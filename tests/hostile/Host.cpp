@@ -48,10 +48,21 @@ const std::vector<Member>& MembersOfClass(const PublishedClass& what, IDispatch*
 // else wants to do it.
 thread_local std::atomic<HWND>* shownTo = nullptr;
 
+// One message in a life is shown; the system has no room for more, and whoever waits for the user goes on.
+thread_local int messagesShown = 0;
+
+bool IsMessage(HWND window)
+{
+    return IsOfClass(window, "#32770");
+}
+
 LRESULT CALLBACK CloseDialogs(int code, WPARAM wParam, LPARAM lParam) noexcept
 {
+    constexpr LRESULT refused = 1;
     const auto window = reinterpret_cast<HWND>(wParam);
-    if (code == HCBT_ACTIVATE && (IsOfClass(window, "#32770") || IsOfClass(window, "KivControls.Form")))
+    if (code == HCBT_CREATEWND && IsMessage(window) && messagesShown++ > 0)
+        return refused;
+    if (code == HCBT_ACTIVATE && (IsMessage(window) || IsOfClass(window, "KivControls.Form")))
     {
         if (shownTo)
             *shownTo = window;
@@ -112,6 +123,7 @@ Host::~Host()
 void Host::Begin(const PublishedClass& what, bool active, bool accompanied)
 {
     Disarm();
+    messagesShown = 0;
     class_ = &what;
     if (!window_ || !window_->Handle())
     {

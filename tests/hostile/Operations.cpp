@@ -98,6 +98,11 @@ void AddInput(std::vector<Operation>& operations)
                               }
                           }});
     operations.push_back({"the focus leaves", true, false, [](Host& host) { SetFocus(host.Window()); }});
+    operations.push_back({"the focus leaves and returns", true, false, [](Host& host) {
+                              const HWND inside = host.FocusWindow();
+                              SetFocus(host.Window());
+                              SetFocus(inside);
+                          }});
     operations.push_back({"the focus leaves after an entry", true, false, [](Host& host) {
                               SendMessageW(host.FocusWindow(), WM_CHAR, '1', 1);
                               SetFocus(host.Window());
@@ -195,7 +200,15 @@ void AddEmbedding(std::vector<Operation>& operations)
         operations.push_back({accompanied ? "the shared font changes" : "the font changes", true, accompanied,
                               [](Host& host) { host.ChangeFont(); }});
     }
-    operations.push_back({"every property", true, true, [](Host& host) { host.SetEveryProperty(); }});
+    for (const bool active : {true, false})
+    {
+        operations.push_back({active ? "every property" : "every property (inactive)", active, active,
+                              [](Host& host) { host.SetEveryProperty(); }});
+    }
+    operations.push_back(Calling<IOleInPlaceObject>("gone and back", true, [](Host& host, auto* object) {
+        object->InPlaceDeactivate();
+        host.Activate(OLEIVERB_UIACTIVATE);
+    }));
 }
 
 void AddPersistence(std::vector<Operation>& operations)

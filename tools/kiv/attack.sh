@@ -99,6 +99,7 @@ attack_each() {
 attack_apart() {
     stay_on_one_processor "$2"
     use_library "$1"
+    show_windows nowhere
     rm -rf "build/attack/$1"
     mkdir -p "build/attack/$1"
     attack_in_turns "$1" "$3" "${jobs[@]}"
