@@ -1,5 +1,6 @@
 # The published contract, made from framework/KivControls.idl by Wine's IDL compiler:
 #   contract/KivControls.h    the interfaces as C++ sees them, included as <KivControls.h>
+#   contract/KivMembers.h     its properties and events as the controls' classes have them
 #   contract/KivControls.tlb  the type library that the resources embed; its path is KIV_TYPE_LIBRARY
 # Link to kiv_contract to get the header and the identifiers (IID_…, CLSID_…, LIBID_KivControls).
 include(KivWidl)
@@ -15,7 +16,14 @@ add_custom_command(
     COMMAND ${KIV_TOOLS_DIR}/kiv-names ${contractDir}/compiled.tlb ${KIV_CONTRACT_NAMES} ${KIV_TYPE_LIBRARY}
     DEPENDS ${contractDir}/compiled.tlb ${KIV_CONTRACT_NAMES} ${KIV_TOOLS_DIR}/kiv-names
     COMMENT "Writing the published names into the type library" VERBATIM)
-add_custom_target(kiv_contract_files DEPENDS ${contractDir}/KivControls.h ${KIV_TYPE_LIBRARY})
+add_custom_command(
+    OUTPUT ${contractDir}/KivMembers.h
+    COMMAND awk -f ${CMAKE_SOURCE_DIR}/tools/contract/members.awk ${KIV_CONTRACT_IDL} ${KIV_CONTRACT_PARTS}
+        > ${contractDir}/KivMembers.h
+    DEPENDS ${CMAKE_SOURCE_DIR}/tools/contract/members.awk ${KIV_CONTRACT_IDL} ${KIV_CONTRACT_PARTS}
+    COMMENT "Writing what the controls' classes have of the contract" VERBATIM)
+add_custom_target(kiv_contract_files
+    DEPENDS ${contractDir}/KivControls.h ${contractDir}/KivMembers.h ${KIV_TYPE_LIBRARY})
 
 # The header only declares its identifiers. The one source that defines them is a single include made here:
 # __uuidof knows interfaces and classes, but not the library's own identifier.

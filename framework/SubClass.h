@@ -45,11 +45,6 @@ bool ErrorPending() noexcept;
 // Stores "Font" when the font differs from the default in size, weight, character set, italic, name
 // (case-sensitive), strikethrough or underline; stores nothing when all are equal.
 void SaveFontProperty(PropertyBag& bag, const FontObject& font, const FontObject& defaultFont);
-// The same, as a way to write a property.
-inline void AsFont(PropertyBag& bag, const wchar_t*, const FontObject& font, const FontObject& defaultFont)
-{
-    SaveFontProperty(bag, font, defaultFont);
-}
 
 // The focus rectangle of an owner-drawn item that has the focus, grown by inset pixels on every side (a
 // negative inset shrinks it).

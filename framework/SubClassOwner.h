@@ -21,14 +21,17 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override
     {
-        return control_.QueryInterface(iid, object);
+        return control_.Outer()->QueryInterface(iid, object);
     }
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return control_.AddRef(); }
-    ULONG STDMETHODCALLTYPE Release() noexcept override { return control_.Release(); }
+    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return control_.Outer()->AddRef(); }
+    ULONG STDMETHODCALLTYPE Release() noexcept override { return control_.Outer()->Release(); }
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override
     {
-        return control_.GetTypeInfoCount(count);
+        if (!count)
+            return E_POINTER;
+        *count = 1;
+        return S_OK;
     }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** typeInfo) noexcept override
     {

@@ -1,4 +1,5 @@
-#include "controls/amount/AmountFilter.h"
+#include "controls/amount/CurrencyRules.h"
+#include "controls/amount/PercentRules.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -76,7 +77,7 @@ void TypeCurrency(const kiv::CurrencyLimits& limits, const std::uint8_t* data, s
     bool hadPoint = false;
     Type(
         data, size,
-        [&](const kiv::BoxState& box, short key) { return kiv::FilterCurrencyKey(box, key, limits, {}); },
+        [&](const kiv::BoxState& box, short key) { return kiv::CurrencyRules(limits).Filter(box, key); },
         [&](const std::wstring& text, short key) {
             Check(text.find_first_not_of(L"0123456789.-") == std::wstring::npos);
             const int points = Count(text, L'.');
@@ -95,13 +96,13 @@ void TypePercent(const kiv::PercentLimits& limits, const std::uint8_t* data, std
 {
     Type(
         data, size,
-        [&](const kiv::BoxState& box, short key) { return kiv::FilterPercentKey(box, key, limits, {}); },
+        [&](const kiv::BoxState& box, short key) { return kiv::PercentRules(limits).Filter(box, key); },
         [&](const std::wstring& text, short) {
             Check(text.find_first_not_of(L"0123456789.") == std::wstring::npos);
             Check(Count(text, L'.') <= (limits.MaxDecimals != 0 ? 1 : 0));
             // Whatever was typed can be asked for and left.
-            kiv::ReadPercent(text, limits, {});
-            kiv::ExitPercent(text, {});
+            kiv::PercentRules(limits).Read(text);
+            kiv::PercentRules().Exit(text);
         });
 }
 

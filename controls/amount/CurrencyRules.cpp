@@ -1,5 +1,6 @@
 #include "controls/amount/CurrencyRules.h"
 
+#include "controls/amount/AmountFilter.h"
 #include "runtime/core/NumberFormat.h"
 #include "runtime/core/NumericText.h"
 #include "runtime/core/PlainText.h"
@@ -32,9 +33,19 @@ bool IsInRange(Currency amount, const CurrencyLimits& limits)
 
 } // namespace
 
-CurrencyReading ReadCurrency(std::wstring_view text, const NumberLocale& locale)
+AmountLayout CurrencyRules::CalcLayout(const AmountSizes& sizes) const
 {
-    const auto number = ParseNumber(text, locale);
+    return CalcCurrencyLayout(sizes);
+}
+
+FilteredKey CurrencyRules::Filter(BoxState box, short keyAscii) const
+{
+    return FilterCurrencyKey(std::move(box), keyAscii, limits_, locale_);
+}
+
+CurrencyReading CurrencyRules::Read(std::wstring_view text) const
+{
+    const auto number = ParseNumber(text, locale_);
     if (!number)
         return {};
     const auto amount = Currency::From(*number);
@@ -43,76 +54,73 @@ CurrencyReading ReadCurrency(std::wstring_view text, const NumberLocale& locale)
     return {CurrencyReading::Kind::Amount, *amount};
 }
 
-bool IsValidCurrency(std::wstring_view text, const CurrencyLimits& limits, const NumberLocale& locale)
+bool CurrencyRules::IsValid(std::wstring_view text) const
 {
-    const CurrencyReading reading = ReadCurrency(text, locale);
+    const CurrencyReading reading = Read(text);
     switch (reading.What)
     {
     case CurrencyReading::Kind::Blank:
         return true;
     case CurrencyReading::Kind::Amount:
-        return IsInRange(reading.Amount, limits);
+        return IsInRange(reading.Amount, limits_);
     case CurrencyReading::Kind::TooLarge:
         break;
     }
     return false;
 }
 
-std::wstring CurrencyRangeMessage(const CurrencyLimits& limits, const NumberLocale& locale)
+std::wstring CurrencyRules::RangeMessage() const
 {
-    return L"Please enter a value between " + PlainText(limits.MinValue, locale) + L" and " +
-           PlainText(limits.MaxValue, locale);
+    return L"Please enter a value between " + PlainText(limits_.MinValue, locale_) + L" and " +
+           PlainText(limits_.MaxValue, locale_);
 }
 
-std::wstring CurrencyDisplayText(std::wstring_view text, const CurrencyLimits& limits,
-                                 const NumberLocale& locale)
+std::wstring CurrencyRules::CaptionOf(std::wstring_view text) const
 {
-    const auto number = ParseNumber(text, locale);
+    const auto number = ParseNumber(text, locale_);
     if (!number)
         return {};
     // A whole amount shows no decimals. Whether it is whole is asked of its fifteen significant digits, so
     // that one of fourteen digits and a few cents (12345678901234.01) shows none either.
-    const bool whole = !HasPoint(PlainText(number->ToDouble(), locale), locale);
-    if (limits.NumDecDigits < 1 || whole)
-        return Format(*number, L"#,##0", locale);
+    const bool whole = !HasPoint(PlainText(number->ToDouble(), locale_), locale_);
+    if (limits_.NumDecDigits < 1 || whole)
+        return Format(*number, L"#,##0", locale_);
     // No zero in front of the point: .50, as people write cents.
-    return Format(*number, WithDecimals(L"#,###.", limits), locale);
+    return Format(*number, WithDecimals(L"#,###.", limits_), locale_);
 }
 
-std::wstring CurrencyTextOf(const std::optional<Decimal>& value, const CurrencyLimits& limits,
-                            const NumberLocale& locale)
+std::wstring CurrencyRules::TextOf(const std::optional<Decimal>& value) const
 {
     if (!value)
         return {};
-    if (limits.NumDecDigits == 0 || limits.AllowRounding)
-        return Format(*value, WholePattern, locale);
-    return Format(*value, WithDecimals(L"#.", limits), locale);
+    if (limits_.NumDecDigits == 0 || limits_.AllowRounding)
+        return Format(*value, WholePattern, locale_);
+    return Format(*value, WithDecimals(L"#.", limits_), locale_);
 }
 
-std::optional<Decimal> PastedCurrency(std::wstring_view clipboard, const CurrencyLimits& limits,
-                                      const NumberLocale& locale)
+std::optional<Decimal> CurrencyRules::Pasted(std::wstring_view clipboard) const
 {
-    const auto number = ParseNumber(clipboard, locale);
+    const auto number = ParseNumber(clipboard, locale_);
     // The range is asked of what Val reads, which stops at a group separator: "1,000" is checked as 1 and set
     // as 1000, "5-" is checked as 5 and set as -5. Deliberate: hosts have always seen it so.
-    const Decimal checked = ValOf(clipboard, locale);
-    if (!number || checked < limits.MinValue.ToDecimal() || checked > limits.MaxValue.ToDecimal())
+    const Decimal checked = ValOf(clipboard, locale_);
+    if (!number || checked < limits_.MinValue.ToDecimal() || checked > limits_.MaxValue.ToDecimal())
         return std::nullopt;
     return number;
 }
 
-AmountExit ExitCurrency(std::wstring_view text, const CurrencyLimits& limits, const NumberLocale& locale)
+AmountExit CurrencyRules::Exit(std::wstring_view text) const
 {
     // Cleared, but in view until the focus leaves once more.
-    if (IsLonePoint(text, locale))
+    if (IsLonePoint(text, locale_))
         return {};
     std::wstring rounded(text);
-    if (limits.AllowRounding)
+    if (limits_.AllowRounding)
     {
-        if (const auto number = ParseNumber(text, locale))
-            rounded = Format(*number, WholePattern, locale);
+        if (const auto number = ParseNumber(text, locale_))
+            rounded = Format(*number, WholePattern, locale_);
     }
-    const bool valid = IsValidCurrency(rounded, limits, locale);
+    const bool valid = IsValid(rounded);
     return {std::move(rounded), valid};
 }
 

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "controls/amount/AmountText.h"
+#include "controls/amount/AmountRules.h"
 #include "controls/amount/CurrencyLimits.h"
 
 namespace kiv
 {
-
-// The rules of CurrencyBox that need no window: what its text means, and what its text becomes.
 
 // What the box's text means.
 struct CurrencyReading
@@ -26,26 +24,30 @@ struct CurrencyReading
     bool operator==(const CurrencyReading&) const = default;
 };
 
-CurrencyReading ReadCurrency(std::wstring_view text, const NumberLocale& locale);
+// The rules of CurrencyBox that need no window: what its text means, and what its text becomes.
+class CurrencyRules final : public AmountRules
+{
+public:
+    explicit CurrencyRules(const CurrencyLimits& limits = {}, const NumberLocale& locale = {}) :
+        limits_(limits), locale_(locale)
+    {
+    }
 
-// IsValidInput, and what it tells the user about an amount that is not.
-bool IsValidCurrency(std::wstring_view text, const CurrencyLimits& limits, const NumberLocale& locale);
-std::wstring CurrencyRangeMessage(const CurrencyLimits& limits, const NumberLocale& locale);
+    AmountLayout CalcLayout(const AmountSizes& sizes) const override;
+    FilteredKey Filter(BoxState box, short keyAscii) const override;
+    std::optional<Decimal> Pasted(std::wstring_view clipboard) const override;
+    std::wstring TextOf(const std::optional<Decimal>& value) const override;
+    // The Text property as well. Empty if the box's text is not numeric.
+    std::wstring CaptionOf(std::wstring_view text) const override;
+    AmountExit Exit(std::wstring_view text) const override;
+    bool IsValid(std::wstring_view text) const override;
+    std::wstring RangeMessage() const override;
 
-// The Text property: the amount as the label shows it. Empty if the box's text is not numeric.
-std::wstring CurrencyDisplayText(std::wstring_view text, const CurrencyLimits& limits,
-                                 const NumberLocale& locale);
+    CurrencyReading Read(std::wstring_view text) const;
 
-// The box's text for a value that the host assigns; none for Null, Empty and what is not numeric. Neither
-// range nor digit counts are looked at.
-std::wstring CurrencyTextOf(const std::optional<Decimal>& value, const CurrencyLimits& limits,
-                            const NumberLocale& locale);
-
-// The value to assign for a text from the clipboard; none if the paste is ignored.
-std::optional<Decimal> PastedCurrency(std::wstring_view clipboard, const CurrencyLimits& limits,
-                                      const NumberLocale& locale);
-
-// The focus leaves.
-AmountExit ExitCurrency(std::wstring_view text, const CurrencyLimits& limits, const NumberLocale& locale);
+private:
+    CurrencyLimits limits_;
+    NumberLocale locale_;
+};
 
 } // namespace kiv

@@ -1,5 +1,6 @@
 #include "controls/amount/PercentRules.h"
 
+#include "controls/amount/AmountFilter.h"
 #include "runtime/core/NumberFormat.h"
 #include "runtime/core/NumericText.h"
 #include "runtime/core/PlainText.h"
@@ -91,60 +92,66 @@ std::wstring PercentPattern(const PercentLimits& limits)
     return Repeated(limits.MaxDigits - 1, L'#') + L"0." + Repeated(limits.MaxDecimals, L'#');
 }
 
-std::wstring PercentTextOf(const std::optional<Decimal>& value, const PercentLimits& limits,
-                           const NumberLocale& locale)
+AmountLayout PercentRules::CalcLayout(const AmountSizes& sizes) const
+{
+    return CalcPercentLayout(sizes);
+}
+
+FilteredKey PercentRules::Filter(BoxState box, short keyAscii) const
+{
+    return FilterPercentKey(std::move(box), keyAscii, limits_, locale_);
+}
+
+std::wstring PercentRules::TextOf(const std::optional<Decimal>& value) const
 {
     if (!value)
         return {};
-    const Decimal direct = limits.DisplayPercent ? value->Shifted(PercentPlaces) : *value;
-    const Decimal shown = limits.Complement ? ComplementOf(direct, limits.DisplayPercent) : direct;
-    return Format(shown, PercentPattern(limits), locale);
+    const Decimal direct = limits_.DisplayPercent ? value->Shifted(PercentPlaces) : *value;
+    const Decimal shown = limits_.Complement ? ComplementOf(direct, limits_.DisplayPercent) : direct;
+    return Format(shown, PercentPattern(limits_), locale_);
 }
 
-bool CheckPercentRange(std::wstring_view text, const PercentLimits& limits, const NumberLocale& locale)
+bool PercentRules::CheckPercentRange(std::wstring_view text) const
 {
-    return text.empty() || IsLonePoint(text, locale) || IsInRange(ValOf(text, locale), limits);
+    return text.empty() || IsLonePoint(text, locale_) || IsInRange(ValOf(text, locale_), limits_);
 }
 
-std::wstring PercentRangeMessage(const PercentLimits& limits, const NumberLocale& locale)
+std::wstring PercentRules::RangeMessage() const
 {
-    return L"Please enter a value within the range " + PlainText(limits.MinValue, locale) + L" to " +
-           PlainText(limits.MaxValue, locale) + L".";
+    return L"Please enter a value within the range " + PlainText(limits_.MinValue, locale_) + L" to " +
+           PlainText(limits_.MaxValue, locale_) + L".";
 }
 
-PercentReading ReadPercent(std::wstring_view text, const PercentLimits& limits, const NumberLocale& locale)
+PercentReading PercentRules::Read(std::wstring_view text) const
 {
-    return CheckPercentRange(text, limits, locale) ? PercentTextToValue(text, limits, locale)
-                                                   : PercentReading();
+    return CheckPercentRange(text) ? PercentTextToValue(text) : PercentReading();
 }
 
-PercentReading PercentTextToValue(std::wstring_view text, const PercentLimits& limits,
-                                  const NumberLocale& locale)
+PercentReading PercentRules::PercentTextToValue(std::wstring_view text) const
 {
     if (text.empty())
         return {};
-    const auto number = ParseNumber(text, locale);
+    const auto number = ParseNumber(text, locale_);
     if (!number)
         return {PercentReading::Kind::Mismatch, {}};
-    const Decimal fraction = limits.DisplayPercent ? number->Shifted(-PercentPlaces) : *number;
-    const Decimal value = limits.Complement ? ComplementOf(fraction, false) : fraction;
-    const int decimals = limits.MaxDecimals + (limits.DisplayPercent ? PercentPlaces : 0);
-    return {PercentReading::Kind::Number, Format(value, L"0." + Repeated(decimals, L'#'), locale)};
+    const Decimal fraction = limits_.DisplayPercent ? number->Shifted(-PercentPlaces) : *number;
+    const Decimal value = limits_.Complement ? ComplementOf(fraction, false) : fraction;
+    const int decimals = limits_.MaxDecimals + (limits_.DisplayPercent ? PercentPlaces : 0);
+    return {PercentReading::Kind::Number, Format(value, L"0." + Repeated(decimals, L'#'), locale_)};
 }
 
-std::optional<Decimal> PastedPercent(std::wstring_view clipboard, const PercentLimits& limits,
-                                     const NumberLocale& locale)
+std::optional<Decimal> PercentRules::Pasted(std::wstring_view clipboard) const
 {
     // The range is asked of the number as it stands, though it is then assigned as a value: with
     // DisplayPercent a pasted 5 passes and shows as 500. Deliberate: hosts have always seen it so.
-    const auto number = ParseNumber(clipboard, locale);
-    return number && IsInRange(ValOf(clipboard, locale), limits) ? number : std::nullopt;
+    const auto number = ParseNumber(clipboard, locale_);
+    return number && IsInRange(ValOf(clipboard, locale_), limits_) ? number : std::nullopt;
 }
 
-AmountExit ExitPercent(std::wstring_view text, const NumberLocale& locale)
+AmountExit PercentRules::Exit(std::wstring_view text) const
 {
     // Cleared, but in view until the focus leaves once more.
-    if (IsLonePoint(text, locale))
+    if (IsLonePoint(text, locale_))
         return {};
     return {std::wstring(text), true};
 }

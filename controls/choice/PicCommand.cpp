@@ -11,8 +11,6 @@ namespace kiv
 namespace
 {
 
-constexpr DISPID ClickEvent = 1;
-
 } // namespace
 
 const ControlClass PicCommand::Class = {
@@ -21,32 +19,51 @@ const ControlClass PicCommand::Class = {
     {1800, 375},
 };
 
-PicCommand::PicCommand(IUnknown* outer) : FontControl(Class, outer) {}
+PicCommand::PicCommand(IUnknown* outer) : PicCommandMembers(Class, outer) {}
 
 void* PicCommand::FindInterface(REFIID iid) noexcept
 {
     if (iid == __uuidof(ISubClass))
         return static_cast<ISubClass*>(&subClass_);
-    return FontControl::FindInterface(iid);
+    return PicCommandMembers::FindInterface(iid);
 }
 
-struct PicCommand::Persisted
+struct PicCommand::Properties
 {
     static constexpr PropertyTable Table{
-        Field(L"DetailStatus", &PicCommand::DetailStatus, 0),
-        Field(L"PictureType", &PicCommand::PictureType, 0),
-        // The button's alone, unlike the property.
-        Property(
-            L"Enabled", [](auto& button) { return button.cmd.Enabled(); },
-            [](auto& button, bool state) { button.cmd.Enabled(state); }, true),
-        Property(
-            L"Caption", [](auto& button) { return button.Caption; },
-            [](auto& button, std::wstring_view caption) { button.TakeCaption(caption); }, L""),
+        // Any number is taken: one that is no status, or no type, shows no picture.
+        Field<L"DetailStatus">(&PicCommand::DetailStatus, 0).LetBy([](auto& button, long status) {
+            button.SetDetailStatus(status);
+        }),
+        Field<L"PictureType">(&PicCommand::PictureType, 0).LetBy([](auto& button, long type) {
+            button.PictureType = type;
+            button.PropertyChanged(L"PictureType");
+            button.RepaintButton();
+        }),
+        // Read as the button's alone.
+        Property<L"Enabled">([](auto& button) { return button.cmd.Enabled(); },
+                             [](auto& button, bool state) { button.cmd.Enabled(state); }, true)
+            .LetBy([](auto& button, bool state) { button.Enabled(state); }),
+        Property<L"Caption">([](auto& button) { return button.Caption; },
+                             [](auto& button, std::wstring_view caption) { button.TakeCaption(caption); },
+                             L"")
+            .LetBy([](auto& button, std::wstring_view caption) {
+                button.TakeCaption(caption);
+                button.PropertyChanged(L"Caption");
+                button.RepaintButton();
+            }),
         // A stored True presses the button.
-        Property(
-            L"Value", [](auto& button) { return button.cmd.Value(); },
-            [](auto& button, bool state) { button.cmd.Value(state); }, false),
-        StoredFont().Written(&AsFont).ReadAt(4),
+        Property<L"Value">([](auto& button) { return button.cmd.Value(); },
+                           [](auto& button, bool state) { button.cmd.Value(state); }, false)
+            .LetBy([](auto& button, bool state) {
+                button.cmd.Value(state);
+                button.PropertyChanged(L"Value");
+            }),
+        FontProperty().ReadAt(4),
+        Unstored<L"BoundDetailStatus">(
+            [](auto& button) { return Variant(button.DetailStatus); },
+            [](auto& button, const Variant& status) { button.SetBoundDetailStatus(status); }),
+        Unstored<L"hwnd">([](auto& button) { return button.TheSurface().hWnd(); }),
     };
 };
 
@@ -68,14 +85,14 @@ void PicCommand::UserControl_Initialize()
 // A new one is called as the form calls it.
 void PicCommand::UserControl_InitProperties()
 {
-    Persisted::Table.Reset(*this);
+    Properties::Table.Reset(*this);
     const std::optional<Variant> name = Extender().Get(L"Name").As(VT_BSTR);
     TakeCaption(name ? name->Text() : std::wstring_view());
 }
 
 void PicCommand::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Read(*this, PropBag);
+    Properties::Table.Read(*this, PropBag);
 }
 
 void PicCommand::UserControl_Resize()
@@ -98,7 +115,7 @@ void PicCommand::UserControl_AccessKeyPress(wchar_t)
 
 void PicCommand::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Write(*this, PropBag);
+    Properties::Table.Write(*this, PropBag);
 }
 
 void PicCommand::UserControl_Terminate()
@@ -110,7 +127,7 @@ void PicCommand::UserControl_Terminate()
 // Also while the control is loading: a stored Value that presses the button is a click like any other.
 void PicCommand::cmd_Click()
 {
-    RaiseEventAtAnyTime(ClickEvent);
+    RaiseEventAtAnyTime(PicCommandEvents::Click);
 }
 
 bool PicCommand::Hooks(HWND hwnd) const
@@ -137,16 +154,6 @@ LRESULT PicCommand::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM
 
 // --- Properties ---
 
-HRESULT PicCommand::get_DetailStatus(DetailStatusEnums* result) noexcept
-{
-    return Get(result, [&] { return static_cast<DetailStatusEnums>(DetailStatus); });
-}
-
-HRESULT PicCommand::put_DetailStatus(DetailStatusEnums newStatus) noexcept
-{
-    return Member([&] { SetDetailStatus(newStatus); });
-}
-
 // Any number is taken: one that is no status shows no picture.
 void PicCommand::SetDetailStatus(long newStatus)
 {
@@ -154,16 +161,6 @@ void PicCommand::SetDetailStatus(long newStatus)
     PropertyChanged(L"DetailStatus");
     PropertyChanged(L"BoundDetailStatus");
     RepaintButton();
-}
-
-HRESULT PicCommand::get_BoundDetailStatus(VARIANT* result) noexcept
-{
-    return result ? Member([&] { Variant(DetailStatus).DetachTo(result); }) : E_POINTER;
-}
-
-HRESULT PicCommand::put_BoundDetailStatus(VARIANT newStatus) noexcept
-{
-    return Member([&] { SetBoundDetailStatus(PlainValue(Variant(newStatus))); });
 }
 
 void PicCommand::SetBoundDetailStatus(const Variant& newStatus)
@@ -174,41 +171,12 @@ void PicCommand::SetBoundDetailStatus(const Variant& newStatus)
     SetDetailStatus(status->Long());
 }
 
-HRESULT PicCommand::get_PictureType(ButtonPictureTypeEnums* result) noexcept
-{
-    return Get(result, [&] { return static_cast<ButtonPictureTypeEnums>(PictureType); });
-}
-
-// Any number is taken, as for DetailStatus.
-HRESULT PicCommand::put_PictureType(ButtonPictureTypeEnums newType) noexcept
-{
-    return Member([&] {
-        PictureType = newType;
-        PropertyChanged(L"PictureType");
-        RepaintButton();
-    });
-}
-
 void PicCommand::Enabled(bool newState)
 {
     EnableWindow(TheSurface().hWnd(), newState);
     TheSurface().Enabled(newState);
     cmd.Enabled(newState);
     PropertyChanged(L"Enabled");
-}
-
-HRESULT PicCommand::get_Caption(BSTR* result) noexcept
-{
-    return Get(result, [&] { return Bstr(Caption).Detach(); });
-}
-
-HRESULT PicCommand::put_Caption(BSTR newText) noexcept
-{
-    return Member([&] {
-        TakeCaption(Bstr::ViewOf(newText));
-        PropertyChanged(L"Caption");
-        RepaintButton();
-    });
 }
 
 // The button's window has the caption too, for those who listen to a screen reader instead of looking.
@@ -218,24 +186,6 @@ void PicCommand::TakeCaption(std::wstring_view newText)
     cmd.Caption(Caption);
     const wchar_t mnemonic = MnemonicOf(Caption);
     SetAccessKeys(std::wstring_view(&mnemonic, mnemonic != 0 ? 1 : 0));
-}
-
-HRESULT PicCommand::get_hwnd(LONG* result) noexcept
-{
-    return Get(result, [&] { return HandleToLong(TheSurface().hWnd()); });
-}
-
-HRESULT PicCommand::get_Value(VARIANT_BOOL* result) noexcept
-{
-    return Get(result, [&] { return cmd.Value() ? VARIANT_TRUE : VARIANT_FALSE; });
-}
-
-HRESULT PicCommand::put_Value(VARIANT_BOOL newState) noexcept
-{
-    return Member([&] {
-        cmd.Value(newState != VARIANT_FALSE);
-        PropertyChanged(L"Value");
-    });
 }
 
 HRESULT PicCommand::Refresh() noexcept

@@ -1,37 +1,27 @@
 #pragma once
 
 #include "controls/choice/PicCommandRules.h"
+#include "controls/standard/StandardControl.h"
 #include "framework/SubClass.h"
 #include "framework/SubClassOwner.h"
 #include "runtime/forms/CommandButton.h"
-#include "runtime/forms/FontControl.h"
 
-#include <KivControls.h>
+#include <KivMembers.h>
 
 namespace kiv
 {
 
 // A push button with a small picture beside its caption: what it leads to, or how complete that is. The
 // button inside is a real, owner-drawn one, whose painting the control does itself.
-class PicCommand final : public FontControl<_PicCommand>
+class PicCommand final : public PicCommandMembers<PicCommand, StandardControl>
 {
 public:
     static const ControlClass Class;
+    struct Properties;
 
     explicit PicCommand(IUnknown* outer);
 
-    // _PicCommand, its own part
-    HRESULT STDMETHODCALLTYPE get_DetailStatus(DetailStatusEnums* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_DetailStatus(DetailStatusEnums newStatus) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_BoundDetailStatus(VARIANT* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_BoundDetailStatus(VARIANT newStatus) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_PictureType(ButtonPictureTypeEnums* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_PictureType(ButtonPictureTypeEnums newType) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Caption(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Caption(BSTR newText) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Value(VARIANT_BOOL* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Value(VARIANT_BOOL newState) noexcept override;
+    // _PicCommand: members with arguments of their own
     HRESULT STDMETHODCALLTYPE Refresh() noexcept override;
 
     bool Hooks(HWND hwnd) const;
@@ -46,8 +36,6 @@ protected:
     bool TakesReturn() const override { return true; }
 
 private:
-    struct Persisted;
-
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;

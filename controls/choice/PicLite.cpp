@@ -31,9 +31,12 @@ COLORREF PlainColor(OLE_COLOR color)
     return (color & systemColor) != 0 ? GetSysColor(static_cast<int>(color & 0xFF)) : color;
 }
 
-HRESULT Copy(const Picture& picture, IPictureDisp** result)
+ComPtr<IPictureDisp> AsAutomation(const Picture& picture)
 {
-    return picture ? picture->QueryInterface(__uuidof(IPictureDisp), reinterpret_cast<void**>(result)) : S_OK;
+    ComPtr<IPictureDisp> object;
+    if (picture)
+        Check(picture.As(&object));
+    return object;
 }
 
 } // namespace
@@ -43,14 +46,26 @@ const ControlClass PicLite::Class = {
     L"KivControls.PicLite", KIV_TOOLBOX_PICLITE, {1440, 1440},
 };
 
-PicLite::PicLite(IUnknown* outer) : DualControl(Class, outer) {}
+PicLite::PicLite(IUnknown* outer) : PicLiteMembers(Class, outer) {}
 
-struct PicLite::Persisted
+struct PicLite::Properties
 {
     static constexpr PropertyTable Table{
-        Field(L"Picture", &PicLite::Picture, nullptr),
-        Field(L"ReplaceColor", &PicLite::ReplaceColor, 0),
-        Field(L"MaskColor", &PicLite::MaskColor, 0),
+        // The same picture is taken anew like any other.
+        Field<L"Picture">(&PicLite::Picture, nullptr)
+            .LetBy([](auto& control, const ComPtr<IPictureDisp>& picture) {
+                control.Picture = picture;
+                control.Recolor();
+                control.Refresh();
+                control.PropertyChanged(L"Picture");
+            }),
+        Field<L"ReplaceColor">(&PicLite::ReplaceColor, 0).LetBy([](auto& control, OLE_COLOR color) {
+            control.SetColor(control.ReplaceColor, color, L"ReplaceColor");
+        }),
+        Field<L"MaskColor">(&PicLite::MaskColor, 0).LetBy([](auto& control, OLE_COLOR color) {
+            control.SetColor(control.MaskColor, color, L"MaskColor");
+        }),
+        Unstored<L"ResultPicture">([](auto& control) { return AsAutomation(control.ResultPicture); }),
     };
 };
 
@@ -58,13 +73,13 @@ struct PicLite::Persisted
 
 void PicLite::UserControl_InitProperties()
 {
-    Persisted::Table.Reset(*this);
+    Properties::Table.Reset(*this);
     Recolor();
 }
 
 void PicLite::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Read(*this, PropBag);
+    Properties::Table.Read(*this, PropBag);
     Recolor();
 }
 
@@ -84,63 +99,19 @@ void PicLite::UserControl_Paint()
 
 void PicLite::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Write(*this, PropBag);
+    Properties::Table.Write(*this, PropBag);
 }
 
 // --- Properties ---
 
-HRESULT PicLite::get_Picture(IPictureDisp** result) noexcept
+void PicLite::SetColor(OLE_COLOR& color, OLE_COLOR newColor, const wchar_t* name)
 {
-    return Get(result, [&] { return ComPtr<IPictureDisp>(Picture).Detach(); });
-}
-
-// The same picture is taken anew like any other.
-HRESULT PicLite::putref_Picture(IPictureDisp* newPicture) noexcept
-{
-    return Member([&] {
-        Picture = newPicture;
-        Recolor();
-        Refresh();
-        PropertyChanged(L"Picture");
-    });
-}
-
-HRESULT PicLite::get_MaskColor(OLE_COLOR* result) noexcept
-{
-    return Get(result, [&] { return MaskColor; });
-}
-
-HRESULT PicLite::put_MaskColor(OLE_COLOR* newColor) noexcept
-{
-    return newColor ? Member([&] { SetColor(MaskColor, newColor, L"MaskColor"); }) : E_POINTER;
-}
-
-HRESULT PicLite::get_ReplaceColor(OLE_COLOR* result) noexcept
-{
-    return Get(result, [&] { return ReplaceColor; });
-}
-
-HRESULT PicLite::put_ReplaceColor(OLE_COLOR* newColor) noexcept
-{
-    return newColor ? Member([&] { SetColor(ReplaceColor, newColor, L"ReplaceColor"); }) : E_POINTER;
-}
-
-void PicLite::SetColor(OLE_COLOR& color, const OLE_COLOR* newColor, const wchar_t* name)
-{
-    if (*newColor == color)
+    if (newColor == color)
         return;
-    color = *newColor;
+    color = newColor;
     Recolor();
     Refresh();
     PropertyChanged(name);
-}
-
-HRESULT PicLite::get_ResultPicture(IPictureDisp** result) noexcept
-{
-    if (!result)
-        return E_POINTER;
-    *result = nullptr;
-    return Member([&] { Check(Copy(ResultPicture, result)); });
 }
 
 // For every control of the library in the thread.

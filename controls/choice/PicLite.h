@@ -1,42 +1,33 @@
 #pragma once
 
 #include "framework/ModuleData.h"
-#include "runtime/forms/DualControl.h"
 
-#include <KivControls.h>
+#include <KivMembers.h>
 
 namespace kiv
 {
 
 // A bitmap with one colour exchanged for another, shown and handed out. Carries the library's SetAppTitle as
 // well.
-class PicLite final : public DualControl<_PicLite>
+class PicLite final : public PicLiteMembers<PicLite, UserControl>
 {
 public:
     static const ControlClass Class;
+    struct Properties;
 
     explicit PicLite(IUnknown* outer);
 
     // _PicLite
-    HRESULT STDMETHODCALLTYPE get_Picture(IPictureDisp** result) noexcept override;
-    HRESULT STDMETHODCALLTYPE putref_Picture(IPictureDisp* newPicture) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_MaskColor(OLE_COLOR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_MaskColor(OLE_COLOR* newColor) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_ReplaceColor(OLE_COLOR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_ReplaceColor(OLE_COLOR* newColor) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_ResultPicture(IPictureDisp** result) noexcept override;
     HRESULT STDMETHODCALLTYPE SetAppTitle(BSTR* NewTitle) noexcept override;
 
 private:
-    struct Persisted;
-
     // The control's life, in its order.
     void UserControl_InitProperties() override;
     void UserControl_ReadProperties(PropertyBag& PropBag) override;
     void UserControl_Paint() override;
     void UserControl_WriteProperties(PropertyBag& PropBag) override;
 
-    void SetColor(OLE_COLOR& color, const OLE_COLOR* newColor, const wchar_t* name);
+    void SetColor(OLE_COLOR& color, OLE_COLOR newColor, const wchar_t* name);
     void Recolor();
 
     Microsoft::WRL::ComPtr<IPictureDisp> Picture;

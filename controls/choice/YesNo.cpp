@@ -13,9 +13,6 @@ namespace kiv
 namespace
 {
 
-constexpr DISPID ClickEvent = 1;
-constexpr DISPID ChangeEvent = 2;
-
 constexpr wchar_t YesCaption[] = L"Yes";
 constexpr wchar_t NoCaption[] = L"No";
 constexpr UINT CaptionFormat = DT_RIGHT | DT_VCENTER | DT_SINGLELINE;
@@ -36,34 +33,39 @@ const ControlClass YesNo::Class = {
     L"KivControls.YesNo", KIV_TOOLBOX_YESNO, {1800, 300},
 };
 
-YesNo::YesNo(IUnknown* outer) : StandardControl(Class, outer) {}
+YesNo::YesNo(IUnknown* outer) : YesNoMembers(Class, outer) {}
 
 void* YesNo::FindInterface(REFIID iid) noexcept
 {
     if (iid == __uuidof(ISubClass))
         return static_cast<ISubClass*>(&subClass_);
-    return StandardControl::FindInterface(iid);
+    return YesNoMembers::FindInterface(iid);
 }
 
-struct YesNo::Persisted
+struct YesNo::Properties
 {
     static constexpr PropertyTable Table{
-        Property(
-            L"BackColor", [](auto& control) { return control.TheSurface().BackColor(); },
-            [](auto& control, OLE_COLOR color) { control.TheSurface().BackColor(color); },
-            SystemColor(COLOR_BTNFACE)),
-        Property(
-            L"ForeColor", [](auto& control) { return control.TheSurface().ForeColor(); },
-            [](auto& control, OLE_COLOR color) { control.TheSurface().ForeColor(color); },
-            SystemColor(COLOR_BTNTEXT)),
-        // Without EnableWindow, unlike the property.
-        Property(
-            L"Enabled", [](auto& control) { return control.TheSurface().Enabled(); },
-            [](auto& control, bool state) { control.TheSurface().Enabled(state); }, true),
-        Field(L"YesText", &YesNo::YesText, L"Y"),
-        Field(L"NoText", &YesNo::NoText, L"N"),
-        Field(L"Value", &YesNo::Value_, Neither),
-        StoredFont().Written(&AsFont).ReadAt(3),
+        Property<L"BackColor">([](auto& control) { return control.TheSurface().BackColor(); },
+                               [](auto& control, OLE_COLOR color) { control.TheSurface().BackColor(color); },
+                               SystemColor(COLOR_BTNFACE))
+            .LetBy([](auto& control, OLE_COLOR color) { control.BackColor(color); }),
+        Property<L"ForeColor">([](auto& control) { return control.TheSurface().ForeColor(); },
+                               [](auto& control, OLE_COLOR color) { control.TheSurface().ForeColor(color); },
+                               SystemColor(COLOR_BTNTEXT))
+            .LetBy([](auto& control, OLE_COLOR color) { control.ForeColor(color); }),
+        // Read without EnableWindow.
+        Property<L"Enabled">([](auto& control) { return control.TheSurface().Enabled(); },
+                             [](auto& control, bool state) { control.TheSurface().Enabled(state); }, true)
+            .LetBy([](auto& control, bool state) { control.Enabled(state); }),
+        Field<L"YesText">(&YesNo::YesText, L"Y"),
+        Field<L"NoText">(&YesNo::NoText, L"N"),
+        Field<L"Value">(&YesNo::Value_, Neither).LetBy([](auto& control, long answer) {
+            control.Value(answer);
+        }),
+        FontProperty().ReadAt(3),
+        Unstored<L"hwnd">([](auto& control) { return control.TheSurface().hWnd(); }),
+        Unstored<L"Text">([](auto& control) { return control.Text(); },
+                          [](auto& control, const Variant& text) { control.Text(text); }),
     };
 };
 
@@ -81,12 +83,12 @@ void YesNo::UserControl_Initialize()
 
 void YesNo::UserControl_InitProperties()
 {
-    Persisted::Table.Reset(*this);
+    Properties::Table.Reset(*this);
 }
 
 void YesNo::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Read(*this, PropBag);
+    Properties::Table.Read(*this, PropBag);
 }
 
 void YesNo::UserControl_Resize()
@@ -160,7 +162,7 @@ void YesNo::UserControl_KeyPress(short& KeyAscii)
 
 void YesNo::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Write(*this, PropBag);
+    Properties::Table.Write(*this, PropBag);
 }
 
 void YesNo::UserControl_Terminate()
@@ -196,42 +198,6 @@ void YesNo::ApplyFont()
     Refresh();
 }
 
-HRESULT YesNo::get_hwnd(LONG* result) noexcept
-{
-    return Get(result, [&] { return HandleToLong(TheSurface().hWnd()); });
-}
-
-HRESULT YesNo::get_YesText(BSTR* result) noexcept
-{
-    return Get(result, [&] { return Bstr(YesText).Detach(); });
-}
-
-HRESULT YesNo::put_YesText(BSTR newText) noexcept
-{
-    return Member([&] {
-        YesText = Bstr::ViewOf(newText);
-        PropertyChanged(L"YesText");
-    });
-}
-
-HRESULT YesNo::get_NoText(BSTR* result) noexcept
-{
-    return Get(result, [&] { return Bstr(NoText.Text()).Detach(); });
-}
-
-HRESULT YesNo::put_NoText(BSTR newText) noexcept
-{
-    return Member([&] {
-        NoText = Variant(Bstr::ViewOf(newText));
-        PropertyChanged(L"NoText");
-    });
-}
-
-HRESULT YesNo::get_Text(VARIANT* result) noexcept
-{
-    return result ? Member([&] { Text().DetachTo(result); }) : E_POINTER;
-}
-
 Variant YesNo::Text() const
 {
     if (Value_ == Yes)
@@ -239,11 +205,6 @@ Variant YesNo::Text() const
     if (Value_ == No)
         return Variant(NoText.Text());
     return Variant::Null();
-}
-
-HRESULT YesNo::put_Text(VARIANT newText) noexcept
-{
-    return Member([&] { Text(PlainValue(Variant(newText))); });
 }
 
 void YesNo::Text(const Variant& newText)
@@ -254,16 +215,6 @@ void YesNo::Text(const Variant& newText)
         Value(Yes);
     else if (Value_ != Neither)
         Value(Neither);
-}
-
-HRESULT YesNo::get_Value(AnswerEnums* result) noexcept
-{
-    return Get(result, [&] { return static_cast<AnswerEnums>(Value_); });
-}
-
-HRESULT YesNo::put_Value(AnswerEnums newAnswer) noexcept
-{
-    return Member([&] { Value(newAnswer); });
 }
 
 // Any number is taken: one that is no answer shows both options unselected.
@@ -298,13 +249,13 @@ bool YesNo::RaiseClick()
 {
     VARIANT_BOOL Cancel = VARIANT_FALSE;
     const Variant arguments[] = {Variant::ByReference(VT_BOOL, &Cancel)};
-    RaiseEvent(ClickEvent, arguments);
+    RaiseEvent(YesNoEvents::Click, arguments);
     return Cancel == VARIANT_FALSE;
 }
 
 void YesNo::RaiseChange()
 {
-    RaiseEvent(ChangeEvent);
+    RaiseEvent(YesNoEvents::Change);
 }
 
 // --- Layout, painting and the answer ---

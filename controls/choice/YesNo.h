@@ -1,35 +1,27 @@
 #pragma once
 
 #include "controls/choice/YesNoRules.h"
+#include "controls/standard/StandardControl.h"
 #include "framework/ModuleData.h"
 #include "framework/SubClass.h"
 #include "framework/SubClassOwner.h"
-#include "runtime/forms/StandardControl.h"
 
-#include <KivControls.h>
+#include <KivMembers.h>
 
 namespace kiv
 {
 
 // A yes/no answer that can be unselected again: choosing the selected option returns it to Neither. Draws
 // itself, the options' focus rectangle included, and asks the host before every change that the user makes.
-class YesNo final : public StandardControl<_YesNo>
+class YesNo final : public YesNoMembers<YesNo, StandardControl>
 {
 public:
     static const ControlClass Class;
+    struct Properties;
 
     explicit YesNo(IUnknown* outer);
 
-    // _YesNo, its own part
-    HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_YesText(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_YesText(BSTR newText) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_NoText(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_NoText(BSTR newText) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Text(VARIANT* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Text(VARIANT newText) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Value(AnswerEnums* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Value(AnswerEnums newAnswer) noexcept override;
+    // _YesNo: members with arguments of their own
     HRESULT STDMETHODCALLTYPE DrawFocusState(AnswerEnums* TargetFocus) noexcept override;
     HRESULT STDMETHODCALLTYPE ShowAboutBox() noexcept override;
 
@@ -40,8 +32,6 @@ protected:
     void* FindInterface(REFIID iid) noexcept override;
 
 private:
-    struct Persisted;
-
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;

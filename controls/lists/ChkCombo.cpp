@@ -12,8 +12,6 @@ namespace kiv
 namespace
 {
 
-constexpr DISPID ClickEvent = DISPID_CLICK;
-
 } // namespace
 
 const ControlClass ChkCombo::Class = {
@@ -21,22 +19,29 @@ const ControlClass ChkCombo::Class = {
     L"KivControls.ChkCombo", KIV_TOOLBOX_CHKCOMBO, {1800, 330},
 };
 
-ChkCombo::ChkCombo(IUnknown* outer) : StandardControl(Class, outer) {}
+ChkCombo::ChkCombo(IUnknown* outer) : ChkComboMembers(Class, outer) {}
 
 void* ChkCombo::FindInterface(REFIID iid) noexcept
 {
     if (iid == __uuidof(ISubClass))
         return static_cast<ISubClass*>(&subClass_);
-    return StandardControl::FindInterface(iid);
+    return ChkComboMembers::FindInterface(iid);
 }
 
-struct ChkCombo::Persisted
+struct ChkCombo::Properties
 {
     static constexpr PropertyTable Table{
-        StoredFont().Written(&AsFont),
-        StoredBackColor(SystemColor(COLOR_WINDOW)),
-        StoredEnabled(),
-        StoredForeColor(SystemColor(COLOR_BTNTEXT)),
+        FontProperty(),
+        BackColorProperty(SystemColor(COLOR_WINDOW)),
+        EnabledProperty(),
+        ForeColorProperty(SystemColor(COLOR_BTNTEXT)),
+        Unstored<L"hwnd">([](auto& list) { return list.combo_.hWnd(); }),
+        Unstored<L"Text">([](auto& list) { return list.combo_.ItemText(list.combo_.Selected()); }),
+        Unstored<L"ListIndex">([](auto& list) { return list.HScroll1.Value(); },
+                               [](auto& list, short selection) { list.ListIndex(selection); }),
+        Unstored<L"ListCount">([](auto& list) { return static_cast<short>(list.combo_.Count()); }),
+        Unstored<L"NewIndex">([](auto& list) { return list.list_.NewIndex(); }),
+        Unstored<L"PreviousIndex">([](auto& list) { return list.list_.PreviousIndex(); }),
     };
 };
 
@@ -59,12 +64,12 @@ void ChkCombo::UserControl_Initialize()
 
 void ChkCombo::UserControl_InitProperties()
 {
-    Persisted::Table.Reset(*this);
+    Properties::Table.Reset(*this);
 }
 
 void ChkCombo::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Read(*this, PropBag);
+    Properties::Table.Read(*this, PropBag);
 }
 
 // The control is as high as the closed combo box, whose height follows from its items'.
@@ -92,7 +97,7 @@ void ChkCombo::UserControl_KeyPress(short& KeyAscii)
 
 void ChkCombo::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Write(*this, PropBag);
+    Properties::Table.Write(*this, PropBag);
 }
 
 // An open list is no child of the control's window, and would stay.
@@ -174,26 +179,6 @@ void ChkCombo::FontChanged()
     PropertyChanged(L"Font");
 }
 
-HRESULT ChkCombo::get_hwnd(LONG* result) noexcept
-{
-    return Get(result, [&] { return HandleToLong(combo_.hWnd()); });
-}
-
-HRESULT ChkCombo::get_Text(BSTR* result) noexcept
-{
-    return Get(result, [&] { return Bstr(combo_.ItemText(combo_.Selected())).Detach(); });
-}
-
-HRESULT ChkCombo::get_ListIndex(short* result) noexcept
-{
-    return Get(result, [&] { return HScroll1.Value(); });
-}
-
-HRESULT ChkCombo::put_ListIndex(short newSelection) noexcept
-{
-    return Member([&] { ListIndex(newSelection); });
-}
-
 // Selecting what is selected already raises nothing, but becomes what was selected before.
 void ChkCombo::ListIndex(short newSelection)
 {
@@ -206,21 +191,6 @@ void ChkCombo::ListIndex(short newSelection)
     MoveSelection(newSelection);
     combo_.Select(newSelection);
     RaiseClick();
-}
-
-HRESULT ChkCombo::get_ListCount(short* result) noexcept
-{
-    return Get(result, [&] { return static_cast<short>(combo_.Count()); });
-}
-
-HRESULT ChkCombo::get_NewIndex(short* result) noexcept
-{
-    return Get(result, [&] { return list_.NewIndex(); });
-}
-
-HRESULT ChkCombo::get_PreviousIndex(short* result) noexcept
-{
-    return Get(result, [&] { return list_.PreviousIndex(); });
 }
 
 HRESULT ChkCombo::get_List(short Index, BSTR* result) noexcept
@@ -393,7 +363,7 @@ void ChkCombo::FollowShift(short index)
 
 void ChkCombo::RaiseClick()
 {
-    RaiseEvent(ClickEvent);
+    RaiseEvent(ChkComboEvents::Click);
 }
 
 } // namespace kiv

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "controls/lists/ChkComboRules.h"
+#include "controls/standard/StandardControl.h"
 #include "framework/SubClass.h"
 #include "framework/SubClassOwner.h"
 #include "runtime/forms/ComboBox.h"
 #include "runtime/forms/ReachWatch.h"
 #include "runtime/forms/ScrollBar.h"
-#include "runtime/forms/StandardControl.h"
 
-#include <KivControls.h>
+#include <KivMembers.h>
 
 #include <optional>
 
@@ -17,21 +17,15 @@ namespace kiv
 
 // A drop-down list whose items carry a completion status, drawn as an icon in front of the text. The focus is
 // with HScroll1, which nobody sees: its value is the selection, kept equal to the combo box's own.
-class ChkCombo final : public StandardControl<_ChkCombo>
+class ChkCombo final : public ChkComboMembers<ChkCombo, StandardControl>
 {
 public:
     static const ControlClass Class;
+    struct Properties;
 
     explicit ChkCombo(IUnknown* outer);
 
-    // _ChkCombo, its own part
-    HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_ListIndex(short* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_ListIndex(short newSelection) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_ListCount(short* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_NewIndex(short* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_PreviousIndex(short* result) noexcept override;
+    // _ChkCombo: members with arguments of their own
     HRESULT STDMETHODCALLTYPE get_List(short Index, BSTR* result) noexcept override;
     HRESULT STDMETHODCALLTYPE put_List(short Index, BSTR newText) noexcept override;
     HRESULT STDMETHODCALLTYPE get_ItemData(short Index, LONG* result) noexcept override;
@@ -54,8 +48,6 @@ protected:
     bool Wants(WPARAM key) const override;
 
 private:
-    struct Persisted;
-
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;

@@ -11,11 +11,6 @@ namespace kiv
 namespace
 {
 
-constexpr DISPID DblClickEvent = DISPID_DBLCLICK;
-constexpr DISPID DropDownEvent = 1;
-constexpr DISPID CloseUpEvent = 2;
-constexpr DISPID ActiveStateChangedEvent = 3;
-
 constexpr UINT ItemTextFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
 
 HICON PictureFor(ItemIcon icon)
@@ -115,7 +110,7 @@ LRESULT ChkCombo::ControlMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lPar
         VARIANT_BOOL enabled = Enabled() ? VARIANT_TRUE : VARIANT_FALSE;
         const Variant arguments[] = {Variant::ByReference(VT_BOOL, &visible),
                                      Variant::ByReference(VT_BOOL, &enabled)};
-        RaiseEvent(ActiveStateChangedEvent, arguments);
+        RaiseEvent(ChkComboEvents::ActiveStateChanged, arguments);
         break;
     }
     case WM_DRAWITEM:
@@ -143,7 +138,7 @@ void ChkCombo::Combo_Notified(WORD code)
         Combo_SelChange();
         break;
     case CBN_DBLCLK:
-        RaiseEvent(DblClickEvent);
+        RaiseEvent(ChkComboEvents::DblClick);
         break;
     case CBN_DROPDOWN:
         choosing_ = false;
@@ -172,7 +167,7 @@ void ChkCombo::Combo_DropDown()
     const SIZE size = TheSurface().PixelSize();
     combo_.Move(0, 0, size.cx, DropDownHeight(size.cy, combo_.ItemHeight(), combo_.Count()), true);
     const bool hadFocus = TheSurface().ContainsFocus();
-    RaiseEvent(DropDownEvent);
+    RaiseEvent(ChkComboEvents::DropDown);
     // The host may have put the control away, or have moved the focus: the list opens all the same, and is
     // not to stay. Neither is it when that happens later.
     const bool lostFocus = hadFocus && !TheSurface().ContainsFocus();
@@ -191,7 +186,7 @@ void ChkCombo::Combo_CloseUp()
     // What the pointer merely passed over is not selected. A choice is yet to be told.
     if (!choosing_)
         FollowShift(HScroll1.Value());
-    RaiseEvent(CloseUpEvent);
+    RaiseEvent(ChkComboEvents::CloseUp);
 }
 
 void ChkCombo::DrawItem(const DRAWITEMSTRUCT& item) const

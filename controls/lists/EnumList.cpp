@@ -19,8 +19,6 @@ namespace kiv
 namespace
 {
 
-constexpr DISPID SelectionChangedEvent = 1;
-
 constexpr double ButtonWidth = 255; // twips
 
 // With this number as its WhatsThisHelpID a control's picker shows codes, whatever the control itself shows.
@@ -33,26 +31,33 @@ const ControlClass EnumList::Class = {
     L"KivControls.EnumList", KIV_TOOLBOX_ENUMLIST, {1815, 285},          true,
 };
 
-EnumList::EnumList(IUnknown* outer) : StandardControl(Class, outer) {}
+EnumList::EnumList(IUnknown* outer) : EnumListMembers(Class, outer) {}
 
-struct EnumList::Persisted
+struct EnumList::Properties
 {
     static constexpr PropertyTable Table{
-        StoredBackColor(SystemColor(COLOR_WINDOW)),
-        StoredForeColor(SystemColor(COLOR_BTNTEXT)),
-        StoredEnabled(),
-        StoredFont().Written(&AsFont),
-        Field(L"TableName", &EnumList::TableName, L""),
-        Field(L"StateCode", &EnumList::StateCode, L""),
-        Field(L"EnumListTitle", &EnumList::EnumListTitle, L""),
-        Property(
-            L"DisplayStyle", [](auto& list) { return list.displayStyle_; },
-            [](auto& list, long style) { list.DisplayStyle(style); }, Code),
+        BackColorProperty(SystemColor(COLOR_WINDOW)),
+        ForeColorProperty(SystemColor(COLOR_BTNTEXT)),
+        EnabledProperty(),
+        FontProperty(),
+        Field<L"TableName">(&EnumList::TableName, L"").Silently(),
+        Field<L"StateCode">(&EnumList::StateCode, L"").Silently(),
+        Field<L"EnumListTitle">(&EnumList::EnumListTitle, L"").Silently(),
+        Property<L"DisplayStyle">([](auto& list) { return list.displayStyle_; },
+                                  [](auto& list, long style) { list.DisplayStyle(style); }, Code),
         // The default moves with the style.
-        Property(
-            L"SortListBy", [](auto& list) { return list.sortListBy_; },
-            [](auto& list, long order) { list.SortListBy(order); },
-            [](auto& list) { return list.displayStyle_; }),
+        Property<L"SortListBy">([](auto& list) { return list.sortListBy_; },
+                                [](auto& list, long order) { list.SortListBy(order); },
+                                [](auto& list) { return list.displayStyle_; }),
+        Unstored<L"Database">([](auto& list) { return list.Database; },
+                              // The former one goes last.
+                              [](auto& list, ComPtr<IDispatch> database) { list.Database.Swap(database); }),
+        Unstored<L"EnumText">([](auto& list) { return list.EnumText(); }),
+        Unstored<L"EnumCode">([](auto& list) { return list.enumCode_; },
+                              [](auto& list, std::wstring_view code) { list.EnumCode(code); }),
+        Unstored<L"BoundEnumCode">(
+            [](auto& list) { return list.enumCode_.empty() ? Variant::Null() : Variant(list.enumCode_); },
+            [](auto& list, const Variant& code) { list.BoundEnumCode(code); }),
     };
 };
 
@@ -71,13 +76,13 @@ void EnumList::UserControl_Initialize()
 void EnumList::UserControl_InitProperties()
 {
     Clear();
-    Persisted::Table.Reset(*this);
+    Properties::Table.Reset(*this);
 }
 
 void EnumList::UserControl_ReadProperties(PropertyBag& PropBag)
 {
     Clear();
-    Persisted::Table.Read(*this, PropBag);
+    Properties::Table.Read(*this, PropBag);
     PickerSortOrder = sortListBy_;
 }
 
@@ -132,7 +137,7 @@ void EnumList::UserControl_KeyDown(short& KeyCode, short Shift)
 
 void EnumList::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Write(*this, PropBag);
+    Properties::Table.Write(*this, PropBag);
 }
 
 // A control that is taken away takes its picker along: nobody would hear of a choice.
@@ -178,7 +183,7 @@ void EnumList::cmd_Click()
     // Copied: whoever hears of the change may open the picker again.
     if (FAILED(Boundary([&, chosen = picker.EnumCode()] { EnumCode(chosen); })))
         TellTableUnread(); // no caller is there to get the error
-    RaiseEvent(SelectionChangedEvent);
+    RaiseEvent(EnumListEvents::SelectionChanged);
 }
 
 bool EnumList::ShowsCodes() const
@@ -230,58 +235,6 @@ double EnumList::LabelHeight() const
     return lbl.LineHeight() * Screen::TwipsPerPixelY();
 }
 
-HRESULT EnumList::get_StateCode(BSTR* result) noexcept
-{
-    return Get(result, [&] { return Bstr(StateCode).Detach(); });
-}
-
-// Like the next two: neither notified nor looked up.
-HRESULT EnumList::put_StateCode(BSTR newState) noexcept
-{
-    return Member([&] { StateCode = Bstr::ViewOf(newState); });
-}
-
-HRESULT EnumList::get_TableName(BSTR* result) noexcept
-{
-    return Get(result, [&] { return Bstr(TableName).Detach(); });
-}
-
-HRESULT EnumList::put_TableName(BSTR newTable) noexcept
-{
-    return Member([&] { TableName = Bstr::ViewOf(newTable); });
-}
-
-HRESULT EnumList::get_EnumListTitle(BSTR* result) noexcept
-{
-    return Get(result, [&] { return Bstr(EnumListTitle).Detach(); });
-}
-
-HRESULT EnumList::put_EnumListTitle(BSTR newTitle) noexcept
-{
-    return Member([&] { EnumListTitle = Bstr::ViewOf(newTitle); });
-}
-
-HRESULT EnumList::putref_Database(IDispatch* newDatabase) noexcept
-{
-    return Member([&] { Database = ComPtr<IDispatch>(newDatabase); }); // the former one goes last
-}
-
-// In the style Code the text on display is the code, and nothing is looked up for it.
-HRESULT EnumList::get_EnumText(BSTR* result) noexcept
-{
-    return Get(result, [&] { return Bstr(displayStyle_ == Code ? enumCode_ : lbl.Caption()).Detach(); });
-}
-
-HRESULT EnumList::get_DisplayStyle(DisplayStyleEnums* result) noexcept
-{
-    return Get(result, [&] { return static_cast<DisplayStyleEnums>(displayStyle_); });
-}
-
-HRESULT EnumList::put_DisplayStyle(DisplayStyleEnums newStyle) noexcept
-{
-    return Member([&] { DisplayStyle(newStyle); });
-}
-
 // Any number is taken; one that is not Code shows the description.
 void EnumList::DisplayStyle(long newStyle)
 {
@@ -291,30 +244,15 @@ void EnumList::DisplayStyle(long newStyle)
     RefreshEnumLabel();
 }
 
-HRESULT EnumList::get_SortListBy(DisplayStyleEnums* result) noexcept
-{
-    return Get(result, [&] { return static_cast<DisplayStyleEnums>(sortListBy_); });
-}
-
-HRESULT EnumList::put_SortListBy(DisplayStyleEnums newOrder) noexcept
-{
-    return Member([&] { SortListBy(newOrder); });
-}
-
 void EnumList::SortListBy(long newOrder)
 {
     sortListBy_ = newOrder;
     PropertyChanged(L"SortListBy");
 }
 
-HRESULT EnumList::get_EnumCode(BSTR* result) noexcept
+std::wstring EnumList::EnumText() const
 {
-    return Get(result, [&] { return Bstr(enumCode_).Detach(); });
-}
-
-HRESULT EnumList::put_EnumCode(BSTR newCode) noexcept
-{
-    return Member([&] { EnumCode(Bstr::ViewOf(newCode)); });
+    return displayStyle_ == Code ? enumCode_ : lbl.Caption();
 }
 
 void EnumList::EnumCode(std::wstring_view newCode)
@@ -323,18 +261,6 @@ void EnumList::EnumCode(std::wstring_view newCode)
     PropertyChanged(L"EnumCode");
     PropertyChanged(L"BoundEnumCode");
     RefreshEnumLabel();
-}
-
-HRESULT EnumList::get_BoundEnumCode(VARIANT* result) noexcept
-{
-    if (!result)
-        return E_POINTER;
-    return Member([&] { (enumCode_.empty() ? Variant::Null() : Variant(enumCode_)).DetachTo(result); });
-}
-
-HRESULT EnumList::put_BoundEnumCode(VARIANT newCode) noexcept
-{
-    return Member([&] { BoundEnumCode(PlainValue(Variant(newCode))); });
 }
 
 // Both notifications come twice: from EnumCode and from here. Data-bound hosts rely on it.

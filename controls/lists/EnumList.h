@@ -1,49 +1,30 @@
 #pragma once
 
 #include "controls/lists/EnumLayout.h"
+#include "controls/standard/StandardControl.h"
 #include "runtime/forms/CommandButton.h"
 #include "runtime/forms/Label.h"
-#include "runtime/forms/StandardControl.h"
 
-#include <KivControls.h>
+#include <KivMembers.h>
 
 namespace kiv
 {
 
 // One code of a table in the host's database, shown as it is or by its description. The user chooses another
 // in the picker, which the button opens.
-class EnumList final : public StandardControl<_EnumList>
+class EnumList final : public EnumListMembers<EnumList, StandardControl>
 {
 public:
     static const ControlClass Class;
+    struct Properties;
 
     explicit EnumList(IUnknown* outer);
-
-    // _EnumList, its own part
-    HRESULT STDMETHODCALLTYPE get_StateCode(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_StateCode(BSTR newState) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_TableName(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_TableName(BSTR newTable) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_EnumListTitle(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_EnumListTitle(BSTR newTitle) noexcept override;
-    HRESULT STDMETHODCALLTYPE putref_Database(IDispatch* newDatabase) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_EnumText(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_DisplayStyle(DisplayStyleEnums* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_DisplayStyle(DisplayStyleEnums newStyle) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_SortListBy(DisplayStyleEnums* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_SortListBy(DisplayStyleEnums newOrder) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_EnumCode(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_EnumCode(BSTR newCode) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_BoundEnumCode(VARIANT* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_BoundEnumCode(VARIANT newCode) noexcept override;
 
 protected:
     const Window& FocusWindow() const override { return cmd; }
     const Label* TippedLabel() const override { return &lbl; }
 
 private:
-    struct Persisted;
-
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;
@@ -66,6 +47,7 @@ private:
     void FontAssigned() override;
     void DisplayStyle(long newStyle);
     void SortListBy(long newOrder);
+    std::wstring EnumText() const;
     void EnumCode(std::wstring_view newCode);
     void BoundEnumCode(const Variant& newCode);
 

@@ -11,12 +11,6 @@ namespace kiv
 namespace
 {
 
-constexpr DISPID ChangeEvent = 1;
-constexpr DISPID ClickEvent = 2;
-constexpr DISPID KeyDownEvent = 3;
-constexpr DISPID KeyPressEvent = 4;
-constexpr DISPID KeyUpEvent = 5;
-
 } // namespace
 
 const ControlClass DateBox::Class = {
@@ -24,32 +18,42 @@ const ControlClass DateBox::Class = {
     L"KivControls.DateBox", KIV_TOOLBOX_DATEBOX, {1200, 285},
 };
 
-DateBox::DateBox(IUnknown* outer) : EntryControl(Class, outer) {}
+DateBox::DateBox(IUnknown* outer) : DateBoxMembers(Class, outer) {}
 
-struct DateBox::Persisted
+struct DateBox::Properties
 {
     static constexpr PropertyTable Table{
-        Property(
-            L"AllowVarious", [](auto& box) { return box.rules_.AllowVarious(); },
-            [](auto& box, bool state) { box.rules_.SetAllowVarious(state); }, false),
-        StoredBackColor(SystemColor(COLOR_WINDOW)),
-        StoredEnabled(),
-        StoredForeColor([](const DateBox& box) { return box.Ambient().ForeColor(); }),
-        Property(
-            L"Style", [](auto& box) { return box.rules_.Style(); },
-            [](auto& box, DateFormat style) { box.TakeStyle(style); }, DateFormat::MonthDayYear),
+        Property<L"AllowVarious">([](auto& box) { return box.rules_.AllowVarious(); },
+                                  [](auto& box, bool state) { box.rules_.SetAllowVarious(state); }, false)
+            .LetBy([](auto& box, bool state) {
+                box.rules_.SetAllowVarious(state);
+                box.PropertyChanged(L"AllowVarious");
+            }),
+        BackColorProperty(SystemColor(COLOR_WINDOW)),
+        EnabledProperty(),
+        ForeColorProperty([](const DateBox& box) { return box.Ambient().ForeColor(); }),
+        Property<L"Style">([](auto& box) { return box.rules_.Style(); },
+                           [](auto& box, DateFormat style) { box.TakeStyle(style); },
+                           DateFormat::MonthDayYear)
+            .LetBy([](auto& box, DateFormat style) {
+                box.TakeStyle(style);
+                box.PropertyChanged(L"Style");
+            }),
         // Stored as they are: cutting them down to what the layout shows is for bounds that the host sets.
-        Property(
-            L"MaxDate", [](auto& box) { return box.rules_.MaxDate(); },
-            [](auto& box, double date) { box.rules_.StoreMaxDate(date); },
-            [](auto&) { return DateRules().MaxDate(); })
-            .IfUsable([](auto& box, double date) { return DateRules(box.rules_).StoreMaxDate(date); }),
-        Property(
-            L"MinDate", [](auto& box) { return box.rules_.MinDate(); },
-            [](auto& box, double date) { box.rules_.StoreMinDate(date); },
-            [](auto&) { return DateRules().MinDate(); })
-            .IfUsable([](auto& box, double date) { return DateRules(box.rules_).StoreMinDate(date); }),
-        StoredFont().Written(&AsFont).ReadAt(3),
+        Property<L"MaxDate">([](auto& box) { return box.rules_.MaxDate(); },
+                             [](auto& box, double date) { box.rules_.StoreMaxDate(date); },
+                             [](auto&) { return DateRules().MaxDate(); })
+            .IfUsable([](auto& box, double date) { return DateRules(box.rules_).StoreMaxDate(date); })
+            .LetBy([](auto& box, double date) { box.Let(L"MaxDate", &DateRules::StoreMaxDate, date); }),
+        Property<L"MinDate">([](auto& box) { return box.rules_.MinDate(); },
+                             [](auto& box, double date) { box.rules_.StoreMinDate(date); },
+                             [](auto&) { return DateRules().MinDate(); })
+            .IfUsable([](auto& box, double date) { return DateRules(box.rules_).StoreMinDate(date); })
+            .LetBy([](auto& box, double date) { box.Let(L"MinDate", &DateRules::StoreMinDate, date); }),
+        FontProperty().ReadAt(3),
+        Unstored<L"hwnd">([](auto& box) { return box.txtDate.hWnd(); }),
+        Unstored<L"Text">([](auto& box) { return box.txtDate.Text(); }),
+        ValueProperty(),
     };
 };
 
@@ -66,14 +70,14 @@ void DateBox::UserControl_Initialize()
 void DateBox::UserControl_InitProperties()
 {
     rules_ = DateRules();
-    Persisted::Table.Reset(*this);
+    Properties::Table.Reset(*this);
     txtDate.Text(rules_.Mask());
 }
 
 void DateBox::UserControl_ReadProperties(PropertyBag& PropBag)
 {
     rules_ = DateRules();
-    Persisted::Table.Read(*this, PropBag);
+    Properties::Table.Read(*this, PropBag);
     txtDate.Text(rules_.Mask());
 }
 
@@ -89,7 +93,7 @@ void DateBox::UserControl_EnterFocus()
 
 void DateBox::UserControl_KeyDown(short& KeyCode, short Shift)
 {
-    RaiseKeyEvent(KeyDownEvent, KeyCode, Shift);
+    RaiseKeyEvent(DateBoxEvents::KeyDown, KeyCode, Shift);
     // Delete with Shift is the older key for cutting.
     if (KeyCode == DeleteKey && Shift != ShiftHeld)
         Apply(rules_.KeyDown(StateOf(txtDate), KeyCode), txtDate, KeyCode);
@@ -97,13 +101,13 @@ void DateBox::UserControl_KeyDown(short& KeyCode, short Shift)
 
 void DateBox::UserControl_KeyPress(short& KeyAscii)
 {
-    RaiseKeyEvent(KeyPressEvent, KeyAscii);
+    RaiseKeyEvent(DateBoxEvents::KeyPress, KeyAscii);
     Apply(rules_.KeyPress(StateOf(txtDate), KeyAscii), txtDate, KeyAscii);
 }
 
 void DateBox::UserControl_KeyUp(short& KeyCode, short Shift)
 {
-    RaiseKeyEvent(KeyUpEvent, KeyCode, Shift);
+    RaiseKeyEvent(DateBoxEvents::KeyUp, KeyCode, Shift);
 }
 
 void DateBox::UserControl_ExitFocus()
@@ -114,7 +118,7 @@ void DateBox::UserControl_ExitFocus()
 
 void DateBox::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Write(*this, PropBag);
+    Properties::Table.Write(*this, PropBag);
 }
 
 void DateBox::UserControl_Terminate()
@@ -124,13 +128,13 @@ void DateBox::UserControl_Terminate()
 
 void DateBox::txtDate_Change()
 {
-    RaiseEvent(ChangeEvent);
+    RaiseEvent(DateBoxEvents::Change);
     PropertyChanged(L"Value");
 }
 
 void DateBox::txtDate_Click()
 {
-    RaiseEvent(ClickEvent);
+    RaiseEvent(DateBoxEvents::Click);
 }
 
 LRESULT DateBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
@@ -142,19 +146,6 @@ LRESULT DateBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lP
 }
 
 // --- Properties ---
-
-HRESULT DateBox::get_AllowVarious(VARIANT_BOOL* result) noexcept
-{
-    return Get(result, [&] { return rules_.AllowVarious() ? VARIANT_TRUE : VARIANT_FALSE; });
-}
-
-HRESULT DateBox::put_AllowVarious(VARIANT_BOOL newState) noexcept
-{
-    return Member([&] {
-        rules_.SetAllowVarious(newState != VARIANT_FALSE);
-        PropertyChanged(L"AllowVarious");
-    });
-}
 
 void DateBox::BackColor(OLE_COLOR newColor)
 {
@@ -179,59 +170,6 @@ void DateBox::ApplyFont()
 {
     txtDate.Font(TheSurface().FontHandle());
     UserControl_Resize();
-}
-
-HRESULT DateBox::get_hwnd(LONG* result) noexcept
-{
-    return Get(result, [&] { return HandleToLong(txtDate.hWnd()); });
-}
-
-HRESULT DateBox::get_Style(DateFormatEnums* result) noexcept
-{
-    return Get(result, [&] { return static_cast<DateFormatEnums>(rules_.Style()); });
-}
-
-HRESULT DateBox::put_Style(DateFormatEnums newStyle) noexcept
-{
-    return Member([&] {
-        TakeStyle(static_cast<DateFormat>(newStyle));
-        PropertyChanged(L"Style");
-    });
-}
-
-HRESULT DateBox::get_MaxDate(DATE* result) noexcept
-{
-    return Get(result, [&] { return rules_.MaxDate(); });
-}
-
-HRESULT DateBox::put_MaxDate(DATE newDate) noexcept
-{
-    return Member([&] {
-        const std::optional<double> bound = rules_.AsShown(newDate);
-        if (!bound || !rules_.StoreMaxDate(*bound))
-            throw ComError(InvalidPropertyValue);
-        PropertyChanged(L"MaxDate");
-    });
-}
-
-HRESULT DateBox::get_MinDate(DATE* result) noexcept
-{
-    return Get(result, [&] { return rules_.MinDate(); });
-}
-
-HRESULT DateBox::put_MinDate(DATE newDate) noexcept
-{
-    return Member([&] {
-        const std::optional<double> bound = rules_.AsShown(newDate);
-        if (!bound || !rules_.StoreMinDate(*bound))
-            throw ComError(InvalidPropertyValue);
-        PropertyChanged(L"MinDate");
-    });
-}
-
-HRESULT DateBox::get_Text(BSTR* result) noexcept
-{
-    return Get(result, [&] { return Bstr(txtDate.Text()).Detach(); });
 }
 
 Variant DateBox::Value() const
@@ -267,6 +205,15 @@ void DateBox::Value(const Variant& newDate)
 }
 
 // --- Methods ---
+
+// A bound, as much of it as the layout shows.
+void DateBox::Let(const wchar_t* name, bool (DateRules::*store)(double), double date)
+{
+    const std::optional<double> bound = rules_.AsShown(date);
+    if (!bound || !(rules_.*store)(*bound))
+        throw ComError(InvalidPropertyValue);
+    PropertyChanged(name);
+}
 
 HRESULT DateBox::InitStyle() noexcept
 {

@@ -3,38 +3,30 @@
 #include "controls/entry/EntryControl.h"
 #include "controls/masked/DateRules.h"
 
+#include <KivMembers.h>
+
 namespace kiv
 {
 
 // A date in one of eight layouts, overtyped in txtDate and checked against a period.
-class DateBox final : public EntryControl<_DateBox>
+class DateBox final : public DateBoxMembers<DateBox, EntryControl>
 {
 public:
     static const ControlClass Class;
+    struct Properties;
 
     explicit DateBox(IUnknown* outer);
 
-    // _DateBox, its own part
-    HRESULT STDMETHODCALLTYPE get_AllowVarious(VARIANT_BOOL* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_AllowVarious(VARIANT_BOOL newState) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Style(DateFormatEnums* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Style(DateFormatEnums newStyle) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_MaxDate(DATE* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_MaxDate(DATE newDate) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_MinDate(DATE* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_MinDate(DATE newDate) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) noexcept override;
+    // _DateBox: members with arguments of their own
     HRESULT STDMETHODCALLTYPE InitStyle() noexcept override;
 
     LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
+    bool IsValidInput(bool ShowMessage) override;
 
 protected:
     const Window& FocusWindow() const override { return txtDate; }
 
 private:
-    struct Persisted;
-
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;
@@ -62,7 +54,7 @@ private:
     void Value(const Variant& newDate) override;
 
     void TakeStyle(DateFormat newStyle);
-    bool IsValidInput(bool ShowMessage) override;
+    void Let(const wchar_t* name, bool (DateRules::*store)(double), double date);
 
     DateRules rules_;
     TextBox txtDate{*this, TheSurface().hWnd()};

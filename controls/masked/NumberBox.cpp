@@ -11,11 +11,6 @@ namespace kiv
 namespace
 {
 
-constexpr DISPID ChangeEvent = 1;
-constexpr DISPID KeyDownEvent = 2;
-constexpr DISPID KeyPressEvent = 3;
-constexpr DISPID KeyUpEvent = 4;
-
 } // namespace
 
 const ControlClass NumberBox::Class = {
@@ -23,25 +18,27 @@ const ControlClass NumberBox::Class = {
     L"KivControls.NumberBox", KIV_TOOLBOX_NUMBERBOX, {1440, 285},
 };
 
-NumberBox::NumberBox(IUnknown* outer) : EntryControl(Class, outer) {}
+NumberBox::NumberBox(IUnknown* outer) : NumberBoxMembers(Class, outer) {}
 
-struct NumberBox::Persisted
+struct NumberBox::Properties
 {
     static constexpr PropertyTable Table{
-        StoredBackColor(SystemColor(COLOR_WINDOW)),
-        StoredEnabled(),
-        StoredForeColor(SystemColor(COLOR_WINDOWTEXT)).ReadAt(1),
-        Property(
-            L"Style", [](auto& box) { return box.rules_.Style(); },
-            [](auto& box, NumberFormat style) { box.Style(style); }, NumberFormat::SSN),
+        BackColorProperty(SystemColor(COLOR_WINDOW)),
+        EnabledProperty(),
+        ForeColorProperty(SystemColor(COLOR_WINDOWTEXT)).ReadAt(1),
+        Property<L"Style">([](auto& box) { return box.rules_.Style(); },
+                           [](auto& box, NumberFormat style) { box.Style(style); }, NumberFormat::SSN),
         // Without a default: the one that it is read with is the box's own length, which says nothing here.
-        Property(
-            L"MaxLength", [](auto& box) { return box.txtNumber.MaxLength(); },
-            [](auto& box, short length) { box.MaxLength(length); },
-            [](auto& box) { return box.txtNumber.MaxLength(); })
+        Property<L"MaxLength">([](auto& box) { return box.txtNumber.MaxLength(); },
+                               [](auto& box, short length) { box.MaxLength(length); },
+                               [](auto& box) { return box.txtNumber.MaxLength(); })
             .OnlyIf([](auto& box) { return box.rules_.Style() == NumberFormat::Custom; })
             .Written(WithoutDefault()),
-        StoredFont().Written(&AsFont).ReadAt(3),
+        FontProperty().ReadAt(3),
+        Unstored<L"hwnd">([](auto& box) { return box.HookedWindow(); }),
+        Unstored<L"Text">([](auto& box) { return box.Text(); },
+                          [](auto& box, std::wstring_view text) { box.Value(Variant(text)); }),
+        ValueProperty(),
     };
 };
 
@@ -58,12 +55,12 @@ void NumberBox::UserControl_Initialize()
 
 void NumberBox::UserControl_InitProperties()
 {
-    Persisted::Table.Reset(*this);
+    Properties::Table.Reset(*this);
 }
 
 void NumberBox::UserControl_ReadProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Read(*this, PropBag);
+    Properties::Table.Read(*this, PropBag);
 }
 
 void NumberBox::UserControl_Resize()
@@ -78,7 +75,7 @@ void NumberBox::UserControl_EnterFocus()
 
 void NumberBox::UserControl_KeyDown(short& KeyCode, short Shift)
 {
-    RaiseKeyEvent(KeyDownEvent, KeyCode, Shift);
+    RaiseKeyEvent(NumberBoxEvents::KeyDown, KeyCode, Shift);
     // Delete with Shift is the older key for cutting.
     if (KeyCode == DeleteKey && Shift != ShiftHeld)
         Apply(rules_.KeyDown(StateOf(*activeBox_), KeyCode), *activeBox_, KeyCode);
@@ -86,18 +83,18 @@ void NumberBox::UserControl_KeyDown(short& KeyCode, short Shift)
 
 void NumberBox::UserControl_KeyPress(short& KeyAscii)
 {
-    RaiseKeyEvent(KeyPressEvent, KeyAscii);
+    RaiseKeyEvent(NumberBoxEvents::KeyPress, KeyAscii);
     Apply(rules_.KeyPress(StateOf(*activeBox_), KeyAscii), *activeBox_, KeyAscii);
 }
 
 void NumberBox::UserControl_KeyUp(short& KeyCode, short Shift)
 {
-    RaiseKeyEvent(KeyUpEvent, KeyCode, Shift);
+    RaiseKeyEvent(NumberBoxEvents::KeyUp, KeyCode, Shift);
 }
 
 void NumberBox::UserControl_WriteProperties(PropertyBag& PropBag)
 {
-    Persisted::Table.Write(*this, PropBag);
+    Properties::Table.Write(*this, PropBag);
 }
 
 void NumberBox::UserControl_Terminate()
@@ -108,7 +105,7 @@ void NumberBox::UserControl_Terminate()
 void NumberBox::Box_Change()
 {
     PropertyChanged(L"Value");
-    RaiseEvent(ChangeEvent);
+    RaiseEvent(NumberBoxEvents::Change);
 }
 
 LRESULT NumberBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
@@ -150,21 +147,6 @@ void NumberBox::ApplyFont()
     UserControl_Resize();
 }
 
-HRESULT NumberBox::get_hwnd(LONG* result) noexcept
-{
-    return Get(result, [&] { return HandleToLong(HookedWindow()); });
-}
-
-HRESULT NumberBox::get_MaxLength(short* result) noexcept
-{
-    return Get(result, [&] { return txtNumber.MaxLength(); });
-}
-
-HRESULT NumberBox::put_MaxLength(short newLength) noexcept
-{
-    return Member([&] { MaxLength(newLength); });
-}
-
 void NumberBox::MaxLength(short newLength)
 {
     if (!rules_.SetMaxLength(newLength))
@@ -172,16 +154,6 @@ void NumberBox::MaxLength(short newLength)
     txtNumber.MaxLength(newLength);
     txtNumber.Text(rules_.Mask());
     PropertyChanged(L"MaxLength");
-}
-
-HRESULT NumberBox::get_Style(NumberFormatEnums* result) noexcept
-{
-    return Get(result, [&] { return static_cast<NumberFormatEnums>(rules_.Style()); });
-}
-
-HRESULT NumberBox::put_Style(NumberFormatEnums newStyle) noexcept
-{
-    return Member([&] { Style(static_cast<NumberFormat>(newStyle)); });
 }
 
 // Any typed number is discarded, even if the style stays the same.
@@ -202,16 +174,6 @@ void NumberBox::Style(NumberFormat newStyle)
         activeBox_->TakeFocus();
     formerBox->Visible(false);
     HookBox(*activeBox_);
-}
-
-HRESULT NumberBox::get_Text(BSTR* result) noexcept
-{
-    return Get(result, [&] { return Bstr(Text()).Detach(); });
-}
-
-HRESULT NumberBox::put_Text(BSTR newText) noexcept
-{
-    return Member([&] { Value(Variant(Bstr::ViewOf(newText))); });
 }
 
 std::wstring NumberBox::Text() const

@@ -3,35 +3,28 @@
 #include "controls/entry/EntryControl.h"
 #include "controls/masked/NumberRules.h"
 
+#include <KivMembers.h>
+
 namespace kiv
 {
 
 // A Social Security, federal identification or routing number, or free digits. The masked styles are
 // overtyped in txtNumber; routing numbers have a box of their own.
-class NumberBox final : public EntryControl<_NumberBox>
+class NumberBox final : public NumberBoxMembers<NumberBox, EntryControl>
 {
 public:
     static const ControlClass Class;
+    struct Properties;
 
     explicit NumberBox(IUnknown* outer);
 
-    // _NumberBox, its own part
-    HRESULT STDMETHODCALLTYPE get_hwnd(LONG* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_MaxLength(short* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_MaxLength(short newLength) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Style(NumberFormatEnums* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Style(NumberFormatEnums newStyle) noexcept override;
-    HRESULT STDMETHODCALLTYPE get_Text(BSTR* result) noexcept override;
-    HRESULT STDMETHODCALLTYPE put_Text(BSTR newText) noexcept override;
-
     LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
+    bool IsValidInput(bool ShowMessage) override;
 
 protected:
     const Window& FocusWindow() const override { return *activeBox_; }
 
 private:
-    struct Persisted;
-
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;
@@ -58,8 +51,6 @@ private:
     std::wstring Text() const;
     Variant Value() const override;
     void Value(const Variant& newNumber) override;
-
-    bool IsValidInput(bool ShowMessage) override;
 
     NumberRules rules_;
     TextBox txtNumber{*this, TheSurface().hWnd()};

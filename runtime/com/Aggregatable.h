@@ -17,6 +17,8 @@ class Aggregatable
 public:
     // The object's own IUnknown. It starts with one reference, which the maker owns.
     IUnknown* Inner() noexcept { return &inner_; }
+    // The identity that the outside sees: the aggregating object's, or the own one.
+    IUnknown* Outer() noexcept { return outer_; }
 
 protected:
     // outer: the aggregating object, not counted; null when there is none.
@@ -24,9 +26,6 @@ protected:
     Aggregatable(const Aggregatable&) = delete;
     Aggregatable& operator=(const Aggregatable&) = delete;
     virtual ~Aggregatable() = default;
-
-    // The identity that the outside sees: the aggregating object's, or the own one.
-    IUnknown* Outer() noexcept { return outer_; }
 
     // The pointer that answers for iid, not counted; null when the object has no such interface.
     virtual void* FindInterface(REFIID iid) noexcept = 0;

@@ -1,21 +1,26 @@
 #pragma once
 
+#include "runtime/com/Automation.h"
+#include "runtime/forms/PropertyTable.h"
 #include "runtime/forms/UserControl.h"
+
+#include <type_traits>
 
 namespace kiv
 {
 
-// A control whose members are those of a dual interface: gives it its identity and its late binding.
-template<class Dual>
-class DualControl : public UserControl, public Dual
+// A control whose members are those of a dual interface: gives it its identity and its late binding, and
+// hands its properties on to the table of a control.
+template<class Dual, class Base>
+class DualControl : public Base, public Dual
 {
 public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override
     {
-        return Outer()->QueryInterface(iid, object);
+        return this->Outer()->QueryInterface(iid, object);
     }
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return Outer()->AddRef(); }
-    ULONG STDMETHODCALLTYPE Release() noexcept override { return Outer()->Release(); }
+    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return this->Outer()->AddRef(); }
+    ULONG STDMETHODCALLTYPE Release() noexcept override { return this->Outer()->Release(); }
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override
     {
@@ -43,7 +48,7 @@ public:
                                      VARIANT* result, EXCEPINFO* exception, UINT* argument) noexcept override
     {
         // An object among the arguments is asked for its value, and may do anything meanwhile.
-        const Microsoft::WRL::ComPtr<IUnknown> held(Outer());
+        const Microsoft::WRL::ComPtr<IUnknown> held(this->Outer());
         try
         {
             return Table().Invoke(static_cast<Dual*>(this), member, reserved, flags, arguments, result,
@@ -51,18 +56,35 @@ public:
         }
         catch (...)
         {
-            return RaiseCurrentException(exception, Class().Name);
+            return RaiseCurrentException(exception, this->Class().Name);
         }
     }
 
 protected:
-    using UserControl::UserControl;
+    using Base::Base;
 
     void* FindInterface(REFIID iid) noexcept override
     {
         if (iid == __uuidof(Dual) || iid == IID_IDispatch)
             return static_cast<Dual*>(this);
-        return UserControl::FindInterface(iid);
+        return Base::FindInterface(iid);
+    }
+
+    template<PropertyName Name, class Control, class T>
+    HRESULT GetProperty(Control& control, T* result) noexcept
+    {
+        return this->Get(result, [&] {
+            return ToAutomation(Control::Properties::Table.template Of<Name>().ValueOf(control), result);
+        });
+    }
+    template<PropertyName Name, class Control, class T>
+    HRESULT LetProperty(Control& control, const T& value) noexcept
+    {
+        return this->Member([&] {
+            const auto& property = Control::Properties::Table.template Of<Name>();
+            using Own = std::remove_cvref_t<decltype(property.ValueOf(control))>;
+            property.LetValue(control, FromAutomation(value, static_cast<const Own*>(nullptr)));
+        });
     }
 
 private:

@@ -1,14 +1,18 @@
 #pragma once
 
+#include "runtime/com/Errors.h"
 #include "runtime/com/PropertyBag.h"
 
 #include <windows.h>
 
 #include <olectl.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -79,24 +83,89 @@ struct Ever
     }
 };
 
+// The name of a property, as an argument of templates.
+template<std::size_t Size>
+struct PropertyName
+{
+    consteval PropertyName(const wchar_t (&name)[Size]) { std::copy_n(name, Size, Text); }
+
+    template<std::size_t Other>
+    constexpr bool operator==(const PropertyName<Other>& other) const
+    {
+        return std::wstring_view(Text) == other.Text;
+    }
+
+    wchar_t Text[Size] = {};
+};
+
+// Stands for what a property does not have.
+struct None
+{
+};
+
+// A property that is not persisted: how the control has it, and takes it from a host unless it is read-only.
+//
+// get: of the control, the value
+// let: of the control and a value
+template<PropertyName Name, class Get, class Let = None>
+class UnstoredProperty
+{
+public:
+    static constexpr auto Key = Name;
+    static constexpr bool IsStored = false;
+
+    constexpr explicit UnstoredProperty(Get get, Let let = {}) : get_(get), let_(let) {}
+
+    template<class Control>
+    auto ValueOf(const Control& control) const
+    {
+        return get_(control);
+    }
+    template<class Control, class Value>
+    void LetValue(Control& control, const Value& value) const
+    {
+        let_(control, value);
+    }
+
+private:
+    Get get_;
+    Let let_;
+};
+
+template<PropertyName Name, class Get>
+constexpr auto Unstored(Get get)
+{
+    return UnstoredProperty<Name, Get>(get);
+}
+template<PropertyName Name, class Get, class Let>
+constexpr auto Unstored(Get get, Let let)
+{
+    return UnstoredProperty<Name, Get, Let>(get, let);
+}
+
 // A persisted property of a control, declared once: its key, how the control has it and takes it, and what it
 // is unless it was stored. What is unusual about it is said behind it.
 //
 // get:          of the control, the value
 // take:         of the control and a value, which was stored or is the default; nothing is notified meanwhile
 // defaultValue: a value, or of the control, one
-template<class Get, class Take, class Default, class Exists = Ever, class Usable = Ever,
-         class Write = UnlessDefault>
-class Property
+// let:          of the control and a value that a host sets; tells who listens. For none take does so.
+template<PropertyName Name, class Get, class Take, class Default, class Let = None, class Exists = Ever,
+         class Usable = Ever, class Write = UnlessDefault>
+class PersistedProperty
 {
 public:
-    constexpr Property(const wchar_t* key, Get get, Take take, Default defaultValue, int readPlace = InTurn,
-                       Exists exists = {}, Usable usable = {}, Write write = {}) :
-        key_(key),
+    static constexpr auto Key = Name;
+    static constexpr bool IsStored = true;
+    static constexpr int InTurn = -1;
+
+    constexpr PersistedProperty(Get get, Take take, Default defaultValue, int readPlace = InTurn,
+                                Let let = {}, Exists exists = {}, Usable usable = {}, Write write = {}) :
         get_(get),
         take_(take),
         default_(defaultValue),
         readPlace_(readPlace),
+        let_(let),
         exists_(exists),
         usable_(usable),
         write_(write)
@@ -104,29 +173,52 @@ public:
     }
 
     // Read at this place among the others, counted from 0, and not in the order of the table.
-    constexpr Property ReadAt(int place) const
+    constexpr PersistedProperty ReadAt(int place) const
     {
-        return {key_, get_, take_, default_, place, exists_, usable_, write_};
+        return {get_, take_, default_, place, let_, exists_, usable_, write_};
     }
+    // A host sets it in another way than it is read.
+    template<class Way>
+    constexpr auto LetBy(Way let) const
+    {
+        return PersistedProperty<Name, Get, Take, Default, Way, Exists, Usable, Write>(
+            get_, take_, default_, readPlace_, let, exists_, usable_, write_);
+    }
+    // Nobody is told when a host sets it.
+    constexpr auto Silently() const { return LetBy(None()); }
     // Not every control has it, as it is by then.
     template<class Condition>
     constexpr auto OnlyIf(Condition exists) const
     {
-        return Property<Get, Take, Default, Condition, Usable, Write>(key_, get_, take_, default_, readPlace_,
-                                                                      exists, usable_, write_);
+        return PersistedProperty<Name, Get, Take, Default, Let, Condition, Usable, Write>(
+            get_, take_, default_, readPlace_, let_, exists, usable_, write_);
     }
     // Of the control and a stored value: one that the control cannot have is reported, and not taken.
     template<class Condition>
     constexpr auto IfUsable(Condition usable) const
     {
-        return Property<Get, Take, Default, Exists, Condition, Write>(key_, get_, take_, default_, readPlace_,
-                                                                      exists_, usable, write_);
+        return PersistedProperty<Name, Get, Take, Default, Let, Exists, Condition, Write>(
+            get_, take_, default_, readPlace_, let_, exists_, usable, write_);
     }
     template<class Way>
     constexpr auto Written(Way write) const
     {
-        return Property<Get, Take, Default, Exists, Usable, Way>(key_, get_, take_, default_, readPlace_,
-                                                                 exists_, usable_, write);
+        return PersistedProperty<Name, Get, Take, Default, Let, Exists, Usable, Way>(
+            get_, take_, default_, readPlace_, let_, exists_, usable_, write);
+    }
+
+    template<class Control>
+    auto ValueOf(const Control& control) const
+    {
+        return get_(control);
+    }
+    template<class Control, class Value>
+    void LetValue(Control& control, const Value& value) const
+    {
+        if constexpr (std::is_same_v<Let, None>)
+            take_(control, value);
+        else
+            let_(control, value);
     }
 
     template<class Control>
@@ -134,11 +226,11 @@ public:
     {
         if (!exists_(control))
             return;
-        const auto value = ReadStored(bag, key_, DefaultOf(control));
+        const auto value = ReadStored(bag, Name.Text, DefaultOf(control));
         if (usable_(control, value))
             take_(control, value);
         else
-            bag.ReportUnusable(key_);
+            bag.ReportUnusable(Name.Text);
     }
     template<class Control>
     void Reset(Control& control) const
@@ -150,11 +242,9 @@ public:
     void WriteTo(PropertyBag& bag, const Control& control) const
     {
         if (exists_(control))
-            write_(bag, key_, get_(control), DefaultOf(control));
+            write_(bag, Name.Text, get_(control), DefaultOf(control));
     }
     constexpr int ReadPlace() const { return readPlace_; }
-
-    static constexpr int InTurn = -1;
 
 private:
     template<class Control>
@@ -167,41 +257,75 @@ private:
             return T(default_);
     }
 
-    const wchar_t* key_;
     Get get_;
     Take take_;
     Default default_;
     int readPlace_;
+    Let let_;
     Exists exists_;
     Usable usable_;
     Write write_;
 };
 
-// One that is a data member.
-template<class Control, class T, class Default>
-constexpr auto Field(const wchar_t* key, T Control::*member, Default defaultValue)
+template<PropertyName Name, class Get, class Take, class Default>
+constexpr auto Property(Get get, Take take, Default defaultValue)
 {
-    return Property(
-        key, [member](const Control& control) { return control.*member; },
-        [member](Control& control, const T& value) { control.*member = value; }, defaultValue);
-}
-// One that is part of a data member, with the default that a new one of those has.
-template<class Control, class Whole, class T>
-constexpr auto Field(const wchar_t* key, Whole Control::*member, T Whole::*part)
-{
-    return Property(
-        key, [=](const Control& control) { return control.*member.*part; },
-        [=](Control& control, const T& value) { control.*member.*part = value; }, Whole().*part);
+    return PersistedProperty<Name, Get, Take, Default>(get, take, defaultValue);
 }
 
-// All persisted properties of a control, in the order in which they are written.
+// One that is a data member. A host may set it to anything.
+template<PropertyName Name, class Control, class T, class Default>
+constexpr auto Field(T Control::*member, Default defaultValue)
+{
+    const auto take = [member](Control& control, const auto& value) { control.*member = T(value); };
+    return Property<Name>([member](const Control& control) { return control.*member; }, take, defaultValue)
+        .LetBy([take](Control& control, const auto& value) {
+            take(control, value);
+            control.PropertyChanged(Name.Text);
+        });
+}
+// One that is part of a data member, with the default that a new one of those has.
+template<PropertyName Name, class Control, class Whole, class T>
+constexpr auto Part(Whole Control::*member, T Whole::*part)
+{
+    const auto take = [=](Control& control, const T& value) { control.*member.*part = value; };
+    return Property<Name>([=](const Control& control) { return control.*member.*part; }, take, Whole().*part)
+        .LetBy([=](Control& control, const T& value) {
+            take(control, value);
+            control.PropertyChanged(Name.Text);
+        });
+}
+// The same where not every value is good. rule: of the whole and the value that a host sets, the whole with
+// it, or none.
+template<PropertyName Name, class Control, class Whole, class T>
+constexpr auto Part(Whole Control::*member, T Whole::*part, std::optional<Whole> (*rule)(Whole, T))
+{
+    return Part<Name>(member, part).LetBy([=](Control& control, const T& value) {
+        const std::optional<Whole> changed = rule(control.*member, value);
+        if (!changed)
+            throw ComError(InvalidPropertyValue);
+        control.*member = *changed;
+        control.PropertyChanged(Name.Text);
+    });
+}
+
+// All properties of a control; those that are persisted in the order in which they are written.
 template<class... Properties>
 class PropertyTable
 {
 public:
     constexpr explicit PropertyTable(const Properties&... properties) :
-        properties_(properties...), readOrder_(OrderOf({properties.ReadPlace()...}))
+        properties_(properties...), readOrder_(OrderOf({PlaceOf(properties)...}))
     {
+    }
+
+    // The one of a name.
+    template<PropertyName Name>
+    constexpr const auto& Of() const
+    {
+        constexpr std::size_t place = PlaceOfName<Name>();
+        static_assert(place < Count, "the contract has a property that the control's table has not");
+        return std::get<place>(properties_);
     }
 
     template<class Control>
@@ -218,36 +342,73 @@ public:
     template<class Control>
     void Write(const Control& control, PropertyBag& bag) const
     {
-        std::apply([&](const auto&... each) { (each.WriteTo(bag, control), ...); }, properties_);
+        ForEachStored([&](const auto& each) { each.WriteTo(bag, control); });
     }
 
 private:
     static constexpr std::size_t Count = sizeof...(Properties);
-    using Order = std::array<std::size_t, Count>;
+    static constexpr std::size_t StoredCount = (std::size_t{Properties::IsStored} + ... + 0);
+    static constexpr int Nowhere = -2;
+    using Order = std::array<std::size_t, StoredCount>;
 
-    // Those with a place of their own, and around them the others in turn.
+    template<PropertyName Name>
+    static constexpr std::size_t PlaceOfName()
+    {
+        std::size_t place = 0;
+        const bool found = ((Properties::Key == Name || (++place, false)) || ...);
+        return found ? place : Count;
+    }
+
+    template<class Property>
+    static constexpr int PlaceOf(const Property& property)
+    {
+        if constexpr (Property::IsStored)
+            return property.ReadPlace();
+        else
+            return Nowhere;
+    }
+
+    // Those with a place of their own, and around them the others in turn. Counted among those that are
+    // persisted.
     static constexpr Order OrderOf(const std::array<int, Count>& places)
     {
         Order order{};
-        std::array<bool, Count> taken{};
-        for (std::size_t each = 0; each < Count; ++each)
+        std::array<bool, StoredCount> taken{};
+        std::size_t stored = 0;
+        for (const int each : places)
         {
-            if (places[each] < 0)
-                continue;
-            const auto place = static_cast<std::size_t>(places[each]);
-            order[place] = each;
-            taken[place] = true;
+            if (each >= 0)
+            {
+                order[static_cast<std::size_t>(each)] = stored;
+                taken[static_cast<std::size_t>(each)] = true;
+            }
+            stored += each == Nowhere ? 0U : 1U;
         }
+        stored = 0;
         std::size_t place = 0;
-        for (std::size_t each = 0; each < Count; ++each)
+        for (const int each : places)
         {
-            if (places[each] >= 0)
+            if (each == Nowhere)
                 continue;
-            while (taken[place])
-                ++place;
-            order[place++] = each;
+            if (each < 0)
+            {
+                while (taken[place])
+                    ++place;
+                order[place++] = stored;
+            }
+            ++stored;
         }
         return order;
+    }
+
+    template<class Visitor>
+    void ForEachStored(const Visitor& visit) const
+    {
+        const auto ifStored = [&]<class Property>(const Property& property) {
+            if constexpr (Property::IsStored)
+                visit(property);
+        };
+        std::apply([&](const auto&... each) { (ifStored(each), ...); }, properties_);
     }
 
     template<class Visitor>
@@ -256,8 +417,10 @@ private:
         for (const std::size_t wanted : readOrder_)
         {
             std::size_t at = 0;
-            std::apply([&](const auto&... each) { ((at++ == wanted ? visit(each) : void()), ...); },
-                       properties_);
+            ForEachStored([&](const auto& each) {
+                if (at++ == wanted)
+                    visit(each);
+            });
         }
     }
 

@@ -136,6 +136,9 @@ public:
     HRESULT STDMETHODCALLTYPE GetContentExtent(LPSIZEL size) noexcept override;
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) noexcept override;
 
+    // A persisted or bound property has changed. Not told to anybody while the control is loading.
+    void PropertyChanged(const wchar_t* name);
+
 protected:
     // outer: the aggregating object or null. Throws ComError when the window cannot be made.
     UserControl(const ControlClass& controlClass, IUnknown* outer);
@@ -200,8 +203,6 @@ protected:
     bool TakesInput() const override;
     // Whether a key that otherwise is the container's (Tab, Enter, Esc) is the control's own just now.
     virtual bool Wants(WPARAM) const { return false; }
-    // A persisted or bound property has changed. Not told to anybody while the control is loading.
-    void PropertyChanged(const wchar_t* name);
     // Raises an event of the control's source interface; arguments in declared order, by-reference ones
     // asking the host for an answer. The host may do anything in it, but the control lives until this
     // returns.

@@ -14,7 +14,7 @@ accessible|FuzzAccessible|clients of accessible objects"
 # Each process takes one of them for a share of the time.
 PROCESSES=2
 # About what half of the classes take for all cases of re-entrant hosts, in seconds.
-WHOLE_REENTRY=6000
+WHOLE_REENTRY=3000
 # So many findings of one kind are enough for one time.
 MOST_FINDINGS=10
 

@@ -1,4 +1,5 @@
-#include "controls/amount/AmountFilter.h"
+#include "controls/amount/CurrencyRules.h"
+#include "controls/amount/PercentRules.h"
 
 #include "tests/native/amount/CurrencyKeyRows.h"
 #include "tests/native/amount/PercentKeyRows.h"
@@ -42,7 +43,7 @@ TEST_P(CurrencyFilterTest, Types)
     for (const NumberLocale& locale : NumberLocales)
     {
         ExpectTyped(GetParam(), locale, [&](const BoxState& box, short key) {
-            return FilterCurrencyKey(box, key, limits, locale);
+            return CurrencyRules(limits, locale).Filter(box, key);
         });
     }
 }
@@ -60,7 +61,7 @@ TEST_P(PercentFilterTest, Types)
     for (const NumberLocale& locale : NumberLocales)
     {
         ExpectTyped(GetParam(), locale, [&](const BoxState& box, short key) {
-            return FilterPercentKey(box, key, limits, locale);
+            return PercentRules(limits, locale).Filter(box, key);
         });
     }
 }
@@ -73,18 +74,18 @@ TEST(AmountFilterTest, KnowsThePointKeyOfTheLocale)
     for (const NumberLocale& locale : NumberLocales)
     {
         const auto point = static_cast<short>(locale.DecimalPoint);
-        EXPECT_EQ(FilterCurrencyKey(box, point, {}, locale), (FilteredKey{box, point}));
-        EXPECT_EQ(FilterCurrencyKey(box, '.', {}, locale), (FilteredKey{box, point}));
-        EXPECT_EQ(FilterPercentKey(box, point, {}, locale), (FilteredKey{box, point}));
-        EXPECT_EQ(FilterPercentKey(box, '.', {}, locale), (FilteredKey{box, point}));
+        EXPECT_EQ(CurrencyRules({}, locale).Filter(box, point), (FilteredKey{box, point}));
+        EXPECT_EQ(CurrencyRules({}, locale).Filter(box, '.'), (FilteredKey{box, point}));
+        EXPECT_EQ(PercentRules({}, locale).Filter(box, point), (FilteredKey{box, point}));
+        EXPECT_EQ(PercentRules({}, locale).Filter(box, '.'), (FilteredKey{box, point}));
     }
 }
 
 TEST(AmountFilterTest, RefusesACommaThatIsNotThePoint)
 {
     const BoxState box = BoxOf(L"1");
-    EXPECT_EQ(FilterCurrencyKey(box, ',', {}, {}), (FilteredKey{box, 0}));
-    EXPECT_EQ(FilterPercentKey(box, ',', {}, {}), (FilteredKey{box, 0}));
+    EXPECT_EQ(CurrencyRules().Filter(box, ','), (FilteredKey{box, 0}));
+    EXPECT_EQ(PercentRules().Filter(box, ','), (FilteredKey{box, 0}));
 }
 
 TEST(AmountFilterTest, LetsNothingElseThrough)
@@ -95,10 +96,9 @@ TEST(AmountFilterTest, LetsNothingElseThrough)
     for (short key = -300; key <= 300; ++key)
     {
         const bool isPassed = std::ranges::find(passed, key) != passed.end();
-        EXPECT_EQ(FilterCurrencyKey(box, key, {}, {}), (FilteredKey{box, isPassed ? key : short{0}})) << key;
+        EXPECT_EQ(CurrencyRules().Filter(box, key), (FilteredKey{box, isPassed ? key : short{0}})) << key;
         const bool isPercentKey = isPassed && key != '-';
-        EXPECT_EQ(FilterPercentKey(box, key, {}, {}), (FilteredKey{box, isPercentKey ? key : short{0}}))
-            << key;
+        EXPECT_EQ(PercentRules().Filter(box, key), (FilteredKey{box, isPercentKey ? key : short{0}})) << key;
     }
 }
 

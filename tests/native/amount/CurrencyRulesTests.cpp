@@ -47,9 +47,9 @@ TEST_P(CurrencyLetTest, ShowsTheValue)
     limits.NumDecDigits = row.NumDecDigits;
     for (const NumberLocale& locale : NumberLocales)
     {
-        const std::wstring text = CurrencyTextOf(Assigned(row.Value, locale), limits, locale);
+        const std::wstring text = CurrencyRules(limits, locale).TextOf(Assigned(row.Value, locale));
         EXPECT_EQ(text, Localized(row.Text, locale));
-        EXPECT_EQ(CurrencyDisplayText(text, limits, locale), Localized(row.Label, locale));
+        EXPECT_EQ(CurrencyRules(limits, locale).CaptionOf(text), Localized(row.Label, locale));
     }
 }
 
@@ -65,10 +65,10 @@ TEST_P(CurrencyReadTest, ReadsTheAmount)
     for (const NumberLocale& locale : NumberLocales)
     {
         const std::wstring text = Localized(row.Text, locale);
-        const CurrencyReading reading = ReadCurrency(text, locale);
+        const CurrencyReading reading = CurrencyRules({}, locale).Read(text);
         EXPECT_EQ(reading.What == CurrencyReading::Kind::Amount, row.Units.has_value());
         EXPECT_EQ(reading.Amount.Units(), row.Units.value_or(0));
-        EXPECT_EQ(IsValidCurrency(text, Widest(), locale), row.Valid);
+        EXPECT_EQ(CurrencyRules(Widest(), locale).IsValid(text), row.Valid);
     }
 }
 
@@ -85,12 +85,12 @@ TEST_P(CurrencyExitTest, LeavesTheBox)
     limits.AllowRounding = row.AllowRounding;
     for (const NumberLocale& locale : NumberLocales)
     {
-        const AmountExit exit = ExitCurrency(Localized(row.Before, locale), limits, locale);
+        const AmountExit exit = CurrencyRules(limits, locale).Exit(Localized(row.Before, locale));
         EXPECT_EQ(exit.Text, Localized(row.After, locale));
         EXPECT_EQ(exit.Parked, row.Parked);
         if (exit.Parked)
         {
-            EXPECT_EQ(CurrencyDisplayText(exit.Text, limits, locale), Localized(row.Label, locale));
+            EXPECT_EQ(CurrencyRules(limits, locale).CaptionOf(exit.Text), Localized(row.Label, locale));
         }
     }
 }
@@ -107,11 +107,11 @@ TEST_P(CurrencyPasteTest, TakesOrIgnoresTheClipboard)
     const CurrencyLimits limits = Bounded(row.MinValue, row.MaxValue);
     for (const NumberLocale& locale : NumberLocales)
     {
-        const auto pasted = PastedCurrency(Localized(row.Clipboard, locale), limits, locale);
+        const auto pasted = CurrencyRules(limits, locale).Pasted(Localized(row.Clipboard, locale));
         ASSERT_EQ(pasted.has_value(), row.After != nullptr);
         if (pasted)
         {
-            EXPECT_EQ(CurrencyTextOf(pasted, limits, locale), row.After);
+            EXPECT_EQ(CurrencyRules(limits, locale).TextOf(pasted), row.After);
         }
     }
 }
@@ -120,31 +120,31 @@ INSTANTIATE_TEST_SUITE_P(Rows, CurrencyPasteTest, testing::ValuesIn(CurrencyPast
 
 TEST(CurrencyRulesTest, ChecksAPasteAtTheBoundsToTheUnit)
 {
-    EXPECT_TRUE(PastedCurrency(L"99999999999999.9999", Widest(), {}));
-    EXPECT_TRUE(PastedCurrency(L"-99999999999999.9999", Widest(), {}));
-    EXPECT_FALSE(PastedCurrency(L"100000000000000", Widest(), {}));
-    EXPECT_FALSE(PastedCurrency(L"-100000000000000", Widest(), {}));
+    EXPECT_TRUE(CurrencyRules(Widest()).Pasted(L"99999999999999.9999"));
+    EXPECT_TRUE(CurrencyRules(Widest()).Pasted(L"-99999999999999.9999"));
+    EXPECT_FALSE(CurrencyRules(Widest()).Pasted(L"100000000000000"));
+    EXPECT_FALSE(CurrencyRules(Widest()).Pasted(L"-100000000000000"));
 }
 
 TEST(CurrencyRulesTest, ChecksTheRangeToTheUnit)
 {
     const CurrencyLimits limits = Bounded(-100, 100);
     for (const wchar_t* const text : {L"100", L"-100", L"100.0000", L"99.9999", L"-99.9999", L"0", L""})
-        EXPECT_TRUE(IsValidCurrency(text, limits, {})) << text;
+        EXPECT_TRUE(CurrencyRules(limits).IsValid(text)) << text;
     for (const wchar_t* const text : {L"100.0001", L"-100.0001", L"101", L"-101"})
-        EXPECT_FALSE(IsValidCurrency(text, limits, {})) << text;
+        EXPECT_FALSE(CurrencyRules(limits).IsValid(text)) << text;
 }
 
 TEST(CurrencyRulesTest, TellsTheRange)
 {
-    EXPECT_EQ(CurrencyRangeMessage({}, {}),
+    EXPECT_EQ(CurrencyRules().RangeMessage(),
               L"Please enter a value between -99999999999999 and 99999999999999");
     CurrencyLimits limits;
     limits.MinValue = Currency::FromUnits(5000);
     limits.MaxValue = Currency::FromUnits(999'999'900);
     for (const NumberLocale& locale : NumberLocales)
     {
-        EXPECT_EQ(CurrencyRangeMessage(limits, locale),
+        EXPECT_EQ(CurrencyRules(limits, locale).RangeMessage(),
                   Localized(L"Please enter a value between 0.5 and 99999.99", locale));
     }
 }
@@ -154,8 +154,8 @@ TEST(CurrencyRulesTest, SurvivesStoredDigitCountsThatNoLetWouldTake)
     CurrencyLimits limits;
     limits.AllowRounding = false;
     limits.NumDecDigits = -3;
-    EXPECT_EQ(CurrencyTextOf(ParseNumber(L"12.5", {}), limits, {}), L"13.");
-    EXPECT_EQ(CurrencyDisplayText(L"12.5", limits, {}), L"13");
+    EXPECT_EQ(CurrencyRules(limits).TextOf(ParseNumber(L"12.5", {})), L"13.");
+    EXPECT_EQ(CurrencyRules(limits).CaptionOf(L"12.5"), L"13");
     // As many decimals as a number may have, and no more: a text box takes seconds to show thousands.
     const struct
     {
@@ -166,8 +166,8 @@ TEST(CurrencyRulesTest, SurvivesStoredDigitCountsThatNoLetWouldTake)
     {
         limits.NumDecDigits = row.Stored;
         const std::wstring decimals = L"5" + std::wstring(row.Shown - 1, L'0');
-        EXPECT_EQ(CurrencyTextOf(ParseNumber(L"12.5", {}), limits, {}), L"12." + decimals);
-        EXPECT_EQ(CurrencyDisplayText(L"1234.5", limits, {}), L"1,234." + decimals);
+        EXPECT_EQ(CurrencyRules(limits).TextOf(ParseNumber(L"12.5", {})), L"12." + decimals);
+        EXPECT_EQ(CurrencyRules(limits).CaptionOf(L"1234.5"), L"1,234." + decimals);
     }
 }
 

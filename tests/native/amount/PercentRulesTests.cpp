@@ -48,7 +48,7 @@ TEST_P(PercentLetTest, ShowsTheValue)
     const PercentLetRow& row = GetParam();
     for (const NumberLocale& locale : NumberLocales)
     {
-        EXPECT_EQ(PercentTextOf(Assigned(row.Value, locale), LimitsOf(row.Settings), locale),
+        EXPECT_EQ(PercentRules(LimitsOf(row.Settings), locale).TextOf(Assigned(row.Value, locale)),
                   Localized(row.Text, locale));
     }
 }
@@ -69,8 +69,8 @@ TEST_P(PercentReadTest, ReadsTheValue)
         const PercentReading expected =
             row.Value == nullptr ? PercentReading{}
                                  : PercentReading{PercentReading::Kind::Number, Localized(row.Value, locale)};
-        EXPECT_EQ(ReadPercent(text, limits, locale), expected);
-        EXPECT_EQ(CheckPercentRange(text, limits, locale), row.Valid);
+        EXPECT_EQ(PercentRules(limits, locale).Read(text), expected);
+        EXPECT_EQ(PercentRules(limits, locale).CheckPercentRange(text), row.Valid);
     }
 }
 
@@ -85,11 +85,11 @@ TEST_P(PercentPasteTest, TakesOrIgnoresTheClipboard)
     const PercentPasteRow& row = GetParam();
     for (const NumberLocale& locale : NumberLocales)
     {
-        const auto pasted = PastedPercent(Localized(row.Clipboard, locale), {}, locale);
+        const auto pasted = PercentRules({}, locale).Pasted(Localized(row.Clipboard, locale));
         ASSERT_EQ(pasted.has_value(), row.After != nullptr);
         if (pasted)
         {
-            EXPECT_EQ(PercentTextOf(pasted, {}, locale), Localized(row.After, locale));
+            EXPECT_EQ(PercentRules({}, locale).TextOf(pasted), Localized(row.After, locale));
         }
     }
 }
@@ -101,58 +101,59 @@ TEST(PercentRulesTest, TakesALonePointForValidButNotForANumber)
     for (const NumberLocale& locale : NumberLocales)
     {
         const std::wstring point(1, locale.DecimalPoint);
-        EXPECT_TRUE(CheckPercentRange(point, {}, locale));
-        EXPECT_EQ(ReadPercent(point, {}, locale), (PercentReading{PercentReading::Kind::Mismatch, L""}));
-        EXPECT_EQ(ExitPercent(point, locale), (AmountExit{L"", false}));
+        EXPECT_TRUE(PercentRules({}, locale).CheckPercentRange(point));
+        EXPECT_EQ(PercentRules({}, locale).Read(point),
+                  (PercentReading{PercentReading::Kind::Mismatch, L""}));
+        EXPECT_EQ(PercentRules({}, locale).Exit(point), (AmountExit{L"", false}));
     }
 }
 
 TEST(PercentRulesTest, TakesBlankAndALonePointForValidWhateverTheRange)
 {
     const PercentLimits limits = Bounded(5, 10);
-    EXPECT_TRUE(CheckPercentRange(L"", limits, {}));
-    EXPECT_TRUE(CheckPercentRange(L".", limits, {}));
-    EXPECT_FALSE(CheckPercentRange(L"0", limits, {}));
+    EXPECT_TRUE(PercentRules(limits).CheckPercentRange(L""));
+    EXPECT_TRUE(PercentRules(limits).CheckPercentRange(L"."));
+    EXPECT_FALSE(PercentRules(limits).CheckPercentRange(L"0"));
 }
 
 TEST(PercentRulesTest, ReadsNoNumberFromATextThatIsNone)
 {
     // Val reads the front of it, so it is in range.
-    EXPECT_EQ(ReadPercent(L"1.2.3", {}, {}).What, PercentReading::Kind::Mismatch);
+    EXPECT_EQ(PercentRules().Read(L"1.2.3").What, PercentReading::Kind::Mismatch);
 }
 
 TEST(PercentRulesTest, ChecksTheRangeInclusively)
 {
     const PercentLimits limits = Bounded(0.1F, 33.3F);
     for (const wchar_t* const text : {L"0.1", L".1", L"33.3", L"33.30", L"5"})
-        EXPECT_TRUE(CheckPercentRange(text, limits, {})) << text;
+        EXPECT_TRUE(PercentRules(limits).CheckPercentRange(text)) << text;
     for (const wchar_t* const text : {L"0.09", L"33.4", L"33.30001", L"0"})
-        EXPECT_FALSE(CheckPercentRange(text, limits, {})) << text;
+        EXPECT_FALSE(PercentRules(limits).CheckPercentRange(text)) << text;
     // Pasting a bound passes, though 0.1 is no single.
-    EXPECT_TRUE(PastedPercent(L"0.1", limits, {}));
+    EXPECT_TRUE(PercentRules(limits).Pasted(L"0.1"));
 }
 
 TEST(PercentRulesTest, HasNoRoomForNumbersThatNoSingleHolds)
 {
     // A bound that only a form written by hand can have.
     const PercentLimits limits = Bounded(0, std::numeric_limits<float>::infinity());
-    EXPECT_TRUE(CheckPercentRange(std::wstring(38, L'9'), limits, {}));
-    EXPECT_FALSE(CheckPercentRange(std::wstring(40, L'9'), limits, {}));
-    EXPECT_FALSE(CheckPercentRange(std::wstring(400, L'9'), limits, {}));
+    EXPECT_TRUE(PercentRules(limits).CheckPercentRange(std::wstring(38, L'9')));
+    EXPECT_FALSE(PercentRules(limits).CheckPercentRange(std::wstring(40, L'9')));
+    EXPECT_FALSE(PercentRules(limits).CheckPercentRange(std::wstring(400, L'9')));
 }
 
 TEST(PercentRulesTest, LeavesTheTextAsItIs)
 {
     for (const wchar_t* const text : {L"", L"7.5", L"150", L"7."})
-        EXPECT_EQ(ExitPercent(text, {}), (AmountExit{text, true}));
+        EXPECT_EQ(PercentRules().Exit(text), (AmountExit{text, true}));
 }
 
 TEST(PercentRulesTest, TellsTheRange)
 {
-    EXPECT_EQ(PercentRangeMessage({}, {}), L"Please enter a value within the range 0 to 100.");
+    EXPECT_EQ(PercentRules().RangeMessage(), L"Please enter a value within the range 0 to 100.");
     for (const NumberLocale& locale : NumberLocales)
     {
-        EXPECT_EQ(PercentRangeMessage(Bounded(0.5F, 33.3F), locale),
+        EXPECT_EQ(PercentRules(Bounded(0.5F, 33.3F), locale).RangeMessage(),
                   L"Please enter a value within the range " + Localized(L"0.5", locale) + L" to " +
                       Localized(L"33.3", locale) + L".");
     }
@@ -226,8 +227,8 @@ TEST(PercentRulesTest, CountsTheDigitsOfABound)
 
 TEST(PercentRulesTest, SurvivesStoredDecimalCountsThatNoLetWouldTake)
 {
-    EXPECT_EQ(ReadPercent(L"7.5", LimitsOf({false, true, 3, -5}), {}).Number, L"0.");
-    EXPECT_EQ(ReadPercent(L"7.5", LimitsOf({false, true, 3, 30000}), {}).Number, L"0.075");
+    EXPECT_EQ(PercentRules(LimitsOf({false, true, 3, -5})).Read(L"7.5").Number, L"0.");
+    EXPECT_EQ(PercentRules(LimitsOf({false, true, 3, 30000})).Read(L"7.5").Number, L"0.075");
 }
 
 } // namespace
