@@ -59,7 +59,7 @@ sort_out_attacks() {
 # Two architectures at a time where there are two processors, else one after the other, with an equal share of the time.
 attack_all() {
     local arch what all=$((MINUTES * 60))
-    for arch in "${ARCHES[@]}"; do use_prefix "$arch"; done
+    for arch in "${ARCHES[@]}"; do use_prefix "$arch" unseen; done
     if (($(nproc) > 1)); then
         attack_step "${ARCHES[*]}" "$all" "${ARCHES[@]}"
     else
@@ -98,8 +98,7 @@ attack_each() {
 # attack_apart ARCH PROCESSOR SECONDS
 attack_apart() {
     stay_on_one_processor "$2"
-    use_library "$1"
-    show_windows nowhere
+    use_library "$1" unseen
     rm -rf "build/attack/$1"
     mkdir -p "build/attack/$1"
     attack_in_turns "$1" "$3" "${jobs[@]}"

@@ -22,58 +22,79 @@ cmd_test() {
     if chosen native; then run_tests native native build/native/tests/native/kiv-native-tests; fi
     if ((${#windows[@]})); then
         if chosen gui; then prepare_test_data; fi
-        for arch in "${ARCHES[@]}"; do use_prefix "$arch"; done
-        if ((${#ARCHES[@]} > 1 && $(nproc) > 1)); then
-            test_side_by_side "${windows[@]}"
-        else
-            stay_on_one_processor
-            start_display
-            for arch in "${ARCHES[@]}"; do test_windows "$arch" "${windows[@]}"; done
-        fi
+        test_on_windows "${windows[@]}"
     fi
     sum_up
 }
 
-# test_side_by_side GROUP ...: each architecture on a processor and a display of its own. What each says is shown when
-# both are through.
-test_side_by_side() {
-    local arch tally
-    step "Testing ${ARCHES[0]} and ${ARCHES[1]} side by side" build/test/side-by-side.log test_each "$@" || true
+# test_on_windows GROUP ...: two jobs at a time where the machine has the processors for it, each architecture one, or
+# where there is only one of these, the hostile hosts beside the rest.
+test_on_windows() {
+    local arch group jobs=() seen=()
+    for group in "$@"; do [[ $group == hostile ]] || seen+=("$group"); done
     for arch in "${ARCHES[@]}"; do
-        cat "build/test/$arch/said.txt"
-        if ! read -r -a tally <"build/test/$arch/counts.txt"; then
+        if ((${#seen[@]})); then use_prefix "$arch"; fi
+        if chosen hostile; then use_prefix "$arch" unseen; fi
+        if ((${#ARCHES[@]} > 1 || ${#seen[@]} == 0 || ${#seen[@]} == $#)); then
+            jobs+=("$arch $arch $*")
+        else
+            jobs+=("$arch $arch ${seen[*]}" "$arch-hostile $arch hostile")
+        fi
+    done
+    if ((${#jobs[@]} > 1 && $(nproc) > 1)); then
+        test_side_by_side "${jobs[@]}"
+    else
+        stay_on_one_processor
+        start_display
+        for arch in "${ARCHES[@]}"; do test_windows "$arch" "$@"; done
+    fi
+}
+
+# test_side_by_side "NAME ARCH GROUP ..." ...: each job on a processor and a display of its own. What each says is shown
+# when all are through.
+test_side_by_side() {
+    local job words tally names=''
+    for job in "$@"; do
+        read -r -a words <<<"$job"
+        names+=" ${words[0]}"
+    done
+    step "Testing side by side:$names" build/test/side-by-side.log test_each "$@" || true
+    for job in $names; do
+        cat "build/test/$job/said.txt"
+        if ! read -r -a tally <"build/test/$job/counts.txt"; then
             tail -n 5 build/test/side-by-side.log >&2
             tally=(0 1 0)
         fi
         ((PASSED += tally[0], FAILED += tally[1], SKIPPED += tally[2])) || true
-        TABLE+=$(cat "build/test/$arch/table.txt")$'\n'
+        TABLE+=$(cat "build/test/$job/table.txt")$'\n'
     done
 }
 
 test_each() {
-    local number=0 arch
-    for arch in "${ARCHES[@]}"; do
-        rm -rf "build/test/$arch"
-        mkdir -p "build/test/$arch"
-        test_apart "$arch" "$number" "$@" >"build/test/$arch/said.txt" &
+    local number=0 job words
+    for job in "$@"; do
+        read -r -a words <<<"$job"
+        rm -rf "build/test/${words[0]}"
+        mkdir -p "build/test/${words[0]}"
+        test_apart "$number" "${words[@]}" >"build/test/${words[0]}/said.txt" &
         ((number += 1))
     done
     trap 'kill -TERM $(jobs -p); wait; exit 143' TERM
     wait
 }
 
-# test_apart ARCH PROCESSOR GROUP ...: in a shell of its own, which stops what it has started when it is stopped.
+# test_apart PROCESSOR NAME ARCH GROUP ...: in a shell of its own, which stops what it has started when it is stopped.
 test_apart() {
-    local arch=$1 number=$2
+    local number=$1 name=$2
     shift 2
     LIVE='' JOB='' AT_END=() WINE_PREFIXES=() TABLE='' PASSED=0 FAILED=0 SKIPPED=0
     trap clean_up EXIT
     trap 'exit 143' TERM
     stay_on_one_processor "$number"
     start_display
-    test_windows "$arch" "$@"
-    printf '%s' "$TABLE" >"build/test/$arch/table.txt"
-    printf '%s\n' "$PASSED $FAILED $SKIPPED" >"build/test/$arch/counts.txt"
+    test_windows "$@"
+    printf '%s' "$TABLE" >"build/test/$name/table.txt"
+    printf '%s\n' "$PASSED $FAILED $SKIPPED" >"build/test/$name/counts.txt"
 }
 
 # Groups and patterns stand in any order: CHOSEN_GROUPS and the GoogleTest filter FILTER come of them.
@@ -98,18 +119,24 @@ chosen() { [[ " ${CHOSEN_GROUPS[*]} " == *" $1 "* ]]; }
 test_windows() {
     local arch=$1 group
     shift
-    use_library "$arch"
-    if chosen gui; then use_test_data "$arch"; fi
-    if ! register "$arch"; then
-        tail -n 10 "build/$arch/regsvr32.log"
-        note_result "regsvr32" "$arch" 0 1 0 "$TOOK"
-    fi
     for group in "$@"; do
         # Nobody looks at the windows of hostile hosts, and there are many.
-        [[ $group != hostile ]] || show_windows nowhere
+        if [[ $group == hostile ]]; then use_library "$arch" unseen; else use_library "$arch"; fi
+        [[ $group != gui ]] || use_test_data "$arch"
+        register_once "$arch"
         run_tests "$group" "$arch" "build/$arch/tests/$group/kiv-$group-tests.exe" wine
     done
 }
+
+# register_once ARCH: in the current prefix.
+register_once() {
+    [[ $REGISTERED != *" $WINEPREFIX "* ]] || return 0
+    REGISTERED+=" $WINEPREFIX "
+    register "$1" && return
+    tail -n 10 "build/$1/regsvr32.log"
+    note_result "regsvr32" "$1" 0 1 0 "$TOOK"
+}
+REGISTERED=''
 
 # run_tests GROUP ARCH PROGRAM [RUNNER]
 run_tests() {

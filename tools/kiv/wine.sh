@@ -25,46 +25,34 @@ stop_display() {
     wait "$XVFB" 2>/dev/null || true
 }
 
-# use_prefix ARCH: the prefix of this build tree is the current one from here on. It is made when it is not there, or
-# when what it is made by has changed since.
+# use_prefix ARCH [unseen]: the prefix of this build tree is the current one from here on; an unseen one has windows that
+# are shown nowhere, which are there to a program like any other and take Wine two thirds of the time. It is made when it
+# is not there, or when what it is made by has changed since.
 use_prefix() {
-    export WINEPREFIX=$ROOT/build/$1/wine
+    local name=wine${2:+-$2} driver=x11
+    [[ ${2-} != unseen ]] || driver=null
+    export WINEPREFIX=$ROOT/build/$1/$name
     if [[ $1 == x86 ]]; then export WINEARCH=win32; else export WINEARCH=win64; fi
     if ((${#WINE_PREFIXES[@]} == 0)); then at_end stop_wine; fi
     WINE_PREFIXES+=("$WINEPREFIX")
-    if [[ $WINEPREFIX/made-by-kiv -nt tools/kiv/wine.sh ]]; then
-        show_windows on-display
-        return
-    fi
+    [[ ! $WINEPREFIX/made-by-kiv -nt tools/kiv/wine.sh ]] || return 0
     rm -rf "$WINEPREFIX"
-    step "Making the Wine prefix $1 (about 15 s)" "build/$1/wine.log" twice make_prefix || {
-        tail -n 10 "build/$1/wine.log" >&2
-        die "the Wine prefix build/$1/wine could not be made." "All of Wine's messages: build/$1/wine.log"
+    step "Making the Wine prefix $1${2:+, $2} (about 15 s)" "build/$1/$name.log" twice make_prefix $driver || {
+        tail -n 10 "build/$1/$name.log" >&2
+        die "the Wine prefix build/$1/$name could not be made." "All of Wine's messages: build/$1/$name.log"
     }
 }
 WINE_PREFIXES=()
 
-# show_windows on-display|nowhere: in the current prefix. To a program a window that is shown nowhere is there like any
-# other, and takes Wine two thirds of the time. Wine looks it up when it starts.
-show_windows() {
-    local driver=x11
-    [[ $(cat "$WINEPREFIX/shows-windows" 2>/dev/null) != "$1" ]] || return 0
-    [[ $1 == on-display ]] || driver=null
-    rm -f "$WINEPREFIX/shows-windows"
-    twice wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d $driver /f >/dev/null 9>&- ||
-        die "Wine could not be told to show windows $1."
-    wineserver -k
-    printf '%s\n' "$1" >"$WINEPREFIX/shows-windows"
-}
-
+# make_prefix DRIVER: where windows are shown.
 make_prefix() {
     # A crash is to end a test, not to wait in a dialog for somebody to read it.
     wineboot -i &&
         wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
         manage_windows N kiv-com-tests kiv-gui-tests kiv-clients-tests kiv-hostile-tests kiv-bench cscript FolioHost &&
         check_heap kiv-com-tests kiv-gui-tests kiv-clients-tests &&
-        wineserver -w && detach_home && add_fonts && echo on-display >"$WINEPREFIX/shows-windows" &&
-        touch "$WINEPREFIX/made-by-kiv"
+        wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d "$1" /f &&
+        wineserver -w && detach_home && add_fonts && touch "$WINEPREFIX/made-by-kiv"
 }
 
 # Debian's Wine does not look where Debian's package puts Tahoma and MS Sans Serif, without which dialogs are
@@ -138,9 +126,9 @@ register() {
         twice wine regsvr32 /s "$(windows_path "$ROOT/$(library "$1")")"
 }
 
-# use_library ARCH: in the prefix of its build tree, told to the test programs.
+# use_library ARCH [unseen]: in the prefix of its build tree, told to the test programs.
 use_library() {
-    use_prefix "$1"
+    use_prefix "$@"
     KIVCTLS_OCX=$(windows_path "$ROOT/$(library "$1")")
     KIV_SOURCE=$(windows_path "$ROOT")
     export KIVCTLS_OCX KIV_SOURCE
