@@ -2,6 +2,7 @@
 
 #include "host/container/DesignSurface.h"
 #include "host/container/Form.h"
+#include "host/container/FormFrame.h"
 #include "host/container/ScreenUnits.h"
 #include "runtime/com/Boundary.h"
 
@@ -166,7 +167,7 @@ void Form::OnCommand(WORD notification, HWND window)
         button->Press();
         break;
     case BN_SETFOCUS:
-        SiteActivated(nullptr);
+        MakeActive(nullptr);
         UpdateDefaultButton();
         break;
     case BN_KILLFOCUS:
@@ -181,7 +182,7 @@ void Form::OnActivate(bool active)
 {
     if (!active)
         lastFocus_ = GetFocus();
-    if (const ComPtr<IOleInPlaceActiveObject> object = activeObject_)
+    if (const ComPtr<IOleInPlaceActiveObject> object = frame_->ActiveObject())
     {
         object->OnFrameWindowActivate(active);
         object->OnDocWindowActivate(active);

@@ -1,6 +1,6 @@
 #include "host/container/Frame.h"
 
-#include "host/container/Form.h"
+#include "host/container/ItemOwner.h"
 #include "host/container/Mnemonic.h"
 
 namespace kiv::host
@@ -15,8 +15,8 @@ constexpr int captionGap = 2;
 
 } // namespace
 
-Frame::Frame(Form& form, const FrameOptions& options) :
-    FormItem(form, options.name, options.bounds, options.tabIndex), options_(options)
+Frame::Frame(ItemOwner& owner, const FrameOptions& options) :
+    FormItem(owner, options.name, options.bounds, options.tabIndex), options_(options)
 {
 }
 

@@ -83,6 +83,14 @@ private:
     std::string_view file_;
 };
 
+// What a control cannot load.
+struct ErrorLog final : SiteObserver
+{
+    void OnLoggedError(ControlSite&, const LoggedError& error) override { Errors.push_back(error); }
+
+    std::vector<LoggedError> Errors;
+};
+
 } // namespace
 
 FormPage::FormPage(const std::filesystem::path& file, bool design) :
@@ -143,11 +151,14 @@ void FormPage::AddControl(const FormBlock& block)
         options.tabStop = keys.Truth("TabStop", true);
         options.visible = keys.Truth("Visible", true);
         options.userMode = !form_->DesignMode();
+        const auto log = std::make_shared<ErrorLog>();
+        options.observer = log;
         ControlSite& site = form_->Add(Wide(block.Class).c_str(), options);
         for (const char* key : extendedKeys)
             if (const FormValue* value = block.Find(key))
                 PutProperty(site.ExtendedControl(), Wide(key), ToVariant(*value));
-        for (const LoggedError& error : site.ErrorLog())
+        site.Observe(nullptr);
+        for (const LoggedError& error : log->Errors)
             warnings_.push_back(FormError(fileName_, block.Line,
                                           block.Name + "." + Utf8(error.Property) + ": " +
                                               Utf8(error.Description) + " " + DescribeResult(error.Result))
