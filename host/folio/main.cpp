@@ -164,7 +164,7 @@ int Main(const std::vector<std::string>& arguments)
         const CommandLine line = ReadCommandLine(arguments);
         if (line.Help)
         {
-            std::fputs(usageText, stdout);
+            std::fputs(UsageText, stdout);
             return AsExpected;
         }
         const Watchdog watchdog(line.TimeoutSeconds);
