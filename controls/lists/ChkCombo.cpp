@@ -35,11 +35,11 @@ struct ChkCombo::Properties
         BackColorProperty(SystemColor(COLOR_WINDOW)),
         EnabledProperty(),
         ForeColorProperty(SystemColor(COLOR_BTNTEXT)),
-        Unstored<L"hwnd">([](auto& list) { return list.combo_.hWnd(); }),
-        Unstored<L"Text">([](auto& list) { return list.combo_.ItemText(list.combo_.Selected()); }),
+        Unstored<L"hwnd">([](auto& list) { return list.cbo.hWnd(); }),
+        Unstored<L"Text">([](auto& list) { return list.cbo.ItemText(list.cbo.Selected()); }),
         Unstored<L"ListIndex">([](auto& list) { return list.HScroll1.Value(); },
                                [](auto& list, short selection) { list.ListIndex(selection); }),
-        Unstored<L"ListCount">([](auto& list) { return static_cast<short>(list.combo_.Count()); }),
+        Unstored<L"ListCount">([](auto& list) { return static_cast<short>(list.cbo.Count()); }),
         Unstored<L"NewIndex">([](auto& list) { return list.list_.NewIndex(); }),
         Unstored<L"PreviousIndex">([](auto& list) { return list.list_.PreviousIndex(); }),
     };
@@ -53,12 +53,12 @@ void ChkCombo::UserControl_Initialize()
     HScroll1.LargeChange(SelectionPage);
     MoveSelection(-1);
     const SIZE size = TheSurface().PixelSize();
-    combo_.Move(0, 0, size.cx, size.cy, false);
+    cbo.Move(0, 0, size.cx, size.cy, false);
     Font(CreateDefaultFont());
-    for (const HWND window : {TheSurface().hWnd(), combo_.hWnd(), HScroll1.hWnd()})
+    for (const HWND window : {TheSurface().hWnd(), cbo.hWnd(), HScroll1.hWnd()})
         RegisterOwner(window, &subClass_);
     HookWindow(TheSurface().hWnd(), controlPrevWndProc_);
-    HookWindow(combo_.hWnd(), comboPrevWndProc_);
+    HookWindow(cbo.hWnd(), comboPrevWndProc_);
     HookWindow(HScroll1.hWnd(), scrollBarPrevWndProc_);
 }
 
@@ -78,11 +78,11 @@ void ChkCombo::UserControl_Resize()
     if (resizing_)
         return;
     const Scoped<bool> resizing(resizing_, true);
-    const int closed = combo_.ClosedHeight();
+    const int closed = cbo.ClosedHeight();
     if (closed != TheSurface().PixelSize().cy)
         RequestSize({TheSurface().PixelSize().cx, closed});
     const SIZE size = TheSurface().PixelSize();
-    combo_.Move(0, 0, size.cx, size.cy, false);
+    cbo.Move(0, 0, size.cx, size.cy, false);
 }
 
 void ChkCombo::UserControl_KeyDown(short& KeyCode, short Shift)
@@ -103,14 +103,14 @@ void ChkCombo::UserControl_WriteProperties(PropertyBag& PropBag)
 // An open list is no child of the control's window, and would stay.
 void ChkCombo::UserControl_Hide()
 {
-    combo_.Close();
+    cbo.Close();
 }
 
 // The combo box goes with the control, whose part it is.
 void ChkCombo::UserControl_Terminate()
 {
     UnhookWindow(TheSurface().hWnd(), controlPrevWndProc_);
-    UnhookWindow(combo_.hWnd(), comboPrevWndProc_);
+    UnhookWindow(cbo.hWnd(), comboPrevWndProc_);
     UnhookWindow(HScroll1.hWnd(), scrollBarPrevWndProc_);
 }
 
@@ -118,8 +118,8 @@ void ChkCombo::HScroll1_Change()
 {
     if (internalChange_)
         return;
-    list_.PreviousIndex(static_cast<short>(combo_.Selected()));
-    combo_.Select(HScroll1.Value());
+    list_.PreviousIndex(static_cast<short>(cbo.Selected()));
+    cbo.Select(HScroll1.Value());
     MoveSelection(HScroll1.Value());
     RaiseClick();
 }
@@ -129,7 +129,7 @@ void ChkCombo::HScroll1_KeyDown(short& KeyCode, short Shift)
     if (KeyCode == VK_F4 && Shift == 0)
     {
         KeyCode = 0;
-        combo_.DropDown(!combo_.IsDropped());
+        cbo.DropDown(!cbo.IsDropped());
     }
     else if (KeyCode == VK_HOME && HScroll1.Value() < 0)
     {
@@ -139,16 +139,16 @@ void ChkCombo::HScroll1_KeyDown(short& KeyCode, short Shift)
 
 void ChkCombo::HScroll1_KeyPress(short& KeyAscii)
 {
-    if (KeyAscii != VK_ESCAPE && !(KeyAscii == VK_RETURN && combo_.IsDropped()))
+    if (KeyAscii != VK_ESCAPE && !(KeyAscii == VK_RETURN && cbo.IsDropped()))
         return;
     KeyAscii = 0;
-    combo_.DropDown(false);
+    cbo.DropDown(false);
 }
 
 // With the list open, Enter and Esc close it instead of pressing the form's buttons.
 bool ChkCombo::Wants(WPARAM key) const
 {
-    return (key == VK_RETURN || key == VK_ESCAPE) && combo_.IsDropped();
+    return (key == VK_RETURN || key == VK_ESCAPE) && cbo.IsDropped();
 }
 
 // --- Properties ---
@@ -157,10 +157,10 @@ void ChkCombo::Enabled(bool newState)
 {
     // From a window that is being disabled the system takes the focus, and with it the keys that lead
     // elsewhere.
-    if (!newState && GetFocus() == combo_.hWnd())
+    if (!newState && GetFocus() == cbo.hWnd())
         HScroll1.TakeFocus();
     TheSurface().Enabled(newState);
-    combo_.Enabled(newState);
+    cbo.Enabled(newState);
     // Closes an open list, of which the host hears: whatever it answers is what stands.
     EnableWindow(TheSurface().hWnd(), newState);
     PropertyChanged(L"Enabled");
@@ -169,7 +169,7 @@ void ChkCombo::Enabled(bool newState)
 
 void ChkCombo::ApplyFont()
 {
-    combo_.Font(TheSurface().FontHandle());
+    cbo.Font(TheSurface().FontHandle());
     UserControl_Resize();
 }
 
@@ -189,7 +189,7 @@ void ChkCombo::ListIndex(short newSelection)
     if (newSelection == HScroll1.Value())
         return;
     MoveSelection(newSelection);
-    combo_.Select(newSelection);
+    cbo.Select(newSelection);
     RaiseClick();
 }
 
@@ -197,7 +197,7 @@ HRESULT ChkCombo::get_List(short Index, BSTR* result) noexcept
 {
     return Get(result, [&] {
         RequireItem(Index);
-        return Bstr(combo_.ItemText(Index)).Detach();
+        return Bstr(cbo.ItemText(Index)).Detach();
     });
 }
 
@@ -211,19 +211,19 @@ HRESULT ChkCombo::put_List(short Index, BSTR newText) noexcept
 void ChkCombo::List(short Index, std::wstring_view newText)
 {
     RequireItem(Index);
-    const long data = combo_.ItemData(Index);
-    combo_.Insert(std::wstring(newText), Index);
-    combo_.ItemData(Index, data);
-    combo_.Remove(Index + 1);
+    const long data = cbo.ItemData(Index);
+    cbo.Insert(std::wstring(newText), Index);
+    cbo.ItemData(Index, data);
+    cbo.Remove(Index + 1);
     FollowShift(HScroll1.Value());
-    combo_.RepaintItem(Index);
+    cbo.RepaintItem(Index);
 }
 
 HRESULT ChkCombo::get_ItemData(short Index, LONG* result) noexcept
 {
     return Get(result, [&] {
         RequireItem(Index);
-        return combo_.ItemData(Index);
+        return cbo.ItemData(Index);
     });
 }
 
@@ -232,7 +232,7 @@ HRESULT ChkCombo::put_ItemData(short Index, LONG newData) noexcept
     return Member([&] {
         RequireRunTime();
         RequireItem(Index);
-        combo_.ItemData(Index, newData);
+        cbo.ItemData(Index, newData);
     });
 }
 
@@ -251,7 +251,7 @@ HRESULT ChkCombo::put_ListCompletionStatus(short Index, DetailStatusEnums newSta
         RequireRunTime();
         RequireItem(Index);
         list_.Status(Index, newStatus);
-        combo_.RepaintItem(Index);
+        cbo.RepaintItem(Index);
     });
 }
 
@@ -272,10 +272,10 @@ void ChkCombo::Insert(std::wstring_view Item, short Index)
         throw ComError(InvalidPropertyIndex);
     if (!atEnd && list_.IsFull())
         throw ComError(Overflow);
-    const int place = combo_.Insert(std::wstring(Item), Index);
+    const int place = cbo.Insert(std::wstring(Item), Index);
     if (place >= ChkComboList::MostItems)
     {
-        combo_.Remove(place);
+        cbo.Remove(place);
         throw ComError(Overflow);
     }
     if (atEnd)
@@ -297,7 +297,7 @@ HRESULT ChkCombo::RemoveItem(short Index) noexcept
 void ChkCombo::Remove(short Index)
 {
     RequireItem(Index);
-    combo_.Remove(Index);
+    cbo.Remove(Index);
     list_.Removed(Index);
     FollowShift(AfterRemoval(HScroll1.Value(), Index));
 }
@@ -310,7 +310,7 @@ HRESULT ChkCombo::Clear() noexcept
 void ChkCombo::RemoveAll()
 {
     list_.Cleared();
-    combo_.Clear();
+    cbo.Clear();
     MoveSelection(-1);
 }
 
@@ -319,7 +319,7 @@ HRESULT ChkCombo::Refresh() noexcept
 {
     return Member([&] {
         UserControl::Refresh();
-        combo_.Invalidate();
+        cbo.Invalidate();
     });
 }
 
@@ -328,7 +328,7 @@ HRESULT ChkCombo::Refresh() noexcept
 // Somebody else may have sent messages to the combo box, or to its list.
 void ChkCombo::Follow()
 {
-    list_.Follow(std::min(combo_.Count(), ChkComboList::MostItems));
+    list_.Follow(std::min(cbo.Count(), ChkComboList::MostItems));
 }
 
 void ChkCombo::RequireItem(short Index)
@@ -357,8 +357,8 @@ void ChkCombo::MoveSelection(short index)
 void ChkCombo::FollowShift(short index)
 {
     MoveSelection(index);
-    if (combo_.Selected() != index)
-        combo_.Select(index);
+    if (cbo.Selected() != index)
+        cbo.Select(index);
 }
 
 void ChkCombo::RaiseClick()

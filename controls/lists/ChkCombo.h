@@ -97,7 +97,7 @@ private:
     ChkComboList list_;
     FocusDebounce focusDebounce_;
     ScrollBar HScroll1{*this, TheSurface().hWnd()};
-    ComboBox combo_{*this, TheSurface().hWnd()};
+    ComboBox cbo{*this, TheSurface().hWnd()};
     bool internalChange_ = false; // HScroll1's value is being moved by the control itself
     bool resizing_ = false;
     bool choosing_ = false;           // the user has picked from the open list

@@ -40,13 +40,13 @@ COLORREF Resolved(const ItemColor& color)
 
 bool ChkCombo::Hooks(HWND hwnd) const
 {
-    return hwnd == combo_.hWnd() || hwnd == HScroll1.hWnd() || hwnd == TheSurface().hWnd();
+    return hwnd == cbo.hWnd() || hwnd == HScroll1.hWnd() || hwnd == TheSurface().hWnd();
 }
 
 // Errors are trapped by the service: they must not unwind through the window procedure.
 LRESULT ChkCombo::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
 {
-    if (hwnd == combo_.hWnd())
+    if (hwnd == cbo.hWnd())
         return ComboMessage(hwnd, msg, wParam, lParam);
     if (hwnd == HScroll1.hWnd())
         return ScrollBarMessage(hwnd, msg, wParam, lParam);
@@ -63,7 +63,7 @@ LRESULT ChkCombo::ComboMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam
     const LRESULT result = CallPrevious(comboPrevWndProc_, hwnd, msg, wParam, lParam);
     // Whichever message opened the list: only now is it there to be closed.
     if (leftMeanwhile_)
-        combo_.Close();
+        cbo.Close();
     return result;
 }
 
@@ -72,21 +72,21 @@ LRESULT ChkCombo::ScrollBarMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lP
     switch (msg)
     {
     case WM_SETFOCUS:
-        combo_.Post(WM_SETFOCUS);
+        cbo.Post(WM_SETFOCUS);
         break;
     case WM_KILLFOCUS: {
         // One that is still on its way would take the focus back.
-        combo_.TakeBack(WM_SETFOCUS);
-        SendMessageA(combo_.hWnd(), WM_KILLFOCUS, 0, 0);
+        cbo.TakeBack(WM_SETFOCUS);
+        SendMessageA(cbo.hWnd(), WM_KILLFOCUS, 0, 0);
         // Left for good, with the button still held down perhaps.
         if (!IsChild(TheSurface().hWnd(), reinterpret_cast<HWND>(wParam)))
-            combo_.Close();
+            cbo.Close();
         break;
     }
     case WM_SYSKEYDOWN:
         if ((wParam == VK_DOWN || wParam == VK_UP) && TakesInput())
         {
-            combo_.DropDown(!combo_.IsDropped());
+            cbo.DropDown(!cbo.IsDropped());
             return 0;
         }
         break;
@@ -121,7 +121,7 @@ LRESULT ChkCombo::ControlMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lPar
     case WM_MEASUREITEM:
         return TRUE; // the height is left as the system computes it
     case WM_COMMAND:
-        if (reinterpret_cast<HWND>(lParam) == combo_.hWnd())
+        if (reinterpret_cast<HWND>(lParam) == cbo.hWnd())
             Combo_Notified(HIWORD(wParam));
         break;
     default:
@@ -158,14 +158,14 @@ void ChkCombo::Combo_Notified(WORD code)
 void ChkCombo::Combo_SelChange()
 {
     list_.PreviousIndex(HScroll1.Value());
-    MoveSelection(static_cast<short>(combo_.Selected()));
+    MoveSelection(static_cast<short>(cbo.Selected()));
     RaiseClick();
 }
 
 void ChkCombo::Combo_DropDown()
 {
     const SIZE size = TheSurface().PixelSize();
-    combo_.Move(0, 0, size.cx, DropDownHeight(size.cy, combo_.ItemHeight(), combo_.Count()), true);
+    cbo.Move(0, 0, size.cx, DropDownHeight(size.cy, cbo.ItemHeight(), cbo.Count()), true);
     const bool hadFocus = TheSurface().ContainsFocus();
     RaiseEvent(ChkComboEvents::DropDown);
     // The host may have put the control away, or have moved the focus: the list opens all the same, and is
@@ -176,7 +176,7 @@ void ChkCombo::Combo_DropDown()
         return;
     watch_.emplace(TheSurface().hWnd(), [this] {
         const Microsoft::WRL::ComPtr<IUnknown> held(Outer());
-        combo_.Close();
+        cbo.Close();
     });
 }
 
@@ -205,7 +205,7 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
     const auto index = static_cast<int>(item.itemID);
     if (!list_.Holds(index))
         return;
-    const std::wstring text = combo_.ItemText(index);
+    const std::wstring text = cbo.ItemText(index);
 
     const bool selected = (item.itemState & ODS_SELECTED) != 0;
     const COLORREF background =

@@ -1,9 +1,9 @@
 #include "controls/lists/EnumList.h"
 
+#include "controls/lists/CodePicker.h"
 #include "controls/lists/EnumMessages.h"
 #include "controls/lists/EnumRecordset.h"
 #include "controls/lists/EnumRules.h"
-#include "controls/lists/frmEnums.h"
 #include "resources/ResourceIds.h"
 #include "runtime/com/LateBound.h"
 #include "runtime/core/Scoped.h"
@@ -144,7 +144,7 @@ void EnumList::UserControl_WriteProperties(PropertyBag& PropBag)
 void EnumList::UserControl_Hide()
 {
     if (picking_)
-        frmEnums::TheForm().Unload();
+        PickerTurn::Leave();
 }
 
 // What is no part of a new control, and none of a form's file.
@@ -162,26 +162,26 @@ void EnumList::Clear()
 
 void EnumList::cmd_Click()
 {
-    frmEnums& picker = frmEnums::TheForm();
-    if (picker.InUse)
-        return; // by a list further down this thread's stack; nothing of its form may be touched
-    const Scoped<bool> inUse(picker.InUse, true);
-    const Scoped<bool> picking(picking_, true);
-    picker.StateCode = StateCode;
-    picker.TableName = TableName;
-    const Scoped<ComPtr<IDispatch>> database(picker.Database, Database);
-    picker.ShowCodes = ShowsCodes();
-    {
-        const Form::Loaded loaded(picker, GetAncestor(TheSurface().hWnd(), GA_ROOT), EnumListTitle);
-        picker.SortListBy(PickerSortOrder);
-        picker.EnumCode(enumCode_);
-        picker.Display(ModalTeller());
-    }
-    PickerSortOrder = picker.SortListBy();
-    if (picker.Cancel() || picker.EnumCode() == enumCode_)
+    // Taken before anything else: the host is asked on the way, and may click on a list meanwhile.
+    const PickerTurn turn;
+    if (!turn)
         return;
-    // Copied: whoever hears of the change may open the picker again.
-    if (FAILED(Boundary([&, chosen = picker.EnumCode()] { EnumCode(chosen); })))
+    const Scoped<bool> picking(picking_, true);
+    PickRequest request;
+    request.StateCode = StateCode;
+    request.TableName = TableName;
+    request.Database = Database;
+    request.ShowCodes = ShowsCodes();
+    request.Owner = GetAncestor(TheSurface().hWnd(), GA_ROOT);
+    request.Title = EnumListTitle;
+    request.SortListBy = PickerSortOrder;
+    request.Present = [this] { return enumCode_; };
+    request.Teller = [this] { return ModalTeller(); };
+    const PickAnswer answer = turn.PickCode(request);
+    PickerSortOrder = answer.SortListBy;
+    if (!answer.Code || *answer.Code == enumCode_)
+        return;
+    if (FAILED(Boundary([&] { EnumCode(*answer.Code); })))
         TellTableUnread(); // no caller is there to get the error
     RaiseEvent(EnumListEvents::SelectionChanged);
 }

@@ -2,7 +2,7 @@
 
 #include "controls/lists/EnumLayout.h"
 #include "controls/lists/EnumMessages.h"
-#include "runtime/com/PerThread.h"
+#include "runtime/core/Scoped.h"
 #include "runtime/forms/CharacterWidths.h"
 #include "runtime/forms/Color.h"
 #include "runtime/forms/MousePointer.h"
@@ -38,11 +38,6 @@ constexpr std::size_t LongestMeasured = 4096;
 constexpr wchar_t NoneItem[] = L"(none)\t";
 
 } // namespace
-
-frmEnums& frmEnums::TheForm()
-{
-    return PerThread<frmEnums>();
-}
 
 frmEnums::frmEnums() : Form(InnerWidth, InnerHeight) {}
 
@@ -95,8 +90,8 @@ void frmEnums::Form_Load()
     form.cmdOK.OnClick = [this] { cmdOK_Click(); };
     form.cmdCancel.OnClick = [this] { cmdCancel_Click(); };
 
-    form.lstEnums.TabStop(ShowCodes ? TextTabStop : HiddenTabStop);
-    form.fraSort.Visible(ShowCodes);
+    form.lstEnums.TabStop(request_->ShowCodes ? TextTabStop : HiddenTabStop);
+    form.fraSort.Visible(request_->ShowCodes);
 }
 
 void frmEnums::Form_Resize()
@@ -109,7 +104,7 @@ void frmEnums::Form_Resize()
     sizes.ButtonWidth = OkPlace.Width;
     sizes.ButtonHeight = OkPlace.Height;
     sizes.FrameHeight = FramePlace.Height;
-    sizes.FrameShown = ShowCodes;
+    sizes.FrameShown = request_->ShowCodes;
     const std::optional<PickerColumns> columns = CalcPickerColumns(surface.ScaleWidth(), sizes);
     const std::optional<PickerRows> rows = CalcPickerRows(surface.ScaleHeight(), sizes);
 
@@ -137,7 +132,7 @@ void frmEnums::Form_Resize()
 
 void frmEnums::Form_Paint()
 {
-    if (!ShowCodes || !controls_)
+    if (!controls_ || !request_->ShowCodes)
         return;
     for (const Label& heading : controls_->lbl)
         heading.Draw();
@@ -160,12 +155,12 @@ void frmEnums::Form_Unload()
 // button that was clicked.
 void frmEnums::optSortBy_Click(long Index)
 {
-    sortListBy_ = ShowCodes ? Index : ByDescription;
+    sortListBy_ = request_->ShowCodes ? Index : ByDescription;
     const int filling = ++fillings_;
     std::optional<EnumRecordset> rows = [&] {
         const Hourglass hourglass;
-        const Microsoft::WRL::ComPtr<IDispatch> database = Database;
-        return EnumRecordset::Open(database.Get(), ListQuery(StateCode, TableName, Index));
+        return EnumRecordset::Open(request_->Database.Get(),
+                                   ListQuery(request_->StateCode, request_->TableName, Index));
     }();
     if (Superseded(filling))
         return;
@@ -214,8 +209,8 @@ void frmEnums::Fill(EnumRecordset& rows, int filling)
             if (!widths.FitsIn(measured, static_cast<int>(MaxTextWidth / Screen::TwipsPerPixelX())))
                 MaxTextWidth = WidestLine(MaxTextWidth, TheSurface().TextWidth(measured));
             const bool isFirst = list.ListCount() == first;
-            const int item =
-                list.AddItem(ItemText(ShowCodes, isFirst ? code.View() : std::wstring_view(), line));
+            const int item = list.AddItem(
+                ItemText(request_->ShowCodes, isFirst ? code.View() : std::wstring_view(), line));
             list.ItemData(item, first);
         } while (!rest.empty());
         rows.MoveNext();
@@ -226,7 +221,7 @@ void frmEnums::Fill(EnumRecordset& rows, int filling)
 
 std::wstring frmEnums::ListItemCode(int index) const
 {
-    return ItemCode(ShowCodes, controls_->lstEnums.List(index));
+    return ItemCode(request_->ShowCodes, controls_->lstEnums.List(index));
 }
 
 // Empty for "(none)", and when nothing is selected, as after the list was sorted anew.
@@ -263,6 +258,18 @@ void frmEnums::cmdCancel_Click()
 
 // --- For the caller ---
 
+PickAnswer frmEnums::PickCode(const PickRequest& request)
+{
+    const Scoped<const PickRequest*> asked(request_, &request);
+    {
+        const Loaded loaded(*this, request.Owner, request.Title);
+        SortListBy(request.SortListBy);
+        EnumCode(request.Present());
+        Display();
+    }
+    return {sortListBy_, cancel_ ? std::nullopt : std::optional(enumCode_)};
+}
+
 // A number that is no order counts as that by code.
 void frmEnums::SortListBy(long order)
 {
@@ -288,12 +295,12 @@ void frmEnums::EnumCode(std::wstring_view code)
     }
 }
 
-void frmEnums::Display(const std::function<void(bool enabled)>& tellOwner)
+void frmEnums::Display()
 {
     const double screenWidth = GetSystemMetrics(SM_CXSCREEN) * Screen::TwipsPerPixelX();
     OuterWidth(
         PickerWidth(OuterWidth(), TheSurface().ScaleWidth(), ListPlace.Left, MaxTextWidth, screenWidth));
-    ShowModal(tellOwner);
+    ShowModal(request_->Teller());
 }
 
 } // namespace kiv

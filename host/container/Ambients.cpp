@@ -1,6 +1,7 @@
 #include "host/container/Ambients.h"
 
-#include "host/container/Form.h"
+#include "host/container/ControlSite.h"
+#include "host/container/ItemOwner.h"
 
 #include <olectl.h>
 

@@ -1,6 +1,6 @@
 #include "host/container/Button.h"
 
-#include "host/container/Form.h"
+#include "host/container/ItemOwner.h"
 #include "host/container/Mnemonic.h"
 #include "host/container/ScreenUnits.h"
 #include "runtime/com/Errors.h"
@@ -8,19 +8,19 @@
 namespace kiv::host
 {
 
-Button::Button(Form& form, const ButtonOptions& options) :
-    FormItem(form, options.name, options.bounds, options.tabIndex),
+Button::Button(ItemOwner& owner, const ButtonOptions& options) :
+    FormItem(owner, options.name, options.bounds, options.tabIndex),
     options_(options),
     window_(CreateWindowExW(0, L"BUTTON", options.caption.c_str(),
                             WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | BS_NOTIFY |
                                 static_cast<DWORD>(options.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON),
                             options.bounds.left, options.bounds.top, SizeOf(options.bounds).cx,
-                            SizeOf(options.bounds).cy, form.Window(), nullptr, GetModuleHandleW(nullptr),
+                            SizeOf(options.bounds).cy, owner.Window(), nullptr, GetModuleHandleW(nullptr),
                             nullptr))
 {
     if (!window_)
         ThrowLastError();
-    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(form.Font()), FALSE);
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner.Font()), FALSE);
     if (!options.enabled)
         SetEnabled(false);
 }

@@ -25,7 +25,7 @@ struct ButtonOptions
 class Button final : public FormItem
 {
 public:
-    Button(Form& form, const ButtonOptions& options);
+    Button(ItemOwner& owner, const ButtonOptions& options);
     ~Button() override;
 
     HWND Window() const { return window_; }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/container/SiteOptions.h"
+#include "host/container/SiteCalls.h"
 #include "runtime/com/Boundary.h"
 #include "runtime/com/ComObject.h"
 
@@ -10,16 +10,14 @@
 namespace kiv::host
 {
 
-class ControlSite;
-
 // What the control sees of its container. Lives as long as the control keeps it; once detached from its
-// ControlSite every call fails.
+// ControlSite, every call fails.
 class ClientSite final
     : public ComObject<IOleClientSite, Chain<IOleInPlaceSiteEx, IOleInPlaceSite, IOleWindow>, IOleControlSite,
                        IPropertyNotifySink, Chain<IAdviseSinkEx, IAdviseSink>, IErrorLog, IDispatch>
 {
 public:
-    explicit ClientSite(ControlSite& site) : site_(&site) {}
+    explicit ClientSite(SiteCalls& site) : site_(&site) {}
     void Detach() { site_ = nullptr; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override;
@@ -88,10 +86,8 @@ public:
 private:
     template<class Body>
     HRESULT Answer(std::string_view call, Body&& body) noexcept;
-    HRESULT Activated();
-    HRESULT Deactivated();
 
-    ControlSite* site_;
+    SiteCalls* site_;
 };
 
 } // namespace kiv::host

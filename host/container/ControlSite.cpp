@@ -4,7 +4,7 @@
 #include "host/container/ClientSite.h"
 #include "host/container/EventSink.h"
 #include "host/container/Extender.h"
-#include "host/container/Form.h"
+#include "host/container/ItemOwner.h"
 #include "host/container/ScreenUnits.h"
 #include "runtime/com/MakeCom.h"
 
@@ -15,12 +15,14 @@ namespace kiv::host
 
 using Microsoft::WRL::ComPtr;
 
-ControlSite::ControlSite(Form& form, IUnknown* control, SiteOptions options) :
+ControlSite::ControlSite(ItemOwner& form, IUnknown* control, SiteOptions options) :
     FormItem(form, options.name, options.bounds, options.tabIndex),
     options_(std::move(options)),
     control_(control),
-    site_(MakeCom<ClientSite>(*this)),
-    events_(MakeCom<EventSink>(FindEventInterface(control))),
+    site_(MakeCom<ClientSite>(static_cast<SiteCalls&>(*this))),
+    events_(
+        MakeCom<EventSink>(FindEventInterface(control),
+                           [this](const EventRecord& event, DISPPARAMS& raised) { Heard(event, raised); })),
     extender_(MakeCom<Extender>(*this))
 {
     static_cast<void>(control_.As(&dispatch_));
@@ -75,21 +77,6 @@ void ControlSite::AmbientChanged(DISPID ambient)
         control->OnAmbientPropertyChange(ambient);
 }
 
-void ControlSite::OnEvent(EventHandler handler)
-{
-    events_->SetHandler(std::move(handler));
-}
-
-const std::vector<EventRecord>& ControlSite::Events() const
-{
-    return events_->Records();
-}
-
-void ControlSite::ClearEvents()
-{
-    events_->ClearRecords();
-}
-
 bool ControlSite::Dirty() const
 {
     if (const auto stream = Query<IPersistStreamInit>())
@@ -102,17 +89,6 @@ bool ControlSite::Dirty() const
 IDispatch* ControlSite::ExtendedControl() const
 {
     return extender_.Get();
-}
-
-std::wstring ControlSite::NameOfMember(DISPID member) const
-{
-    ComPtr<ITypeInfo> description;
-    Bstr name;
-    UINT found = 0;
-    if (dispatch_ && SUCCEEDED(dispatch_->GetTypeInfo(0, LOCALE_USER_DEFAULT, &description)) && description &&
-        SUCCEEDED(description->GetNames(member, name.Receive(), 1, &found)) && found == 1)
-        return name.String();
-    return L"#" + std::to_wstring(member);
 }
 
 HRESULT ControlSite::Draw(HDC context, const RECT& bounds) const

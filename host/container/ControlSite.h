@@ -1,13 +1,14 @@
 #pragma once
 
-#include "host/container/EventRecord.h"
 #include "host/container/FormItem.h"
 #include "host/container/PropertyBag.h"
+#include "host/container/SiteCalls.h"
+#include "host/container/SiteObserver.h"
 #include "host/container/SiteOptions.h"
 
 #include <oleidl.h>
 
-#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,15 +19,6 @@ namespace kiv::host
 class ClientSite;
 class EventSink;
 class Extender;
-
-// What a control reported through IErrorLog while it was loaded or saved.
-struct LoggedError
-{
-    std::wstring Property;
-    HRESULT Result = S_OK;
-    std::wstring Source;
-    std::wstring Description;
-};
 
 // How far a control has come on its site.
 enum class SiteState
@@ -40,13 +32,11 @@ enum class SiteState
 // One hosted control: creates nothing itself, but sites, loads, activates and tears down what Form::Add was
 // given. All of a control's calls arrive at the ClientSite behind it, so a control that keeps its site too
 // long, or calls it after Close, only gets errors.
-class ControlSite final : public FormItem
+class ControlSite final : public FormItem, private SiteCalls
 {
 public:
-    // Called for each event, on the form's thread, while the control is raising it.
-    using EventHandler = std::function<void(const EventRecord& event, DISPPARAMS& raised)>;
-
-    ControlSite(Form& form, IUnknown* control, SiteOptions options);
+    // With the control sited and loaded, up to its first activation; throws what the control fails with.
+    static std::unique_ptr<ControlSite> Make(ItemOwner& form, IUnknown* control, SiteOptions options);
     ~ControlSite() override;
 
     // The control's default interface and identity; null once closed. The callers of the typed Query get null
@@ -88,15 +78,8 @@ public:
     void SetUserMode(bool userMode);
     void AmbientChanged(DISPID ambient);
 
-    // What has been heard from the control so far. Each list grows until it is cleared.
-    void OnEvent(EventHandler handler); // one handler; an empty one removes it
-    const std::vector<EventRecord>& Events() const;
-    void ClearEvents();
-    const std::vector<std::wstring>& Notifications() const { return notifications_; } // IPropertyNotifySink
-    void ClearNotifications() { notifications_.clear(); }
-    const std::vector<LoggedError>& ErrorLog() const { return errors_; }
-    const std::vector<std::string>& Calls() const { return calls_; } // "Interface::Method" on the site
-    void ClearCalls() { calls_.clear(); }
+    // Whom the control's calls and events are told from now on, in place of the former one; null: nobody.
+    void Observe(std::shared_ptr<SiteObserver> observer) { options_.observer = std::move(observer); }
     bool Dirty() const; // IPersist…::IsDirty
 
     // The object that a form's code sees: Name, Left, Top, …, and the control's own members through Object.
@@ -118,10 +101,9 @@ public:
     bool EatsEscape() const;
 
 private:
-    friend class ClientSite;
-    friend class Form;
+    ControlSite(ItemOwner& form, IUnknown* control, SiteOptions options);
 
-    // Life, in order; Attach is all of it up to the first activation and throws what the control fails with.
+    // Life, in order; Attach is all of it up to the first activation.
     void Attach();
     HRESULT QuickActivate();
     void SetClientSite(IOleClientSite* site);
@@ -132,6 +114,25 @@ private:
     Microsoft::WRL::ComPtr<IConnectionPoint> NotificationPoint() const;
     void AgreeOnSize();
 
+    // SiteCalls
+    bool Has(REFIID iid) const override;
+    std::optional<HRESULT> Asked(std::string_view call) override;
+    void Activated() override;
+    void Deactivated() override;
+    void UIActivated() override;
+    void UIDeactivated() override;
+    void GotFocus() override;
+    void WantsBounds(const RECT& bounds) override;
+    void ControlInfoChanged() override;
+    void ViewChanged() override;
+    void PropertyChanged(DISPID member) override;
+    void Logged(const LoggedError& error) override;
+    bool PassedKey(MSG& message) override;
+    SitePlace Place() const override;
+    IDispatch* Extended() const override;
+    std::optional<Variant> Ambient(DISPID ambient) const override;
+
+    void Heard(const EventRecord& event, DISPPARAMS& raised);
     HRESULT DoVerb(LONG verb);
     void ReadControlInfo();
     std::wstring NameOfMember(DISPID member) const;
@@ -146,9 +147,6 @@ private:
     DWORD notifyCookie_ = 0;
     CONTROLINFO controlInfo_ = {};
     SiteState state_ = SiteState::Closed;
-    std::vector<std::wstring> notifications_;
-    std::vector<LoggedError> errors_;
-    std::vector<std::string> calls_;
 };
 
 } // namespace kiv::host

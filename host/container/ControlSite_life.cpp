@@ -4,7 +4,7 @@
 #include "host/container/ControlSite.h"
 #include "host/container/EventSink.h"
 #include "host/container/Extender.h"
-#include "host/container/Form.h"
+#include "host/container/ItemOwner.h"
 #include "host/container/ScreenUnits.h"
 
 #include <olectl.h>
@@ -13,6 +13,13 @@ namespace kiv::host
 {
 
 using Microsoft::WRL::ComPtr;
+
+std::unique_ptr<ControlSite> ControlSite::Make(ItemOwner& form, IUnknown* control, SiteOptions options)
+{
+    std::unique_ptr<ControlSite> site(new ControlSite(form, control, std::move(options)));
+    site->Attach();
+    return site;
+}
 
 void ControlSite::Attach()
 {

@@ -12,8 +12,8 @@ namespace kiv::host
 namespace
 {
 
-constexpr wchar_t className[] = L"KivDesignSurface";
-constexpr int handleSize = 6;
+constexpr wchar_t ClassName[] = L"KivDesignSurface";
+constexpr int HandleSize = 6;
 
 long Area(const RECT& bounds)
 {
@@ -29,14 +29,14 @@ DesignSurface::DesignSurface(Form& form, SIZE gridPixels) : form_(form), grid_(g
     surface.lpfnWndProc = &DesignSurface::WindowProcedure;
     surface.hInstance = GetModuleHandleW(nullptr);
     surface.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
-    surface.lpszClassName = className;
+    surface.lpszClassName = ClassName;
     if (!RegisterClassExW(&surface) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
         ThrowLastError();
     RECT client = {};
     GetClientRect(form.Window(), &client);
     // Transparent: what lies below is painted as if this window were not there.
     window_ =
-        CreateWindowExW(WS_EX_TRANSPARENT, className, nullptr, WS_CHILD | WS_VISIBLE, 0, 0, client.right,
+        CreateWindowExW(WS_EX_TRANSPARENT, ClassName, nullptr, WS_CHILD | WS_VISIBLE, 0, 0, client.right,
                         client.bottom, form.Window(), nullptr, surface.hInstance, nullptr);
     if (!window_)
         ThrowLastError();
@@ -134,15 +134,15 @@ void DesignSurface::PaintHandles(HDC context) const
         return;
     // Outside the item, so that a control that repaints itself does not wipe them.
     RECT around = selected_->Bounds();
-    InflateRect(&around, handleSize, handleSize);
-    const long columns[] = {around.left, (around.left + around.right - handleSize) / 2,
-                            around.right - handleSize};
-    const long rows[] = {around.top, (around.top + around.bottom - handleSize) / 2,
-                         around.bottom - handleSize};
+    InflateRect(&around, HandleSize, HandleSize);
+    const long columns[] = {around.left, (around.left + around.right - HandleSize) / 2,
+                            around.right - HandleSize};
+    const long rows[] = {around.top, (around.top + around.bottom - HandleSize) / 2,
+                         around.bottom - HandleSize};
     for (const long x : columns)
         for (const long y : rows)
         {
-            const RECT handle = {x, y, x + handleSize, y + handleSize};
+            const RECT handle = {x, y, x + HandleSize, y + HandleSize};
             if (x != columns[1] || y != rows[1])
                 FillRect(context, &handle, GetSysColorBrush(COLOR_HIGHLIGHT));
         }

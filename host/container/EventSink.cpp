@@ -9,7 +9,8 @@ namespace kiv::host
 
 using Microsoft::WRL::ComPtr;
 
-EventSink::EventSink(EventInterface events) : events_(std::move(events))
+EventSink::EventSink(EventInterface events, Handler handler) :
+    events_(std::move(events)), handler_(std::move(handler))
 {
     if (events_.Description)
         ReadNames();
@@ -148,7 +149,6 @@ HRESULT EventSink::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* raised,
         // The handler may take the control, and with it this sink, off the form.
         const ComPtr<EventSink> alive(this);
         const EventRecord record = Describe(member, *raised);
-        records_.push_back(record);
         if (const Handler handler = handler_)
             handler(record, *raised);
         return S_OK;

@@ -13,19 +13,16 @@
 namespace kiv::host
 {
 
-// Hears a control's events, whatever they are: names them by the control's own type information, keeps a
-// record of each and hands it on.
+// Hears a control's events, whatever they are: names them by the control's own type information and hands
+// them on.
 class EventSink final : public ComObject<IDispatch>
 {
 public:
     using Handler = std::function<void(const EventRecord&, DISPPARAMS&)>;
 
-    explicit EventSink(EventInterface events);
+    EventSink(EventInterface events, Handler handler);
 
     bool Describes() const { return events_.Description != nullptr; }
-    void SetHandler(Handler handler) { handler_ = std::move(handler); }
-    const std::vector<EventRecord>& Records() const { return records_; }
-    void ClearRecords() { records_.clear(); }
 
     // Connects as IConnectionPoint has it. AdoptConnection: the control connected us itself.
     HRESULT Connect(IUnknown* control);
@@ -55,7 +52,6 @@ private:
     EventInterface events_;
     std::map<DISPID, EventNames> names_;
     Handler handler_;
-    std::vector<EventRecord> records_;
     Microsoft::WRL::ComPtr<IConnectionPoint> point_;
     DWORD cookie_ = 0;
     bool deaf_ = false;

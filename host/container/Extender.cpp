@@ -39,7 +39,7 @@ struct MemberName
     ExtendedMember Member;
 };
 
-constexpr std::array<MemberName, 14> members = {{
+constexpr std::array<MemberName, 14> ExtendedMembers = {{
     {L"Name", ExtendedName},
     {L"Object", ExtendedObject},
     {L"Left", ExtendedLeft},
@@ -58,7 +58,7 @@ constexpr std::array<MemberName, 14> members = {{
 
 bool IsExtended(DISPID member)
 {
-    return std::any_of(members.begin(), members.end(),
+    return std::any_of(ExtendedMembers.begin(), ExtendedMembers.end(),
                        [member](const MemberName& each) { return each.Member == member; });
 }
 
@@ -84,9 +84,9 @@ HRESULT Extender::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID lo
     if (!names || !found || count == 0)
         return E_INVALIDARG;
     return Boundary([&]() -> HRESULT {
-        const auto own = std::find_if(members.begin(), members.end(),
+        const auto own = std::find_if(ExtendedMembers.begin(), ExtendedMembers.end(),
                                       [&](const MemberName& each) { return SameName(each.Name, names[0]); });
-        if (own != members.end())
+        if (own != ExtendedMembers.end())
         {
             std::fill(found, found + count, DISPID_UNKNOWN);
             found[0] = own->Member;

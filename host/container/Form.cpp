@@ -40,7 +40,7 @@ ComPtr<IFontDisp> SystemDialogFont()
 } // namespace
 
 Form::Form(std::wstring_view title, SIZE clientSize) :
-    fontObject_(SystemDialogFont()), frame_(MakeCom<FormFrame>(*this))
+    fontObject_(SystemDialogFont()), frame_(MakeCom<FormFrame>(static_cast<const ItemOwner&>(*this)))
 {
     CreateFormWindow(title, clientSize);
 }
@@ -73,9 +73,8 @@ ControlSite& Form::Add(IUnknown* control, SiteOptions options)
 
 ControlSite& Form::Host(IUnknown* control, SiteOptions options)
 {
-    auto made = std::make_unique<ControlSite>(*this, control, std::move(options));
+    auto made = ControlSite::Make(*this, control, std::move(options));
     ControlSite& site = *made;
-    site.Attach();
     items_.push_back(std::move(made));
     if (site.Options().activate && site.Visible() && (site.MiscStatus() & OLEMISC_ACTIVATEWHENVISIBLE))
         Check(site.Activate());
@@ -97,27 +96,29 @@ void Form::Remove(ControlSite& site)
         Select(nullptr);
 }
 
+template<class Item, class Options>
+Item& Form::AddItem(const Options& options)
+{
+    // To what stands on it, a form is only its owner.
+    auto item = std::make_unique<Item>(static_cast<ItemOwner&>(*this), options);
+    Item& added = *item;
+    items_.push_back(std::move(item));
+    return added;
+}
+
 Label& Form::AddLabel(const LabelOptions& options)
 {
-    auto label = std::make_unique<Label>(*this, options);
-    Label& added = *label;
-    items_.push_back(std::move(label));
-    return added;
+    return AddItem<Label>(options);
 }
 
 Frame& Form::AddFrame(const FrameOptions& options)
 {
-    auto frame = std::make_unique<Frame>(*this, options);
-    Frame& added = *frame;
-    items_.push_back(std::move(frame));
-    return added;
+    return AddItem<Frame>(options);
 }
 
 Button& Form::AddButton(const ButtonOptions& options)
 {
-    auto button = std::make_unique<Button>(*this, options);
-    Button& added = *button;
-    items_.push_back(std::move(button));
+    Button& added = AddItem<Button>(options);
     if (design_)
         design_->KeepOnTop();
     return added;
@@ -172,19 +173,18 @@ void Form::Destroy()
     }
     design_.reset();
     frame_->Detach();
-    activeObject_.Reset();
     const HWND window = std::exchange(window_, nullptr);
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     DestroyWindow(window);
 }
 
-void Form::SiteActivated(ControlSite* site)
+void Form::MakeActive(ControlSite* site)
 {
     if (active_ == site)
         return;
     ControlSite* const before = std::exchange(active_, site);
     // The new control announces itself to the frame after this.
-    activeObject_.Reset();
+    frame_->ForgetActiveObject();
     if (before)
         before->UIDeactivate();
     UpdateDefaultButton();
@@ -195,7 +195,12 @@ void Form::SiteDeactivated(ControlSite& site)
     if (active_ != &site)
         return;
     active_ = nullptr;
-    activeObject_.Reset();
+    frame_->ForgetActiveObject();
+}
+
+IOleInPlaceFrame* Form::InPlaceFrame() const
+{
+    return frame_.Get();
 }
 
 ComPtr<IUnknown> CreateFromModule(const wchar_t* path, REFCLSID classId)

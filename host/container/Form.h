@@ -3,6 +3,7 @@
 #include "host/container/Button.h"
 #include "host/container/ControlSite.h"
 #include "host/container/Frame.h"
+#include "host/container/ItemOwner.h"
 #include "host/container/Label.h"
 
 #include <functional>
@@ -18,7 +19,7 @@ class FormFrame;
 
 // A top-level window that holds controls: the whole of a small container. Use it on one thread that has
 // entered a single-threaded apartment (OleInitialize). Errors of creation and loading are thrown as ComError.
-class Form
+class Form : private ItemOwner
 {
 public:
     // clientSize in pixels. The window is made at once, hidden.
@@ -42,10 +43,10 @@ public:
     FormItem* Find(std::wstring_view name) const; // case ignored; null when there is none
     ControlSite* FindSite(std::wstring_view name) const;
 
-    HWND Window() const { return window_; }
+    HWND Window() const override { return window_; }
     // Of the form, in the system's dialog font; also the default ambient font.
-    HFONT Font() const;
-    IFontDisp* FontObject() const { return fontObject_.Get(); }
+    HFONT Font() const override;
+    IFontDisp* FontObject() const override { return fontObject_.Get(); }
 
     void Show();    // and brings it to the foreground with the focus on the first item
     void Destroy(); // closes every control first
@@ -58,9 +59,9 @@ public:
     ControlSite* ActiveSite() const { return active_; }
     FormItem* FocusedItem() const;
     void FocusNext(bool backward);
-    void FocusAfter(const FormItem& item); // the next one in tab order that can have it
+    void FocusAfter(const FormItem& item) override; // the next one in tab order that can have it
     // The form's own keys: Tab, Enter, Esc, mnemonics. True when the message was one and is dealt with.
-    bool Navigate(MSG& message);
+    bool Navigate(MSG& message) override;
 
     // Message loop. PumpPending handles what is waiting; PumpUntil handles messages until the condition
     // holds (true) or the time is over (false). Run returns when the window is gone.
@@ -79,16 +80,11 @@ public:
     // Design mode: controls are shown but do not answer; a click selects. Set before controls are added,
     // whose options then should say userMode = false.
     void SetDesignMode(SIZE gridPixels);
-    bool DesignMode() const { return design_ != nullptr; }
+    bool DesignMode() const override { return design_ != nullptr; }
     void Select(FormItem* item);
     FormItem* Selected() const;
 
 private:
-    friend class ClientSite;
-    friend class ControlSite;
-    friend class FormFrame;
-    friend class FormItem;
-
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     void CreateFormWindow(std::wstring_view title, SIZE clientSize);
@@ -99,20 +95,23 @@ private:
     Button* FindButton(HWND window) const;
 
     ControlSite& Host(IUnknown* control, SiteOptions options);
-    void SiteActivated(ControlSite* site); // null: the focus is on an item of the form's own
-    void SiteDeactivated(ControlSite& site);
+    template<class Item, class Options>
+    Item& AddItem(const Options& options);
+    void MakeActive(ControlSite* site); // null: the focus is on an item of the form's own
+    void SiteActivated(ControlSite& site) override { MakeActive(&site); }
+    void SiteDeactivated(ControlSite& site) override;
+    IOleInPlaceFrame* InPlaceFrame() const override;
 
     bool Enter();
     bool Escape();
     bool RunMnemonic(MSG& message);
     void UpdateDefaultButton();
     std::vector<FormItem*> TabOrder() const;
-    short NextTabIndex() const;
+    short NextTabIndex() const override;
 
     HWND window_ = nullptr;
     Microsoft::WRL::ComPtr<IFontDisp> fontObject_;
     Microsoft::WRL::ComPtr<FormFrame> frame_;
-    Microsoft::WRL::ComPtr<IOleInPlaceActiveObject> activeObject_;
     ControlSite* active_ = nullptr;
     HWND lastFocus_ = nullptr;
     std::vector<std::unique_ptr<FormItem>> items_;

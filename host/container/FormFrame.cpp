@@ -1,9 +1,23 @@
 #include "host/container/FormFrame.h"
 
-#include "host/container/Form.h"
+#include "host/container/ItemOwner.h"
+
+#include <utility>
 
 namespace kiv::host
 {
+
+void FormFrame::Detach()
+{
+    form_ = nullptr;
+    ForgetActiveObject();
+}
+
+void FormFrame::ForgetActiveObject()
+{
+    // Out of the member first: the control may come back here when it is released.
+    const auto forgotten = std::move(activeObject_);
+}
 
 HRESULT FormFrame::GetWindow(HWND* window) noexcept
 {
@@ -38,7 +52,7 @@ HRESULT FormFrame::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) n
 {
     if (!form_)
         return E_UNEXPECTED;
-    form_->activeObject_ = object;
+    activeObject_ = object;
     return S_OK;
 }
 

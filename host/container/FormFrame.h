@@ -3,18 +3,23 @@
 #include "runtime/com/ComObject.h"
 
 #include <oleidl.h>
+#include <wrl/client.h>
 
 namespace kiv::host
 {
 
-class Form;
+class ItemOwner;
 
 // The form as the frame window of in-place activation. It has no tool bars, menus or borders to share.
 class FormFrame final : public ComObject<Chain<IOleInPlaceFrame, IOleInPlaceUIWindow, IOleWindow>>
 {
 public:
-    explicit FormFrame(Form& form) : form_(&form) {}
-    void Detach() { form_ = nullptr; }
+    explicit FormFrame(const ItemOwner& form) : form_(&form) {}
+    void Detach();
+
+    // The control that announced itself last, or null.
+    IOleInPlaceActiveObject* ActiveObject() const { return activeObject_.Get(); }
+    void ForgetActiveObject();
 
     HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) noexcept override;
     HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL enter) noexcept override;
@@ -31,7 +36,8 @@ public:
     HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG* message, WORD id) noexcept override;
 
 private:
-    Form* form_;
+    const ItemOwner* form_;
+    Microsoft::WRL::ComPtr<IOleInPlaceActiveObject> activeObject_;
 };
 
 } // namespace kiv::host

@@ -1,34 +1,34 @@
 #include "host/container/FormItem.h"
 
-#include "host/container/Form.h"
+#include "host/container/ItemOwner.h"
 
 namespace kiv::host
 {
 
-FormItem::FormItem(Form& form, std::wstring name, const RECT& bounds, short tabIndex) :
+FormItem::FormItem(ItemOwner& owner, std::wstring name, const RECT& bounds, short tabIndex) :
     bounds_(bounds),
-    form_(form),
+    owner_(owner),
     name_(std::move(name)),
-    tabIndex_(tabIndex < 0 ? form.NextTabIndex() : tabIndex)
+    tabIndex_(tabIndex < 0 ? owner.NextTabIndex() : tabIndex)
 {
 }
 
 void FormItem::Move(const RECT& bounds)
 {
-    InvalidateRect(form_.Window(), nullptr, TRUE);
+    InvalidateRect(owner_.Window(), nullptr, TRUE);
     bounds_ = bounds;
 }
 
 void FormItem::SetVisible(bool visible)
 {
     visible_ = visible;
-    InvalidateRect(form_.Window(), &bounds_, TRUE);
+    InvalidateRect(owner_.Window(), &bounds_, TRUE);
 }
 
 void FormItem::SetEnabled(bool enabled)
 {
     enabled_ = enabled;
-    InvalidateRect(form_.Window(), &bounds_, TRUE);
+    InvalidateRect(owner_.Window(), &bounds_, TRUE);
 }
 
 } // namespace kiv::host

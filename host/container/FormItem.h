@@ -7,7 +7,7 @@
 namespace kiv::host
 {
 
-class Form;
+class ItemOwner;
 
 // Something on a form: a hosted control, or a label, frame or button of the form's own. The form owns it.
 class FormItem
@@ -17,7 +17,7 @@ public:
     FormItem& operator=(const FormItem&) = delete;
     virtual ~FormItem() = default;
 
-    Form& Owner() const { return form_; }
+    ItemOwner& Owner() const { return owner_; }
     const std::wstring& Name() const { return name_; }
 
     // Pixels of the form's client area.
@@ -48,14 +48,14 @@ public:
 
 protected:
     // tabIndex -1: after all that the form holds already.
-    FormItem(Form& form, std::wstring name, const RECT& bounds, short tabIndex);
+    FormItem(ItemOwner& owner, std::wstring name, const RECT& bounds, short tabIndex);
 
     RECT bounds_;
     bool visible_ = true;
     bool enabled_ = true;
 
 private:
-    Form& form_;
+    ItemOwner& owner_;
     std::wstring name_;
     short tabIndex_;
     bool tabStop_ = true;

@@ -2,6 +2,7 @@
 
 #include "host/container/DesignSurface.h"
 #include "host/container/Form.h"
+#include "host/container/FormFrame.h"
 
 #include <oleidl.h>
 
@@ -31,8 +32,9 @@ bool Form::Translate(MSG& message)
     if (active_)
     {
         // A control that never announced itself to the frame may still answer.
-        const ComPtr<IOleInPlaceActiveObject> object =
-            activeObject_ ? activeObject_ : active_->Query<IOleInPlaceActiveObject>();
+        ComPtr<IOleInPlaceActiveObject> object = frame_->ActiveObject();
+        if (!object)
+            object = active_->Query<IOleInPlaceActiveObject>();
         if (object && object->TranslateAccelerator(&message) == S_OK)
             return true;
     }

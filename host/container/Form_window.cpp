@@ -2,6 +2,7 @@
 
 #include "host/container/DesignSurface.h"
 #include "host/container/Form.h"
+#include "host/container/FormFrame.h"
 #include "host/container/ScreenUnits.h"
 #include "runtime/com/Boundary.h"
 
@@ -17,13 +18,13 @@ using Microsoft::WRL::ComPtr;
 namespace
 {
 
-constexpr wchar_t className[] = L"KivForm";
-constexpr DWORD formStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
-constexpr DWORD formExtendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
+constexpr wchar_t ClassName[] = L"KivForm";
+constexpr DWORD FormStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+constexpr DWORD FormExtendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
 
 // Work of another thread, see Invoke and Post. lParam holds an Errand or an owned std::function.
-constexpr UINT invokeMessage = WM_APP;
-constexpr UINT postMessage = WM_APP + 1;
+constexpr UINT InvokedWork = WM_APP;
+constexpr UINT PostedWork = WM_APP + 1;
 
 struct Errand
 {
@@ -40,7 +41,7 @@ void RegisterFormClass(WNDPROC procedure)
     formClass.hInstance = GetModuleHandleW(nullptr);
     formClass.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
     formClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-    formClass.lpszClassName = className;
+    formClass.lpszClassName = ClassName;
     if (!RegisterClassExW(&formClass) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
         ThrowLastError();
 }
@@ -51,11 +52,11 @@ void Form::CreateFormWindow(std::wstring_view title, SIZE clientSize)
 {
     RegisterFormClass(&Form::WindowProcedure);
     RECT bounds = {0, 0, clientSize.cx, clientSize.cy};
-    AdjustWindowRectEx(&bounds, formStyle, FALSE, formExtendedStyle);
+    AdjustWindowRectEx(&bounds, FormStyle, FALSE, FormExtendedStyle);
     const SIZE size = SizeOf(bounds);
     RECT desk = {};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &desk, 0);
-    window_ = CreateWindowExW(formExtendedStyle, className, std::wstring(title).c_str(), formStyle,
+    window_ = CreateWindowExW(FormExtendedStyle, ClassName, std::wstring(title).c_str(), FormStyle,
                               desk.left + (SizeOf(desk).cx - size.cx) / 2,
                               desk.top + (SizeOf(desk).cy - size.cy) / 3, size.cx, size.cy, nullptr, nullptr,
                               GetModuleHandleW(nullptr), nullptr);
@@ -104,7 +105,7 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_DESTROY: // by somebody else: Destroy lets no messages through any more
         Destroy();
         return 0;
-    case invokeMessage: {
+    case InvokedWork: {
         auto& errand = *reinterpret_cast<Errand*>(lParam);
         try
         {
@@ -117,7 +118,7 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         errand.Done = true;
         return 0;
     }
-    case postMessage: {
+    case PostedWork: {
         const std::unique_ptr<std::function<void()>> work(reinterpret_cast<std::function<void()>*>(lParam));
         (*work)();
         return 0;
@@ -166,7 +167,7 @@ void Form::OnCommand(WORD notification, HWND window)
         button->Press();
         break;
     case BN_SETFOCUS:
-        SiteActivated(nullptr);
+        MakeActive(nullptr);
         UpdateDefaultButton();
         break;
     case BN_KILLFOCUS:
@@ -181,7 +182,7 @@ void Form::OnActivate(bool active)
 {
     if (!active)
         lastFocus_ = GetFocus();
-    if (const ComPtr<IOleInPlaceActiveObject> object = activeObject_)
+    if (const ComPtr<IOleInPlaceActiveObject> object = frame_->ActiveObject())
     {
         object->OnFrameWindowActivate(active);
         object->OnDocWindowActivate(active);
@@ -249,7 +250,7 @@ void Form::Run()
 bool Form::Invoke(const std::function<void()>& work) const
 {
     Errand errand{work, nullptr};
-    SendMessageW(window_, invokeMessage, 0, reinterpret_cast<LPARAM>(&errand));
+    SendMessageW(window_, InvokedWork, 0, reinterpret_cast<LPARAM>(&errand));
     if (errand.Thrown)
         std::rethrow_exception(errand.Thrown);
     return errand.Done;
@@ -258,7 +259,7 @@ bool Form::Invoke(const std::function<void()>& work) const
 bool Form::Post(std::function<void()> work) const
 {
     auto owned = std::make_unique<std::function<void()>>(std::move(work));
-    if (!window_ || !PostMessageW(window_, postMessage, 0, reinterpret_cast<LPARAM>(owned.get())))
+    if (!window_ || !PostMessageW(window_, PostedWork, 0, reinterpret_cast<LPARAM>(owned.get())))
         return false;
     static_cast<void>(owned.release()); // the receiver's now
     return true;

@@ -1,6 +1,6 @@
 #include "host/container/Frame.h"
 
-#include "host/container/Form.h"
+#include "host/container/ItemOwner.h"
 #include "host/container/Mnemonic.h"
 
 namespace kiv::host
@@ -10,13 +10,13 @@ namespace
 {
 
 // Pixels between the frame's left edge and its caption, and around the caption.
-constexpr int captionIndent = 9;
-constexpr int captionGap = 2;
+constexpr int CaptionIndent = 9;
+constexpr int CaptionGap = 2;
 
 } // namespace
 
-Frame::Frame(Form& form, const FrameOptions& options) :
-    FormItem(form, options.name, options.bounds, options.tabIndex), options_(options)
+Frame::Frame(ItemOwner& owner, const FrameOptions& options) :
+    FormItem(owner, options.name, options.bounds, options.tabIndex), options_(options)
 {
 }
 
@@ -32,7 +32,7 @@ void Frame::OnMnemonic(MSG&)
 
 void Frame::Paint(HDC context)
 {
-    RECT caption = {bounds_.left + captionIndent, bounds_.top, bounds_.right - captionIndent, bounds_.bottom};
+    RECT caption = {bounds_.left + CaptionIndent, bounds_.top, bounds_.right - CaptionIndent, bounds_.bottom};
     DrawTextW(context, options_.caption.c_str(), -1, &caption, DT_SINGLELINE | DT_CALCRECT);
 
     // The line runs through the middle of the caption and stops short of it on both sides.
@@ -40,7 +40,7 @@ void Frame::Paint(HDC context)
     border.top += (caption.bottom - caption.top) / 2;
     const int saved = SaveDC(context);
     if (!options_.caption.empty())
-        ExcludeClipRect(context, caption.left - captionGap, caption.top, caption.right + captionGap,
+        ExcludeClipRect(context, caption.left - CaptionGap, caption.top, caption.right + CaptionGap,
                         caption.bottom);
     DrawEdge(context, &border, EDGE_ETCHED, BF_RECT);
     RestoreDC(context, saved);

@@ -20,7 +20,7 @@ struct FrameOptions
 class Frame final : public FormItem
 {
 public:
-    Frame(Form& form, const FrameOptions& options);
+    Frame(ItemOwner& owner, const FrameOptions& options);
 
     const std::wstring& Caption() const { return options_.caption; }
     bool HasMnemonic(const MSG& message) const override;

@@ -1,13 +1,13 @@
 #include "host/container/Label.h"
 
-#include "host/container/Form.h"
+#include "host/container/ItemOwner.h"
 #include "host/container/Mnemonic.h"
 
 namespace kiv::host
 {
 
-Label::Label(Form& form, const LabelOptions& options) :
-    FormItem(form, options.name, options.bounds, options.tabIndex), options_(options)
+Label::Label(ItemOwner& owner, const LabelOptions& options) :
+    FormItem(owner, options.name, options.bounds, options.tabIndex), options_(options)
 {
     enabled_ = options.enabled;
 }

@@ -23,7 +23,7 @@ struct LabelOptions
 class Label final : public FormItem
 {
 public:
-    Label(Form& form, const LabelOptions& options);
+    Label(ItemOwner& owner, const LabelOptions& options);
 
     const std::wstring& Caption() const { return options_.caption; }
     bool HasMnemonic(const MSG& message) const override;

@@ -112,7 +112,7 @@ MessageBoxWatch::~MessageBoxWatch()
 
 const ShownMessageBox* MessageBoxWatch::Current() const
 {
-    return open_.empty() ? nullptr : &shown_.back();
+    return open_.empty() ? nullptr : &open_.back();
 }
 
 LRESULT CALLBACK MessageBoxWatch::Hook(int code, WPARAM wParam, LPARAM lParam) noexcept
@@ -121,19 +121,19 @@ LRESULT CALLBACK MessageBoxWatch::Hook(int code, WPARAM wParam, LPARAM lParam) n
     if (code == HCBT_ACTIVATE && watching)
         static_cast<void>(Boundary([window] { watching->OnActivating(window); }));
     else if (code == HCBT_DESTROYWND && watching)
-        std::erase(watching->open_, window);
+        std::erase_if(watching->open_, [window](const ShownMessageBox& box) { return box.Window == window; });
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 void MessageBoxWatch::OnActivating(HWND window)
 {
     // A box that is already open comes up again when the user returns to it.
-    if (ClassOf(window) != L"#32770" || std::find(open_.begin(), open_.end(), window) != open_.end())
+    if (ClassOf(window) != L"#32770" ||
+        std::ranges::find(open_, window, &ShownMessageBox::Window) != open_.end())
         return;
     if (const std::optional<ShownMessageBox> box = Read(window))
     {
-        shown_.push_back(*box);
-        open_.push_back(window);
+        open_.push_back(*box);
         if (const Handler onShown = onShown_)
             onShown(*box);
     }

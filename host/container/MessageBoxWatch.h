@@ -25,13 +25,12 @@ class MessageBoxWatch
 public:
     using Handler = std::function<void(const ShownMessageBox&)>;
 
-    explicit MessageBoxWatch(Handler onShown = {});
+    explicit MessageBoxWatch(Handler onShown);
     MessageBoxWatch(const MessageBoxWatch&) = delete;
     MessageBoxWatch& operator=(const MessageBoxWatch&) = delete;
     ~MessageBoxWatch();
 
-    const std::vector<ShownMessageBox>& Shown() const { return shown_; }
-    // The newest box while one is on the screen, or null.
+    // The newest box that is on the screen, or null.
     const ShownMessageBox* Current() const;
 
 private:
@@ -39,8 +38,7 @@ private:
     void OnActivating(HWND window);
 
     Handler onShown_;
-    std::vector<ShownMessageBox> shown_;
-    std::vector<HWND> open_;
+    std::vector<ShownMessageBox> open_;
     HHOOK hook_;
 };
 

@@ -5,10 +5,9 @@
 #include <ocidl.h>
 #include <wrl/client.h>
 
-#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -16,16 +15,13 @@ namespace kiv::host
 {
 
 class PropertyBag;
+class SiteObserver;
 
 // Where a control's persisted state comes from, each through the persistence interface that goes with it.
 // monostate: a new instance (InitNew), asked of the property bag, stream or storage interface, whichever the
 // control has, in this order.
 using LoadSource = std::variant<std::monostate, PropertyBag*, Microsoft::WRL::ComPtr<IStream>,
                                 Microsoft::WRL::ComPtr<IStorage>>;
-
-// Asked before every call that a control makes on its site, with "Interface::Method"
-// ("IOleControlSite::OnFocus"). An HRESULT is returned to the control at once; nothing lets the call run.
-using SiteCallHook = std::function<std::optional<HRESULT>(std::string_view call)>;
 
 // How a site treats its control. The defaults are those of an ordinary form at run time.
 struct SiteOptions
@@ -46,10 +42,10 @@ struct SiteOptions
     std::optional<OLE_COLOR> ambientBackColor;
 
     // What kind of host the form is.
-    bool quickActivate = true;   // use IQuickActivate where the control has it
-    bool extendedControl = true; // GetExtendedControl answers with the extended object
-    std::vector<IID> refused;    // interfaces that the site does not answer
-    SiteCallHook onCall;
+    bool quickActivate = true;              // use IQuickActivate where the control has it
+    bool extendedControl = true;            // GetExtendedControl answers with the extended object
+    std::vector<IID> refused;               // interfaces that the site does not answer
+    std::shared_ptr<SiteObserver> observer; // or null
 };
 
 } // namespace kiv::host

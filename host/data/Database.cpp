@@ -15,9 +15,9 @@ enum DatabaseMember : DISPID
     CloseId,
 };
 
-constexpr AutomationMember members[] = {{L"OpenRecordset", OpenRecordsetId, 1, 2}, {L"Close", CloseId, 0, 0}};
+constexpr AutomationMember Members[] = {{L"OpenRecordset", OpenRecordsetId, 1, 2}, {L"Close", CloseId, 0, 0}};
 
-constexpr long forwardOnly = 8;
+constexpr long ForwardOnly = 8;
 
 std::wstring Translated(const std::wstring& query, SqlDialect dialect)
 {
@@ -36,7 +36,7 @@ std::wstring Translated(const std::wstring& query, SqlDialect dialect)
 } // namespace
 
 Database::Database(const std::wstring& connectionString) :
-    AutomationObject(L"FolioHost.Database", members),
+    AutomationObject(L"FolioHost.Database", Members),
     connection_(std::make_shared<OdbcConnection>(connectionString))
 {
 }
@@ -54,7 +54,7 @@ Variant Database::Call(DISPID member, const std::vector<Variant>& arguments)
 
 Variant Database::OpenRecordset(const std::vector<Variant>& arguments) const
 {
-    if (arguments.size() > 1 && arguments[1].Type() != VT_EMPTY && arguments[1].Long() != forwardOnly)
+    if (arguments.size() > 1 && arguments[1].Type() != VT_EMPTY && arguments[1].Long() != ForwardOnly)
         throw DataError(InvalidDataArgument, L"Only forward-only recordsets (type 8) can be opened.");
     const std::wstring query = Translated(arguments.front().Text(), connection_->Dialect());
     return Variant(MakeCom<Recordset>(connection_, query).Get());

@@ -13,8 +13,8 @@ namespace
 {
 
 // Codes and most descriptions fit in at once; a longer text is then read in larger pieces.
-constexpr std::size_t firstPiece = 512;
-constexpr std::size_t largestPiece = 65536;
+constexpr std::size_t FirstPiece = 512;
+constexpr std::size_t LargestPiece = 65536;
 
 } // namespace
 
@@ -90,7 +90,7 @@ Variant OdbcCursor::Value(std::size_t column)
 Variant OdbcCursor::ReadValue(std::size_t column) const
 {
     std::wstring text;
-    std::vector<wchar_t> piece(firstPiece);
+    std::vector<wchar_t> piece(FirstPiece);
     for (;;)
     {
         SQLLEN bytes = 0; // of what is left
@@ -109,7 +109,7 @@ Variant OdbcCursor::ReadValue(std::size_t column) const
         text.append(piece.data(), isLast ? static_cast<std::size_t>(bytes) / sizeof(wchar_t) : most);
         if (isLast)
             break;
-        piece.resize(largestPiece);
+        piece.resize(LargestPiece);
     }
     return Variant(std::wstring_view(text));
 }

@@ -16,9 +16,9 @@ enum RecordsetMember : DISPID
     Close,
 };
 
-constexpr AutomationMember fieldMembers[] = {{L"Value", DISPID_VALUE, 0, 0}};
-constexpr AutomationMember fieldsMembers[] = {{L"Item", DISPID_VALUE, 1, 1}};
-constexpr AutomationMember recordsetMembers[] = {{L"Fields", TheFields, 0, 1},
+constexpr AutomationMember FieldMembers[] = {{L"Value", DISPID_VALUE, 0, 0}};
+constexpr AutomationMember FieldsMembers[] = {{L"Item", DISPID_VALUE, 1, 1}};
+constexpr AutomationMember RecordsetMembers[] = {{L"Fields", TheFields, 0, 1},
                                                  {L"EOF", Eof, 0, 0},
                                                  {L"MoveNext", MoveNext, 0, 0},
                                                  {L"Close", Close, 0, 0}};
@@ -48,7 +48,7 @@ Variant FieldOf(const SharedCursor& cursor, const Variant& item)
 } // namespace
 
 Field::Field(SharedCursor cursor, std::size_t column) :
-    AutomationObject(L"FolioHost.Field", fieldMembers), cursor_(std::move(cursor)), column_(column)
+    AutomationObject(L"FolioHost.Field", FieldMembers), cursor_(std::move(cursor)), column_(column)
 {
 }
 
@@ -58,7 +58,7 @@ Variant Field::Call(DISPID, const std::vector<Variant>&)
 }
 
 Fields::Fields(SharedCursor cursor) :
-    AutomationObject(L"FolioHost.Fields", fieldsMembers), cursor_(std::move(cursor))
+    AutomationObject(L"FolioHost.Fields", FieldsMembers), cursor_(std::move(cursor))
 {
 }
 
@@ -68,7 +68,7 @@ Variant Fields::Call(DISPID, const std::vector<Variant>& arguments)
 }
 
 Recordset::Recordset(std::shared_ptr<const OdbcConnection> connection, const std::wstring& query) :
-    AutomationObject(L"FolioHost.Recordset", recordsetMembers),
+    AutomationObject(L"FolioHost.Recordset", RecordsetMembers),
     cursor_(std::make_shared<std::optional<OdbcCursor>>(std::in_place, std::move(connection), query))
 {
 }

@@ -10,18 +10,18 @@ namespace
 {
 
 // Deeper than any query that a person writes.
-constexpr int deepestNesting = 100;
+constexpr int DeepestNesting = 100;
 
 // What an operand of "&" cannot reach beyond: "&" binds looser than arithmetic and tighter than all of this.
-constexpr std::wstring_view boundaryWords[] = {
+constexpr std::wstring_view BoundaryWords[] = {
     L"SELECT",  L"DISTINCT", L"ALL", L"AS",    L"FROM", L"WHERE", L"GROUP", L"BY",   L"HAVING", L"ORDER",
     L"ASC",     L"DESC",     L"AND", L"OR",    L"NOT",  L"XOR",   L"EQV",   L"IMP",  L"LIKE",   L"IN",
     L"BETWEEN", L"IS",       L"ON",  L"INNER", L"LEFT", L"RIGHT", L"OUTER", L"JOIN",
 };
-constexpr std::wstring_view boundarySigns[] = {L",", L"=", L"<", L">", L"<=", L">=", L"<>"};
+constexpr std::wstring_view BoundarySigns[] = {L",", L"=", L"<", L">", L"<=", L">=", L"<>"};
 
 // The signs that mean the same everywhere, beside those above and parentheses.
-constexpr std::wstring_view commonSigns[] = {L".", L"*", L"+", L"-", L"/"};
+constexpr std::wstring_view CommonSigns[] = {L".", L"*", L"+", L"-", L"/"};
 
 template<std::size_t Count>
 bool IsOneOf(const std::wstring& text, const std::wstring_view (&list)[Count])
@@ -119,10 +119,10 @@ private:
     bool IsBoundary() const
     {
         if (next_->Kind == QueryTokenKind::Sign)
-            return IsOneOf(next_->Text, boundarySigns);
+            return IsOneOf(next_->Text, BoundarySigns);
         const auto is = [this](std::wstring_view word) { return next_->IsWord(word); };
         // LEFT and RIGHT are functions as well.
-        return std::any_of(std::begin(boundaryWords), std::end(boundaryWords), is) &&
+        return std::any_of(std::begin(BoundaryWords), std::end(BoundaryWords), is) &&
                !((is(L"LEFT") || is(L"RIGHT")) && std::next(next_)->IsSign(L"("));
     }
 
@@ -206,7 +206,7 @@ private:
 
     void Open()
     {
-        if (++depth_ > deepestNesting)
+        if (++depth_ > DeepestNesting)
             throw QueryError("too many parentheses stand in each other");
         ++next_;
     }
@@ -228,7 +228,7 @@ private:
         case QueryTokenKind::Text:
             return InQuotes(next_->Text, L'\'');
         case QueryTokenKind::Sign:
-            if (!IsOneOf(next_->Text, commonSigns))
+            if (!IsOneOf(next_->Text, CommonSigns))
                 throw QueryError("\"" + Narrow(next_->Text) + "\" cannot be translated");
             return next_->Text;
         default:

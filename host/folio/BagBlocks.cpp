@@ -18,7 +18,7 @@ using Microsoft::WRL::ComPtr;
 namespace
 {
 
-constexpr const char* fontKeys[] = {"Name",   "Size",      "Weight",       "Charset",
+constexpr const char* FontKeys[] = {"Name",   "Size",      "Weight",       "Charset",
                                     "Italic", "Underline", "Strikethrough"};
 
 Variant ReadFont(const FormBlock& block, IFontDisp* base)
@@ -29,7 +29,7 @@ Variant ReadFont(const FormBlock& block, IFontDisp* base)
     Check(base->QueryInterface(IID_PPV_ARGS(&original)));
     Check(original->Clone(&copy));
     Check(copy.As(&font));
-    for (const char* key : fontKeys)
+    for (const char* key : FontKeys)
         if (const FormValue* value = block.Find(key))
             PutProperty(font.Get(), Wide(key), ToVariant(*value));
     return Variant(font.Get());
@@ -44,7 +44,7 @@ std::optional<FormBlock> WriteFont(IUnknown* object, const std::string& name)
     block.IsProperty = true;
     block.Name = name;
     block.Class = "Font";
-    for (const char* key : fontKeys)
+    for (const char* key : FontKeys)
         if (const auto value = ToFormValue(GetProperty(font.Get(), Wide(key))))
             block.Set(key, *value);
     return block;

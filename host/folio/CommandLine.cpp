@@ -5,7 +5,7 @@
 namespace kiv::host
 {
 
-const char* const usageText = R"(FolioHost shows a form file with its controls.
+const char* const UsageText = R"(FolioHost shows a form file with its controls.
 
   FolioHost [options] FORM
 
@@ -25,7 +25,7 @@ option is wrong.
 namespace
 {
 
-constexpr unsigned scriptTimeoutSeconds = 120;
+constexpr unsigned ScriptTimeoutSeconds = 120;
 
 std::filesystem::path FromUtf8(const std::string& text)
 {
@@ -81,7 +81,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
     if (!line.Help && line.Form.empty())
         throw UsageError("which form is to be shown?");
     if (line.TimeoutSeconds == 0 && !line.Script.empty())
-        line.TimeoutSeconds = scriptTimeoutSeconds;
+        line.TimeoutSeconds = ScriptTimeoutSeconds;
     return line;
 }
 

@@ -29,6 +29,6 @@ struct CommandLine
 // Arguments in UTF-8, without the program's name. Throws UsageError.
 CommandLine ReadCommandLine(const std::vector<std::string>& arguments);
 
-extern const char* const usageText;
+extern const char* const UsageText;
 
 } // namespace kiv::host

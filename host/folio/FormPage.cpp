@@ -17,17 +17,17 @@ namespace
 {
 
 // Dots of the design grid, in twips.
-constexpr long gridTwips = 120;
+constexpr long GridTwips = 120;
 
 // What a form gives to every control, as opposed to what the control itself persists.
-constexpr const char* placeKeys[] = {"Left", "Top", "Width", "Height", "TabIndex", "TabStop", "Visible"};
-constexpr const char* extendedKeys[] = {"Tag", "HelpContextID", "WhatsThisHelpID", "ToolTipText"};
+constexpr const char* PlaceKeys[] = {"Left", "Top", "Width", "Height", "TabIndex", "TabStop", "Visible"};
+constexpr const char* ExtendedKeys[] = {"Tag", "HelpContextID", "WhatsThisHelpID", "ToolTipText"};
 
 bool IsFormKey(const std::string& key)
 {
     const auto same = [&](const char* each) { return SameFormName(each, key); };
-    return std::any_of(std::begin(placeKeys), std::end(placeKeys), same) ||
-           std::any_of(std::begin(extendedKeys), std::end(extendedKeys), same);
+    return std::any_of(std::begin(PlaceKeys), std::end(PlaceKeys), same) ||
+           std::any_of(std::begin(ExtendedKeys), std::end(ExtendedKeys), same);
 }
 
 // Typed reading of a block's keys; a wrong type is a mistake in the file.
@@ -83,6 +83,14 @@ private:
     std::string_view file_;
 };
 
+// What a control cannot load.
+struct ErrorLog final : SiteObserver
+{
+    void OnLoggedError(ControlSite&, const LoggedError& error) override { Errors.push_back(error); }
+
+    std::vector<LoggedError> Errors;
+};
+
 } // namespace
 
 FormPage::FormPage(const std::filesystem::path& file, bool design) :
@@ -93,7 +101,7 @@ FormPage::FormPage(const std::filesystem::path& file, bool design) :
         PixelsFromTwips(0, 0, keys.Number("ClientWidth", 6000), keys.Number("ClientHeight", 4000));
     form_ = std::make_unique<Form>(keys.Text("Caption"), SizeOf(client));
     if (design)
-        form_->SetDesignMode(SizeOf(PixelsFromTwips(0, 0, gridTwips, gridTwips)));
+        form_->SetDesignMode(SizeOf(PixelsFromTwips(0, 0, GridTwips, GridTwips)));
     for (const FormEntry& entry : document_.Form.Entries)
         if (!entry.Block.empty() && !entry.Block.front().IsProperty)
             Add(entry.Block.front());
@@ -143,11 +151,14 @@ void FormPage::AddControl(const FormBlock& block)
         options.tabStop = keys.Truth("TabStop", true);
         options.visible = keys.Truth("Visible", true);
         options.userMode = !form_->DesignMode();
+        const auto log = std::make_shared<ErrorLog>();
+        options.observer = log;
         ControlSite& site = form_->Add(Wide(block.Class).c_str(), options);
-        for (const char* key : extendedKeys)
+        for (const char* key : ExtendedKeys)
             if (const FormValue* value = block.Find(key))
                 PutProperty(site.ExtendedControl(), Wide(key), ToVariant(*value));
-        for (const LoggedError& error : site.ErrorLog())
+        site.Observe(nullptr);
+        for (const LoggedError& error : log->Errors)
             warnings_.push_back(FormError(fileName_, block.Line,
                                           block.Name + "." + Utf8(error.Property) + ": " +
                                               Utf8(error.Description) + " " + DescribeResult(error.Result))
@@ -205,7 +216,7 @@ void FormPage::SaveItem(FormBlock& block)
     auto* const site = dynamic_cast<ControlSite*>(item);
     if (!site)
         return;
-    for (const char* key : extendedKeys)
+    for (const char* key : ExtendedKeys)
     {
         const std::optional<FormValue> value = ToFormValue(GetProperty(site->ExtendedControl(), Wide(key)));
         const bool isDefault = value == FormValue(std::string()) || value == FormValue(std::int64_t(0));

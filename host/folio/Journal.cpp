@@ -31,7 +31,7 @@ std::optional<Variant> TryGet(const ControlSite& site, std::wstring_view propert
 
 } // namespace
 
-Journal::Journal(const std::filesystem::path& file)
+Journal::Journal(const std::filesystem::path& file, bool forScript) : forScript_(forScript)
 {
     if (file.empty())
         return;
@@ -48,12 +48,6 @@ void Journal::WriteLine(const std::string& line)
         file_ << line << "\n" << std::flush;
 }
 
-void Journal::Follow(ControlSite& site)
-{
-    site.OnEvent(
-        [this, &site](const EventRecord& event, DISPPARAMS& raised) { OnEvent(site, event, raised); });
-}
-
 void Journal::OnEvent(ControlSite& site, const EventRecord& event, DISPPARAMS& raised)
 {
     JsonObject arguments;
@@ -63,7 +57,8 @@ void Journal::OnEvent(ControlSite& site, const EventRecord& event, DISPPARAMS& r
     line.Add("control", site.Name()).Add("event", event.Name).Add("args", arguments);
     if (const std::optional<Variant> value = TryGet(site, L"Value"))
         line.Add("value", *value);
-    untaken_.push_back({site.Name(), event.Name});
+    if (forScript_)
+        untaken_.push_back({site.Name(), event.Name});
     if (const EventArgument* refused = Refuse(site.Name(), event, raised))
         line.Add("returned", JsonObject().Add(Utf8(refused->Name), Variant(true)));
     WriteLine(line.Text());

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "host/container/Form.h"
+#include "host/container/ControlSite.h"
+#include "host/container/EventRecord.h"
 #include "host/container/MessageBoxWatch.h"
 
 #include <filesystem>
@@ -13,14 +14,15 @@ namespace kiv::host
 
 // The host's log: one JSON object a line, to the terminal and to a file. Also where a script's wishes about
 // events are kept: which to refuse, which it has waited for. All of it on the form's thread.
-class Journal
+class Journal final : public SiteObserver
 {
 public:
     // An empty path writes to the terminal only. Throws std::runtime_error when the file cannot be written.
-    explicit Journal(const std::filesystem::path& file);
+    // Only a script waits for events: without one they are written and forgotten.
+    Journal(const std::filesystem::path& file, bool forScript);
 
-    // Writes every event of the control from now on.
-    void Follow(ControlSite& site);
+    // Writes every event of a control that it observes.
+    void OnEvent(ControlSite& site, const EventRecord& event, DISPPARAMS& raised) override;
     void Write(const ShownMessageBox& box);
     // The answer that the control holds: its Value, Text or EnumCode, whichever it has.
     void WriteAnswer(const ControlSite& site);
@@ -39,12 +41,12 @@ private:
         std::wstring Event;
     };
 
-    void OnEvent(ControlSite& site, const EventRecord& event, DISPPARAMS& raised);
     const EventArgument* Refuse(const std::wstring& control, const EventRecord& event, DISPPARAMS& raised);
     std::vector<NamedEvent>::const_iterator FindEvent(std::wstring_view control,
                                                       std::wstring_view event) const;
     void WriteLine(const std::string& line);
 
+    bool forScript_;
     std::ofstream file_;
     std::vector<NamedEvent> vetoes_;
     std::vector<NamedEvent> untaken_;

@@ -14,8 +14,8 @@ namespace
 {
 
 // How long an expectation may take to come true, and how often it is looked at.
-constexpr ULONGLONG patienceMs = 5000;
-constexpr DWORD lookAgainMs = 5;
+constexpr ULONGLONG PatienceMs = 5000;
+constexpr DWORD LookAgainMs = 5;
 
 } // namespace
 
@@ -112,7 +112,7 @@ void ScriptPlayer::CloseWindows()
         });
         return isOpen;
     };
-    const ULONGLONG end = GetTickCount64() + patienceMs;
+    const ULONGLONG end = GetTickCount64() + PatienceMs;
     KeyChord escape;
     escape.VirtualKey = VK_ESCAPE;
     while (open() && GetTickCount64() < end)
@@ -132,7 +132,7 @@ void ScriptPlayer::OnForm(const std::function<void()>& work) const
 
 bool ScriptPlayer::Until(const std::function<bool()>& condition) const
 {
-    const ULONGLONG end = GetTickCount64() + patienceMs;
+    const ULONGLONG end = GetTickCount64() + PatienceMs;
     for (;;)
     {
         bool holds = false;
@@ -141,18 +141,18 @@ bool ScriptPlayer::Until(const std::function<bool()>& condition) const
             return true;
         if (GetTickCount64() >= end)
             return false;
-        Sleep(lookAgainMs);
+        Sleep(LookAgainMs);
     }
 }
 
 void ScriptPlayer::Settle() const
 {
     // A form that closes on the input takes no more of it.
-    const ULONGLONG end = GetTickCount64() + patienceMs;
+    const ULONGLONG end = GetTickCount64() + PatienceMs;
     bool waiting = true;
     while (form_.Invoke([&] { waiting = HIWORD(GetQueueStatus(QS_INPUT | QS_POSTMESSAGE)) != 0; }) &&
            waiting && GetTickCount64() < end)
-        Sleep(lookAgainMs);
+        Sleep(LookAgainMs);
 }
 
 void ScriptPlayer::CheckAnswers()

@@ -13,7 +13,7 @@ namespace
 {
 
 // Distance of a click "left" or "right" from that edge.
-constexpr int edgeDistance = 7;
+constexpr int EdgeDistance = 7;
 
 bool IsGone(HWND window)
 {
@@ -208,10 +208,10 @@ POINT ScriptPlayer::PointIn(const ScriptStep& step) const
     switch (step.Spot.Where)
     {
     case ScriptSpot::Place::Left:
-        point.x = bounds.left + edgeDistance;
+        point.x = bounds.left + EdgeDistance;
         break;
     case ScriptSpot::Place::Right:
-        point.x = bounds.right - 1 - edgeDistance;
+        point.x = bounds.right - 1 - EdgeDistance;
         break;
     case ScriptSpot::Place::Point:
         point = {bounds.left + step.Spot.X, bounds.top + step.Spot.Y};

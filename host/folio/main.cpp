@@ -16,6 +16,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <sstream>
 
@@ -106,7 +107,7 @@ bool Show(const CommandLine& line)
     std::optional<Script> script;
     if (!line.Script.empty())
         script = LoadScript(line.Script);
-    Journal journal(line.Log);
+    const auto journal = std::make_shared<Journal>(line.Log, script.has_value());
     ComPtr<Database> database;
     if (!line.Database.empty() && !line.Design)
         database = MakeCom<Database>(ConnectionStringOf(Wide(line.Database)));
@@ -116,11 +117,11 @@ bool Show(const CommandLine& line)
     for (const std::string& warning : page.Warnings())
         Complain(warning);
     for (ControlSite* site : page.Sites())
-        journal.Follow(*site);
-    const MessageBoxWatch boxes([&](const ShownMessageBox& box) { journal.Write(box); });
+        site->Observe(journal);
+    const MessageBoxWatch boxes([&](const ShownMessageBox& box) { journal->Write(box); });
     std::optional<ScriptPlayer> player;
     if (script)
-        player.emplace(page.Window(), journal, boxes, ScriptProps{database, line.Shot}, std::move(*script));
+        player.emplace(page.Window(), *journal, boxes, ScriptProps{database, line.Shot}, std::move(*script));
 
     // While all still stands: once the form closes, its controls have no answers any more.
     std::exception_ptr failed;
@@ -129,7 +130,7 @@ bool Show(const CommandLine& line)
         {
             if (!line.Design)
                 for (const ControlSite* site : page.Sites())
-                    journal.WriteAnswer(*site);
+                    journal->WriteAnswer(*site);
             if (player)
                 player->CheckAnswers();
             if (!line.Shot.empty() && !(player && player->TookPicture()))
@@ -163,7 +164,7 @@ int Main(const std::vector<std::string>& arguments)
         const CommandLine line = ReadCommandLine(arguments);
         if (line.Help)
         {
-            std::fputs(usageText, stdout);
+            std::fputs(UsageText, stdout);
             return AsExpected;
         }
         const Watchdog watchdog(line.TimeoutSeconds);

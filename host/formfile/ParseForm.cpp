@@ -10,7 +10,7 @@ namespace
 {
 
 // Deep enough for any form; keeps hostile input from exhausting the stack when the tree is walked.
-constexpr std::size_t deepestNesting = 64;
+constexpr std::size_t DeepestNesting = 64;
 
 std::string Message(std::string_view file, int line, std::string_view what)
 {
@@ -177,7 +177,7 @@ private:
         if (!IsClassName(block.Class) || !IsName(block.Name) || !rest.empty())
             Refuse(line_, isProperty ? "\"BeginProperty <name> [<class>]\" is expected"
                                      : "\"Begin <class> <name>\" is expected");
-        if (open_.size() >= deepestNesting)
+        if (open_.size() >= DeepestNesting)
             Refuse(line_, "the blocks are nested too deeply");
 
         if (!open_.empty())

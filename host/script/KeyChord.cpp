@@ -16,7 +16,7 @@ struct NamedKey
     int VirtualKey;
 };
 
-constexpr std::array<NamedKey, 28> namedKeys = {{
+constexpr std::array<NamedKey, 28> NamedKeys = {{
     {"Backspace", 0x08}, {"Tab", 0x09},      {"Enter", 0x0D}, {"Esc", 0x1B},    {"Space", 0x20},
     {"PageUp", 0x21},    {"PageDown", 0x22}, {"End", 0x23},   {"Home", 0x24},   {"Left", 0x25},
     {"Up", 0x26},        {"Right", 0x27},    {"Down", 0x28},  {"Insert", 0x2D}, {"Delete", 0x2E},
@@ -44,7 +44,7 @@ std::optional<KeyChord> ParseKeyChord(std::string_view text)
             return std::nullopt;
         text.remove_prefix(plus + 1);
     }
-    for (const NamedKey& key : namedKeys)
+    for (const NamedKey& key : NamedKeys)
         if (SameFormName(key.Name, text))
         {
             chord.VirtualKey = key.VirtualKey;

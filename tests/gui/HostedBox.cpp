@@ -1,6 +1,7 @@
 #include "tests/gui/HostedBox.h"
 
 #include "runtime/com/Errors.h"
+#include "tests/gui/SiteRecorder.h"
 #include "tests/support/AutomationCalls.h"
 #include "tests/support/Library.h"
 #include "tests/support/MessageBoxWatcher.h"
@@ -72,10 +73,10 @@ std::wstring TextOf(HWND window)
 }
 
 HostedBox::HostedBox(host::Form& form, REFCLSID classId, host::SiteOptions options) :
-    site_(form.Add(Library::UnderTest().Create(classId).Get(), std::move(options)))
+    site_(form.Add(Library::UnderTest().Create(classId).Get(), Recorded(std::move(options))))
 {
     state_->Control = site_.Control();
-    site_.OnEvent([state = state_](const host::EventRecord& event, DISPPARAMS& raised) {
+    RecordOf(site_).HandleEvents([state = state_](const host::EventRecord& event, DISPPARAMS& raised) {
         Heard(*state, event, raised);
     });
 }

@@ -14,9 +14,6 @@ namespace kiv::test
 namespace
 {
 
-// Stands in the trace until the name is known.
-constexpr char Notification[] = "";
-
 COLORREF Resolve(OLE_COLOR color)
 {
     constexpr OLE_COLOR systemColor = 0x80000000;
@@ -29,32 +26,34 @@ HostedYesNo::HostedYesNo(host::Form& form, host::SiteOptions options) :
     site_(form.Add(Library::UnderTest().Create(CLSID_YesNo).Get(), Listening(std::move(options), state_)))
 {
     state_->Control = Control().Get();
-    site_.OnEvent([state = state_](const host::EventRecord& event, DISPPARAMS& raised) {
-        Heard(*state, event, raised);
-    });
     TakeTrace();
 }
 
 host::SiteOptions HostedYesNo::Listening(host::SiteOptions options, const std::shared_ptr<State>& state)
 {
-    options.onCall = [state, next = options.onCall](std::string_view call) {
-        if (call == "IPropertyNotifySink::OnChanged")
-            state->Trace.emplace_back(Notification);
-        return next ? next(call) : std::optional<HRESULT>();
-    };
+    options.observer = state;
     return options;
 }
 
-void HostedYesNo::Heard(State& state, const host::EventRecord& event, DISPPARAMS& raised)
+void HostedYesNo::State::OnNotification(host::ControlSite& site, const std::wstring& property)
 {
+    SiteRecorder::OnNotification(site, property);
+    Trace.push_back(Narrow(property));
+}
+
+void HostedYesNo::State::OnEvent(host::ControlSite& site, const host::EventRecord& event, DISPPARAMS& raised)
+{
+    SiteRecorder::OnEvent(site, event, raised);
+    if (!Control)
+        return;
     AnswerEnums value = Neither;
-    EXPECT_HRESULT_SUCCEEDED(state.Control->get_Value(&value));
-    state.Trace.push_back(Narrow(event.Name) + " " + std::to_string(static_cast<long>(value)));
+    EXPECT_HRESULT_SUCCEEDED(Control->get_Value(&value));
+    Trace.push_back(Narrow(event.Name) + " " + std::to_string(static_cast<long>(value)));
     const bool isClick = event.Name == L"Click";
     // Copied: a handler may take the control off the form, and with it what holds the handlers.
-    if (const Handler handler = isClick ? state.OnClick : state.OnChange)
+    if (const Handler handler = isClick ? WhenClicked : WhenChanged)
         handler();
-    if (isClick && state.Cancel)
+    if (isClick && Cancel)
     {
         EXPECT_TRUE(host::Return(event, raised, L"Cancel", Variant(true)));
     }
@@ -163,17 +162,10 @@ POINT HostedYesNo::OnScreen(Spot spot) const
 std::string HostedYesNo::TakeTrace()
 {
     std::string trace;
-    auto name = site_.Notifications().begin();
     for (const std::string& entry : state_->Trace)
-    {
-        const bool isNotification = entry == Notification;
-        if (isNotification && name == site_.Notifications().end())
-            ADD_FAILURE() << "a notification that never arrived";
-        else
-            trace += (trace.empty() ? "" : ", ") + (isNotification ? Narrow(*name++) : entry);
-    }
+        trace += (trace.empty() ? "" : ", ") + entry;
     state_->Trace.clear();
-    site_.ClearNotifications();
+    state_->ClearNotifications();
     return trace;
 }
 

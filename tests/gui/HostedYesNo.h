@@ -2,6 +2,7 @@
 
 #include "host/container/ControlSite.h"
 #include "host/container/Form.h"
+#include "tests/gui/SiteRecorder.h"
 #include "tests/gui/YesNoReference.h"
 
 #include <KivControls.h>
@@ -62,8 +63,8 @@ public:
     POINT PlaceOf(Spot spot) const; // in its window
     POINT OnScreen(Spot spot) const;
 
-    void OnClick(Handler handler) { state_->OnClick = std::move(handler); }
-    void OnChange(Handler handler) { state_->OnChange = std::move(handler); }
+    void OnClick(Handler handler) { state_->WhenClicked = std::move(handler); }
+    void OnChange(Handler handler) { state_->WhenChanged = std::move(handler); }
     void CancelClicks() { state_->Cancel = true; }
 
     // All that the host heard since the last time, in order: an event as "Click 1", with the value that it
@@ -75,17 +76,19 @@ public:
 
 private:
     // Outlives what the control raises while it is taken off the form.
-    struct State
+    struct State : SiteRecorder
     {
-        _YesNo* Control = nullptr;
+        void OnEvent(host::ControlSite& site, const host::EventRecord& event, DISPPARAMS& raised) override;
+        void OnNotification(host::ControlSite& site, const std::wstring& property) override;
+
+        _YesNo* Control = nullptr; // null while it is made
         std::vector<std::string> Trace;
-        Handler OnClick;
-        Handler OnChange;
+        Handler WhenClicked;
+        Handler WhenChanged;
         bool Cancel = false;
     };
 
     static host::SiteOptions Listening(host::SiteOptions options, const std::shared_ptr<State>& state);
-    static void Heard(State& state, const host::EventRecord& event, DISPPARAMS& raised);
 
     std::shared_ptr<State> state_ = std::make_shared<State>();
     host::ControlSite& site_;

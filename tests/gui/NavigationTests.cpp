@@ -102,9 +102,9 @@ TEST_F(NavigationTest, HandsTheFormsKeysToItsSite)
 {
     const auto timesAsked = [&](WORD key) {
         First().Site().Focus();
-        First().Site().ClearCalls();
+        RecordOf(First().Site()).ClearCalls();
         Key(key);
-        return std::ranges::count(First().Site().Calls(), "IOleControlSite::TranslateAccelerator");
+        return std::ranges::count(RecordOf(First().Site()).Calls(), "IOleControlSite::TranslateAccelerator");
     };
     for (const WORD key : {WORD{VK_TAB}, WORD{VK_RETURN}, WORD{VK_ESCAPE}})
         EXPECT_EQ(timesAsked(key), 1) << key;

@@ -47,9 +47,9 @@ const StrayRow Rows[] = {
     {{"PicCommand"},
      &CLSID_PicCommand,
      [](host::ControlSite& site, const Keys& type) {
-         site.ClearEvents();
+         RecordOf(site).ClearEvents();
          type({VK_SPACE});
-         return site.Events().empty() ? L"" : site.Events()[0].Name;
+         return RecordOf(site).Events().empty() ? L"" : RecordOf(site).Events()[0].Name;
      },
      L"Click"},
     {{"PicLite"},
@@ -133,8 +133,8 @@ void CALLBACK LeaveMenus(HWND, UINT, UINT_PTR, DWORD)
 
 TEST_P(StrayMessages, AreSurvived)
 {
-    host::ControlSite& site =
-        TheForm().Add(Library::UnderTest().Create(*GetParam().Class).Get(), Placed({20, 20, 180, 50}));
+    host::ControlSite& site = TheForm().Add(Library::UnderTest().Create(*GetParam().Class).Get(),
+                                            Recorded(Placed({20, 20, 180, 50})));
     AddElsewhere();
     if (site.HasMember(L"AddItem"))
         site.Call(L"AddItem", {Variant(L"item")});
@@ -165,12 +165,12 @@ INSTANTIATE_TEST_SUITE_P(Controls, StrayMessages, testing::ValuesIn(Rows), RowNa
 // What a window is told of another window is nothing to it unless that lies in it.
 TEST_F(StrayNotification, ConcernsNoOtherControl)
 {
-    host::ControlSite& button =
-        TheForm().Add(Library::UnderTest().Create(CLSID_PicCommand).Get(), Placed({20, 20, 80, 50}));
+    host::ControlSite& button = TheForm().Add(Library::UnderTest().Create(CLSID_PicCommand).Get(),
+                                              Recorded(Placed({20, 20, 80, 50})));
     host::ControlSite& other =
         TheForm().Add(Library::UnderTest().Create(CLSID_NumberBox).Get(), Placed({100, 20, 180, 50}));
     host::ControlSite& combo =
-        TheForm().Add(Library::UnderTest().Create(CLSID_ChkCombo).Get(), Placed({20, 60, 180, 85}));
+        TheForm().Add(Library::UnderTest().Create(CLSID_ChkCombo).Get(), Recorded(Placed({20, 60, 180, 85})));
     combo.Call(L"AddItem", {Variant(L"one")});
     ShowForm();
     const auto child = [](const host::ControlSite& site, const wchar_t* name) {
@@ -178,8 +178,8 @@ TEST_F(StrayNotification, ConcernsNoOtherControl)
     };
     const LPARAM push = child(button, L"Button");
     const LPARAM bar = child(combo, L"ScrollBar");
-    button.ClearEvents();
-    combo.ClearEvents();
+    RecordOf(button).ClearEvents();
+    RecordOf(combo).ClearEvents();
     for (const LPARAM strange :
          {LPARAM{1}, LPARAM{-1}, reinterpret_cast<LPARAM>(TheForm().Window()), push, bar})
     {
@@ -190,13 +190,13 @@ TEST_F(StrayNotification, ConcernsNoOtherControl)
                 SendMessageA(other.Window(), message, code, strange);
         }
     }
-    EXPECT_TRUE(button.Events().empty());
-    EXPECT_TRUE(combo.Events().empty());
+    EXPECT_TRUE(RecordOf(button).Events().empty());
+    EXPECT_TRUE(RecordOf(combo).Events().empty());
     // To the windows that they lie in they are what they say.
     SendMessageA(button.Window(), WM_COMMAND, BN_CLICKED, push);
     SendMessageA(combo.Window(), WM_HSCROLL, SB_LINERIGHT, bar);
-    EXPECT_EQ(button.Events().size(), 1U);
-    EXPECT_EQ(combo.Events().size(), 1U);
+    EXPECT_EQ(RecordOf(button).Events().size(), 1U);
+    EXPECT_EQ(RecordOf(combo).Events().size(), 1U);
 }
 
 // The one that makes a window brings its object along; a second one brings whatever it likes.

@@ -7,6 +7,7 @@ Formatting|lint find_misformatted
 Layers|lint find_wrong_includes
 Portable code|lint find_windows_headers
 Lengths|lint find_long_files
+Names|lint find_misnamed
 Calls without a window|lint find_raw_window_calls
 Blanks and line ends|lint find_blanks
 Words|lint find_words

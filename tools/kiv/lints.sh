@@ -96,6 +96,43 @@ find_raw_window_calls() {
         grep -v 'nullptr$' | sed -E 's/^([^:]*:[0-9]+):(.*)\($/\1: \2 takes "no window" for all of them; class Window has it/'
 }
 
+# Of CONTRIBUTING's names those that the place of a line decides: constants and functions of a namespace stand at its
+# beginning, private data of a class one step in. Names that hosts know come with their class in front, or are
+# constituents, whose three letters say what they are.
+CONSTITUENTS='TextBox=txt Label=lbl CommandButton=cmd ComboBox=cbo ListBox=lst OptionButton=opt Frame=fra'
+find_misnamed() {
+    # shellcheck disable=SC2016 # the dollars are awk's
+    cpp_sources | xargs -r -d '\n' awk -v constituents="$CONSTITUENTS" '
+        BEGIN {
+            count = split(constituents, pairs, " ")
+            for (i = 1; i <= count; i++) {
+                split(pairs[i], pair, "=")
+                prefix[pair[1]] = pair[2]
+            }
+        }
+        function complain(what) { print FILENAME ":" FNR ": " what }
+        FNR == 1 { private = 0 }
+        { sub(/ *\/\/.*/, "") }
+        /^(private|protected|public):/ { private = /^private/ }
+        /^}/ { private = 0 }
+        /^((inline|static) )*constexpr [^=({;]*[ *&][a-z][A-Za-z0-9_]*(\[[^]]*\])? ?[={;]/ {
+            complain("a constant is written in PascalCase")
+        }
+        /^[A-Za-z_][A-Za-z0-9_:<>,&* ]*[ *&][a-z][A-Za-z0-9_]*\(/ && !/^(else|return|throw) / && !/[ *&](main|operator)\(/ {
+            complain("a function is written in PascalCase")
+        }
+        match($0, /^ +(TextBox|Label|CommandButton|ComboBox|ListBox|OptionButton|Frame) [A-Za-z0-9_]+(\[[^]]*\])?[;{]/) && FILENAME ~ /^controls\// {
+            split($0, word, " ")
+            if (substr(word[2], 1, 3) != prefix[word[1]])
+                complain("the name of a " word[1] " begins with " prefix[word[1]])
+            next
+        }
+        private && /^    [A-Za-z_][A-Za-z0-9_:<>,&* ]*[ *&][a-z][A-Za-z0-9_]*(\[[^]]*\])?( = [^(]*|\{.*\})?;$/ &&
+            !/^    (using|friend|static constexpr|typedef) / && !/[ *&][a-z][A-Za-z0-9_]*_(\[[^]]*\])?( = .*|\{.*\})?;$/ {
+            complain("a data member ends with an underscore")
+        }'
+}
+
 find_long_files() {
     code_files | xargs -r -d '\n' awk 'FNR == 601 { print FILENAME ":601: over 600 lines; split it by topic" }'
 }

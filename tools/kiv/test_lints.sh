@@ -83,6 +83,16 @@ expect find_raw_window_calls controls/x/A.cpp '\nInvalidateRect(w, nullptr, TRUE
 expect find_raw_window_calls runtime/forms/Window.cpp 'void F() { SetFocus(w); }\n' ''
 expect find_raw_window_calls host/A.cpp 'void F() { SetFocus(w); }\n' ''
 
+expect find_misnamed tools/a/A.cpp 'constexpr int Most = 3;\nint F(int most)\n{\n    constexpr int local = most;\n}\nint main()\n' ''
+expect find_misnamed tools/a/A.cpp '\nconstexpr int most = 3;\n' 'tools/a/A.cpp:2: a constant'
+expect find_misnamed host/a/A.h '\ninline constexpr const char* names[] = {"a"};\n' 'host/a/A.h:2: a constant'
+expect find_misnamed tools/a/A.cpp 'std::uint16_t read16(ByteView bytes)\n{\n' 'tools/a/A.cpp:1: a function'
+expect find_misnamed controls/x/A.cpp 'HRESULT A::get_Value(long* result) noexcept\nvoid A::cmd_Click()\n' ''
+expect find_misnamed host/a/A.h 'class A\n{\nprivate:\n    int size_ = 0;\n    bool Same(int size);\n};\nstruct B\n{\n    int size = 0;\n};\n' ''
+expect find_misnamed host/a/A.h 'class A\n{\npublic:\n    int Size() const;\n\nprivate:\n    int size = 0; // of it\n};\n' 'host/a/A.h:7: a data member'
+expect find_misnamed controls/x/A.h 'class A\n{\nprivate:\n    Label lbl{*this};\n    CommandButton cmdOK;\n    std::wstring StateCode;\n};\n' ''
+expect find_misnamed controls/x/A.h 'class A\n{\nprivate:\n    ComboBox combo_{*this};\n};\n' 'controls/x/A.h:4: the name of a ComboBox begins with cbo'
+
 expect find_long_files tools/a/A.cpp "$(printf 'x\\n%.0s' {1..600})" ''
 expect find_raw_window_calls runtime/forms/A.cpp 'void F() { SetFocus(w); }\n' 'runtime/forms/A.cpp:1: SetFocus takes'
 expect find_raw_window_calls controls/x/A.cpp '\nauto dc = GetDC(nullptr);\n' ''

@@ -4,7 +4,7 @@
 
 namespace kiv::typelib
 {
-ByteView slice(ByteView bytes, std::size_t offset, std::size_t length)
+ByteView Slice(ByteView bytes, std::size_t offset, std::size_t length)
 {
     if (offset > bytes.size() || length > bytes.size() - offset)
     {
@@ -14,37 +14,37 @@ ByteView slice(ByteView bytes, std::size_t offset, std::size_t length)
     return bytes.subspan(offset, length);
 }
 
-std::uint16_t read16(ByteView bytes, std::size_t offset)
+std::uint16_t Read16(ByteView bytes, std::size_t offset)
 {
-    const ByteView field = slice(bytes, offset, 2);
+    const ByteView field = Slice(bytes, offset, 2);
     return static_cast<std::uint16_t>(field[0] | field[1] << 8);
 }
 
-std::uint32_t read32(ByteView bytes, std::size_t offset)
+std::uint32_t Read32(ByteView bytes, std::size_t offset)
 {
-    return read16(bytes, offset) | static_cast<std::uint32_t>(read16(bytes, offset + 2)) << 16;
+    return Read16(bytes, offset) | static_cast<std::uint32_t>(Read16(bytes, offset + 2)) << 16;
 }
 
-void write16(Bytes& bytes, std::size_t offset, std::uint16_t value)
+void Write16(Bytes& bytes, std::size_t offset, std::uint16_t value)
 {
-    slice(bytes, offset, 2);
+    Slice(bytes, offset, 2);
     bytes[offset] = static_cast<std::uint8_t>(value);
     bytes[offset + 1] = static_cast<std::uint8_t>(value >> 8);
 }
 
-void write32(Bytes& bytes, std::size_t offset, std::uint32_t value)
+void Write32(Bytes& bytes, std::size_t offset, std::uint32_t value)
 {
-    write16(bytes, offset, static_cast<std::uint16_t>(value));
-    write16(bytes, offset + 2, static_cast<std::uint16_t>(value >> 16));
+    Write16(bytes, offset, static_cast<std::uint16_t>(value));
+    Write16(bytes, offset + 2, static_cast<std::uint16_t>(value >> 16));
 }
 
-void append32(Bytes& bytes, std::uint32_t value)
+void Append32(Bytes& bytes, std::uint32_t value)
 {
     bytes.resize(bytes.size() + 4);
-    write32(bytes, bytes.size() - 4, value);
+    Write32(bytes, bytes.size() - 4, value);
 }
 
-void append(Bytes& bytes, ByteView more)
+void Append(Bytes& bytes, ByteView more)
 {
     bytes.insert(bytes.end(), more.begin(), more.end());
 }

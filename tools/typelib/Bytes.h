@@ -19,18 +19,18 @@ public:
 };
 
 // Every read and write of the file goes through these: little-endian, and an error outside the bytes.
-ByteView slice(ByteView bytes, std::size_t offset, std::size_t length);
-std::uint16_t read16(ByteView bytes, std::size_t offset);
-std::uint32_t read32(ByteView bytes, std::size_t offset);
-void write16(Bytes& bytes, std::size_t offset, std::uint16_t value);
-void write32(Bytes& bytes, std::size_t offset, std::uint32_t value);
-void append32(Bytes& bytes, std::uint32_t value);
-void append(Bytes& bytes, ByteView more);
+ByteView Slice(ByteView bytes, std::size_t offset, std::size_t length);
+std::uint16_t Read16(ByteView bytes, std::size_t offset);
+std::uint32_t Read32(ByteView bytes, std::size_t offset);
+void Write16(Bytes& bytes, std::size_t offset, std::uint16_t value);
+void Write32(Bytes& bytes, std::size_t offset, std::uint32_t value);
+void Append32(Bytes& bytes, std::uint32_t value);
+void Append(Bytes& bytes, ByteView more);
 
 // Stands for "none" wherever the format has an offset.
-constexpr std::uint32_t noOffset = 0xFFFFFFFF;
+constexpr std::uint32_t NoOffset = 0xFFFFFFFF;
 
-constexpr std::size_t roundUpTo4(std::size_t size)
+constexpr std::size_t RoundUpTo4(std::size_t size)
 {
     return (size + 3) / 4 * 4;
 }

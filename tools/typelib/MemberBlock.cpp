@@ -4,35 +4,35 @@ namespace kiv::typelib
 {
 namespace
 {
-constexpr std::size_t sizeField = 4;
-constexpr std::size_t tableEntry = 4;
+constexpr std::size_t SizeField = 4;
+constexpr std::size_t TableEntry = 4;
 } // namespace
 
-std::size_t memberBlockSize(ByteView bytes, std::size_t memberCount)
+std::size_t MemberBlockSize(ByteView bytes, std::size_t memberCount)
 {
-    return memberCount == 0 ? 0 : sizeField + read32(bytes, 0) + 3 * tableEntry * memberCount;
+    return memberCount == 0 ? 0 : SizeField + Read32(bytes, 0) + 3 * TableEntry * memberCount;
 }
 
-MemberBlock readMemberBlock(ByteView block, std::size_t memberCount)
+MemberBlock ReadMemberBlock(ByteView block, std::size_t memberCount)
 {
     if (memberCount == 0)
         return {};
-    const std::size_t recordsSize = read32(block, 0);
-    const ByteView records = slice(block, sizeField, recordsSize);
-    const ByteView ids = slice(block, sizeField + recordsSize, tableEntry * memberCount);
-    const ByteView names = slice(block, sizeField + recordsSize + ids.size(), ids.size());
-    const ByteView offsets = slice(block, sizeField + recordsSize + 2 * ids.size(), ids.size());
+    const std::size_t recordsSize = Read32(block, 0);
+    const ByteView records = Slice(block, SizeField, recordsSize);
+    const ByteView ids = Slice(block, SizeField + recordsSize, TableEntry * memberCount);
+    const ByteView names = Slice(block, SizeField + recordsSize + ids.size(), ids.size());
+    const ByteView offsets = Slice(block, SizeField + recordsSize + 2 * ids.size(), ids.size());
 
     MemberBlock members;
     std::size_t position = 0;
     for (std::size_t i = 0; i < memberCount; ++i)
     {
-        const std::size_t size = read16(records, position);
-        if (read32(offsets, tableEntry * i) != position)
+        const std::size_t size = Read16(records, position);
+        if (Read32(offsets, TableEntry * i) != position)
             throw TypeLibraryError("the member records of a type do not follow each other");
-        const ByteView record = slice(records, position, size);
-        members.push_back({Bytes(record.begin(), record.end()), read32(ids, tableEntry * i),
-                           read32(names, tableEntry * i)});
+        const ByteView record = Slice(records, position, size);
+        members.push_back({Bytes(record.begin(), record.end()), Read32(ids, TableEntry * i),
+                           Read32(names, TableEntry * i)});
         position += size;
     }
     if (position != recordsSize)
@@ -40,20 +40,20 @@ MemberBlock readMemberBlock(ByteView block, std::size_t memberCount)
     return members;
 }
 
-void appendMemberBlock(Bytes& bytes, const MemberBlock& members)
+void AppendMemberBlock(Bytes& bytes, const MemberBlock& members)
 {
     if (members.empty())
         return;
     Bytes records, ids, names, offsets;
     for (const Member& member : members)
     {
-        append32(offsets, static_cast<std::uint32_t>(records.size()));
-        append(records, member.record);
-        append32(ids, member.id);
-        append32(names, member.nameOffset);
+        Append32(offsets, static_cast<std::uint32_t>(records.size()));
+        Append(records, member.Record);
+        Append32(ids, member.Id);
+        Append32(names, member.NameOffset);
     }
-    append32(bytes, static_cast<std::uint32_t>(records.size()));
+    Append32(bytes, static_cast<std::uint32_t>(records.size()));
     for (const Bytes* part : {&records, &ids, &names, &offsets})
-        append(bytes, *part);
+        Append(bytes, *part);
 }
 } // namespace kiv::typelib

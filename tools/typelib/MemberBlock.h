@@ -7,9 +7,9 @@ namespace kiv::typelib
 // One function or variable of a type. Its record starts with the record's own size.
 struct Member
 {
-    Bytes record;
-    std::uint32_t id = 0;
-    std::uint32_t nameOffset = 0; // in the name table
+    Bytes Record;
+    std::uint32_t Id = 0;
+    std::uint32_t NameOffset = 0; // in the name table
 };
 
 // The members of one type, functions before variables. In the file they are one block: the size of all
@@ -18,9 +18,9 @@ using MemberBlock = std::vector<Member>;
 
 // How many bytes the block of so many members takes at the front of these bytes; none for a type without
 // members.
-std::size_t memberBlockSize(ByteView bytes, std::size_t memberCount);
+std::size_t MemberBlockSize(ByteView bytes, std::size_t memberCount);
 
 // The block must be exactly as long as these bytes, and its records must follow each other without a gap.
-MemberBlock readMemberBlock(ByteView block, std::size_t memberCount);
-void appendMemberBlock(Bytes& bytes, const MemberBlock& members);
+MemberBlock ReadMemberBlock(ByteView block, std::size_t memberCount);
+void AppendMemberBlock(Bytes& bytes, const MemberBlock& members);
 } // namespace kiv::typelib

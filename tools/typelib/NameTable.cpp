@@ -9,14 +9,14 @@ namespace
 {
 // A name is a reference to its type, the next name of its hash chain, a word that holds length, kind and
 // hash, and the characters, filled up to a multiple of four.
-constexpr std::size_t nextField = 4;
-constexpr std::size_t lengthField = 8; // one byte
-constexpr std::size_t hashField = 10;  // two bytes
-constexpr std::size_t nameHeaderSize = 12;
-constexpr std::size_t chainCount = 128;
+constexpr std::size_t NextField = 4;
+constexpr std::size_t LengthField = 8; // one byte
+constexpr std::size_t HashField = 10;  // two bytes
+constexpr std::size_t NameHeaderSize = 12;
+constexpr std::size_t ChainCount = 128;
 
 // What the hash sees of a character. Only what lies in ASCII is certain, so other names are refused.
-std::uint32_t fold(char character)
+std::uint32_t Fold(char character)
 {
     const auto code = static_cast<unsigned char>(character);
     if (code > 0x7F)
@@ -34,87 +34,87 @@ std::uint32_t fold(char character)
     }
 }
 
-bool equalIgnoringCase(std::string_view left, std::string_view right)
+bool EqualIgnoringCase(std::string_view left, std::string_view right)
 {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](char a, char b) {
         return std::toupper(static_cast<unsigned char>(a)) == std::toupper(static_cast<unsigned char>(b));
     });
 }
 
-std::string nameAt(ByteView names, std::size_t offset)
+std::string NameAt(ByteView names, std::size_t offset)
 {
-    const std::size_t length = slice(names, offset, nameHeaderSize)[lengthField];
-    const ByteView characters = slice(names, offset + nameHeaderSize, length);
+    const std::size_t length = Slice(names, offset, NameHeaderSize)[LengthField];
+    const ByteView characters = Slice(names, offset + NameHeaderSize, length);
     return {characters.begin(), characters.end()};
 }
 } // namespace
 
-std::uint16_t nameHash(std::string_view name)
+std::uint16_t NameHash(std::string_view name)
 {
     std::uint32_t hash = 0x0DEADBEE;
     for (const char character : name)
-        hash = hash * 37 + fold(character);
+        hash = hash * 37 + Fold(character);
     return static_cast<std::uint16_t>(hash % 65599);
 }
 
-NameTable::NameTable(const TypeLibrary& library) : names_(library.segment(TypeLibrary::Names))
+NameTable::NameTable(const TypeLibrary& library) : names_(library.Segment(TypeLibrary::Names))
 {
     std::size_t characterCount = 0;
     for (std::size_t position = 0; position < names_.size();)
     {
-        const std::string name = nameAt(names_, position);
-        if (read16(names_, position + hashField) != nameHash(name))
+        const std::string name = NameAt(names_, position);
+        if (Read16(names_, position + HashField) != NameHash(name))
             throw TypeLibraryError("the hash of the name '" + name + "' is not the expected one");
         offsets_.push_back(static_cast<std::uint32_t>(position));
         characterCount += name.size();
-        position += nameHeaderSize + roundUpTo4(name.size());
-        slice(names_, 0, position);
+        position += NameHeaderSize + RoundUpTo4(name.size());
+        Slice(names_, 0, position);
     }
-    if (offsets_.size() != library.nameCount() || characterCount != library.nameCharacterCount())
+    if (offsets_.size() != library.NameCount() || characterCount != library.NameCharacterCount())
         throw TypeLibraryError("the name table does not hold as many names as the header says");
-    const Chains expected = linkChains();
-    if (expected.names != names_ || expected.heads != library.segment(TypeLibrary::NameHash))
+    const Chains expected = LinkChains();
+    if (expected.Names != names_ || expected.Heads != library.Segment(TypeLibrary::NameHash))
         throw TypeLibraryError("the hash chains of the name table are not the expected ones");
 }
 
-NameTable::Chains NameTable::linkChains() const
+NameTable::Chains NameTable::LinkChains() const
 {
-    Chains chains{names_, Bytes(4 * chainCount, 0xFF)}; // a chain ends with noOffset
+    Chains chains{names_, Bytes(4 * ChainCount, 0xFF)}; // a chain ends with noOffset
     for (const std::uint32_t offset : offsets_)
     {
-        const std::size_t head = 4 * (read16(names_, offset + hashField) % chainCount);
-        write32(chains.names, offset + nextField, read32(chains.heads, head));
-        write32(chains.heads, head, offset);
+        const std::size_t head = 4 * (Read16(names_, offset + HashField) % ChainCount);
+        Write32(chains.Names, offset + NextField, Read32(chains.Heads, head));
+        Write32(chains.Heads, head, offset);
     }
     return chains;
 }
 
-std::string NameTable::at(std::uint32_t offset) const
+std::string NameTable::At(std::uint32_t offset) const
 {
     if (!std::binary_search(offsets_.begin(), offsets_.end(), offset))
         throw TypeLibraryError("a member refers to a name that is not there");
-    return nameAt(names_, offset);
+    return NameAt(names_, offset);
 }
 
-void NameTable::rename(std::uint32_t offset, std::string_view name)
+void NameTable::Rename(std::uint32_t offset, std::string_view name)
 {
-    const std::string old = at(offset);
+    const std::string old = At(offset);
     if (old.size() != name.size())
         throw TypeLibraryError("'" + old + "' and '" + std::string(name) + "' differ in length");
     for (const std::uint32_t other : offsets_)
     {
-        if (other != offset && equalIgnoringCase(nameAt(names_, other), name))
+        if (other != offset && EqualIgnoringCase(NameAt(names_, other), name))
             throw TypeLibraryError("the name '" + std::string(name) + "' is there already");
     }
     std::copy(name.begin(), name.end(),
-              names_.begin() + static_cast<std::ptrdiff_t>(offset + nameHeaderSize));
-    write16(names_, offset + hashField, nameHash(name));
+              names_.begin() + static_cast<std::ptrdiff_t>(offset + NameHeaderSize));
+    Write16(names_, offset + HashField, NameHash(name));
 }
 
-void NameTable::store(TypeLibrary& library) const
+void NameTable::Store(TypeLibrary& library) const
 {
-    Chains chains = linkChains();
-    library.replaceSegment(TypeLibrary::Names, std::move(chains.names));
-    library.replaceSegment(TypeLibrary::NameHash, std::move(chains.heads));
+    Chains chains = LinkChains();
+    library.ReplaceSegment(TypeLibrary::Names, std::move(chains.Names));
+    library.ReplaceSegment(TypeLibrary::NameHash, std::move(chains.Heads));
 }
 } // namespace kiv::typelib

@@ -10,69 +10,69 @@ namespace kiv::typelib
 namespace
 {
 // A variable's record as the compiler writes it ends before the optional fields help context and help string.
-constexpr std::size_t plainVariableSize = 20;
-constexpr std::size_t helpStringField = 24;
-constexpr std::size_t helpedVariableSize = 28;
+constexpr std::size_t PlainVariableSize = 20;
+constexpr std::size_t HelpStringField = 24;
+constexpr std::size_t HelpedVariableSize = 28;
 
 // A function's record ends with twelve bytes for each parameter.
-constexpr std::size_t parameterCountField = 20;
-constexpr std::size_t parameterSize = 12;
-constexpr std::size_t parameterNameField = 4;
+constexpr std::size_t ParameterCountField = 20;
+constexpr std::size_t ParameterSize = 12;
+constexpr std::size_t ParameterNameField = 4;
 
-void setHelpString(Member& member, std::uint32_t stringOffset, const std::string& name)
+void SetHelpString(Member& member, std::uint32_t stringOffset, const std::string& name)
 {
-    if (member.record.size() != plainVariableSize)
+    if (member.Record.size() != PlainVariableSize)
         throw TypeLibraryError("the record of '" + name + "' is not that of a plain member");
-    member.record.resize(helpedVariableSize);
-    write16(member.record, 0, helpedVariableSize);
-    write32(member.record, helpStringField, stringOffset);
+    member.Record.resize(HelpedVariableSize);
+    Write16(member.Record, 0, HelpedVariableSize);
+    Write32(member.Record, HelpStringField, stringOffset);
 }
 
 // How many members and parameters bear each name. A name is held once for all its uses: renaming one that is
 // used twice would rename both.
-std::map<std::uint32_t, std::size_t> countNameUses(const TypeLibrary& library)
+std::map<std::uint32_t, std::size_t> CountNameUses(const TypeLibrary& library)
 {
     std::map<std::uint32_t, std::size_t> uses;
-    for (const Type& type : library.types())
+    for (const Type& type : library.Types())
     {
-        for (std::size_t i = 0; i < type.members.size(); ++i)
+        for (std::size_t i = 0; i < type.Members.size(); ++i)
         {
-            const Member& member = type.members[i];
-            ++uses[member.nameOffset];
-            if (i >= type.functionCount)
+            const Member& member = type.Members[i];
+            ++uses[member.NameOffset];
+            if (i >= type.FunctionCount)
                 continue;
-            const std::size_t size = parameterSize * read16(member.record, parameterCountField);
-            if (size > member.record.size())
+            const std::size_t size = ParameterSize * Read16(member.Record, ParameterCountField);
+            if (size > member.Record.size())
                 throw TypeLibraryError("a function has more parameters than its record holds");
-            for (std::size_t at = member.record.size() - size; at < member.record.size(); at += parameterSize)
-                ++uses[read32(member.record, at + parameterNameField)];
+            for (std::size_t at = member.Record.size() - size; at < member.Record.size(); at += ParameterSize)
+                ++uses[Read32(member.Record, at + ParameterNameField)];
         }
     }
     return uses;
 }
 } // namespace
 
-void publish(TypeLibrary& library, const PublishedNames& names)
+void Publish(TypeLibrary& library, const PublishedNames& names)
 {
     NameTable table(library);
-    std::map<std::uint32_t, std::size_t> uses = countNameUses(library);
+    std::map<std::uint32_t, std::size_t> uses = CountNameUses(library);
     std::set<std::string> found;
-    for (Type& type : library.types())
+    for (Type& type : library.Types())
     {
-        if (!type.isEnumeration)
+        if (!type.IsEnumeration)
             continue;
-        for (Member& member : type.members)
+        for (Member& member : type.Members)
         {
-            std::string name = table.at(member.nameOffset);
+            std::string name = table.At(member.NameOffset);
             if (const auto row = names.find(name); row != names.end())
             {
-                if (uses[member.nameOffset] != 1)
+                if (uses[member.NameOffset] != 1)
                     throw TypeLibraryError("the placeholder '" + name + "' is used more than once");
                 found.insert(name);
-                table.rename(member.nameOffset, row->second);
+                table.Rename(member.NameOffset, row->second);
                 name = row->second;
             }
-            setHelpString(member, library.addString(name), name);
+            SetHelpString(member, library.AddString(name), name);
         }
     }
     for (const auto& [placeholder, published] : names)
@@ -80,6 +80,6 @@ void publish(TypeLibrary& library, const PublishedNames& names)
         if (!found.contains(placeholder))
             throw TypeLibraryError("no enumeration has a member '" + placeholder + "'");
     }
-    table.store(library);
+    table.Store(library);
 }
 } // namespace kiv::typelib

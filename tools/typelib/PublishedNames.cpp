@@ -10,7 +10,7 @@ namespace kiv::typelib
 {
 namespace
 {
-std::string trimmed(std::string_view text)
+std::string Trimmed(std::string_view text)
 {
     constexpr std::string_view blanks = " \t\r";
     const std::size_t first = text.find_first_not_of(blanks);
@@ -19,7 +19,7 @@ std::string trimmed(std::string_view text)
     return std::string(text.substr(first, text.find_last_not_of(blanks) - first + 1));
 }
 
-std::string placeholderOf(std::string published)
+std::string PlaceholderOf(std::string published)
 {
     std::replace_if(
         published.begin(), published.end(),
@@ -28,7 +28,7 @@ std::string placeholderOf(std::string published)
 }
 } // namespace
 
-PublishedNames parsePublishedNames(std::string_view text)
+PublishedNames ParsePublishedNames(std::string_view text)
 {
     PublishedNames names;
     std::istringstream lines{std::string(text)};
@@ -39,20 +39,20 @@ PublishedNames parsePublishedNames(std::string_view text)
         const auto fail = [&](const std::string& what) {
             throw TypeLibraryError("line " + std::to_string(number) + ": " + what);
         };
-        line = trimmed(line);
+        line = Trimmed(line);
         if (line.empty() || line.front() == '#')
             continue;
         const std::size_t equals = line.find('=');
         if (equals == std::string::npos)
             fail("expected: placeholder = published name");
-        const std::string placeholder = trimmed(std::string_view(line).substr(0, equals));
-        const std::string published = trimmed(std::string_view(line).substr(equals + 1));
+        const std::string placeholder = Trimmed(std::string_view(line).substr(0, equals));
+        const std::string published = Trimmed(std::string_view(line).substr(equals + 1));
         if (published.empty())
             fail("the published name is missing");
         if (placeholder.size() != published.size())
             fail("'" + placeholder + "' and '" + published + "' differ in length");
-        if (placeholder != placeholderOf(published))
-            fail("the placeholder of '" + published + "' has to be " + placeholderOf(published));
+        if (placeholder != PlaceholderOf(published))
+            fail("the placeholder of '" + published + "' has to be " + PlaceholderOf(published));
         if (!names.emplace(placeholder, published).second)
             fail("'" + placeholder + "' is listed twice");
     }

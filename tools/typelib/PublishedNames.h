@@ -12,5 +12,5 @@ using PublishedNames = std::map<std::string, std::string, std::less<>>;
 // Reads rows "placeholder = published name"; blank lines and lines that begin with # say nothing. A
 // placeholder is the published name with _ for each character that is no letter or digit. An error names the
 // line.
-PublishedNames parsePublishedNames(std::string_view text);
+PublishedNames ParsePublishedNames(std::string_view text);
 } // namespace kiv::typelib

@@ -10,9 +10,9 @@ namespace kiv::typelib
 // One type of the library: the members, and of its header what tells them apart.
 struct Type
 {
-    bool isEnumeration = false;
-    std::size_t functionCount = 0; // so many members are functions, the others variables
-    MemberBlock members;
+    bool IsEnumeration = false;
+    std::size_t FunctionCount = 0; // so many members are functions, the others variables
+    MemberBlock Members;
 };
 
 // A compiled type library ("MSFT" file) taken apart: header, segments and the members of each type. The file
@@ -22,8 +22,8 @@ struct Type
 class TypeLibrary
 {
 public:
-    static TypeLibrary read(ByteView file);
-    Bytes write() const;
+    static TypeLibrary Read(ByteView file);
+    Bytes Write() const;
 
     enum SegmentIndex
     {
@@ -33,31 +33,31 @@ public:
         Strings = 8,
         SegmentCount = 15
     };
-    const Bytes& segment(SegmentIndex index) const { return segments_[index].data; }
-    void replaceSegment(SegmentIndex index, Bytes data) { segments_[index].data = std::move(data); }
+    const Bytes& Segment(SegmentIndex index) const { return segments_[index].Data; }
+    void ReplaceSegment(SegmentIndex index, Bytes data) { segments_[index].Data = std::move(data); }
 
     // Adds a text to the string table and returns its offset there.
-    std::uint32_t addString(std::string_view text);
+    std::uint32_t AddString(std::string_view text);
 
-    const std::vector<Type>& types() const { return types_; }
-    std::vector<Type>& types() { return types_; }
+    const std::vector<Type>& Types() const { return types_; }
+    std::vector<Type>& Types() { return types_; }
 
     // What the header says about the name table.
-    std::uint32_t nameCount() const;
-    std::uint32_t nameCharacterCount() const;
+    std::uint32_t NameCount() const;
+    std::uint32_t NameCharacterCount() const;
 
 private:
-    struct Segment
+    struct StoredSegment
     {
-        bool present = false;
-        Bytes data;
+        bool Present = false;
+        Bytes Data;
     };
 
-    std::size_t readSegments(ByteView file);
-    std::size_t readTypes(ByteView file, std::size_t position);
+    std::size_t ReadSegments(ByteView file);
+    std::size_t ReadTypes(ByteView file, std::size_t position);
 
     Bytes preamble_; // header and offsets of the type headers
-    std::array<Segment, SegmentCount> segments_;
+    std::array<StoredSegment, SegmentCount> segments_;
     std::vector<std::size_t> fileOrder_; // the present segments, as they lie in the file
     std::vector<Type> types_;
 };

@@ -10,7 +10,7 @@ namespace
 {
 using namespace kiv::typelib;
 
-std::string readFile(const std::string& path)
+std::string ReadFile(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
     std::string content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -20,7 +20,7 @@ std::string readFile(const std::string& path)
 }
 
 // Under another name until it is whole: the build takes whatever bears the right name for finished.
-void writeFile(const std::string& path, const Bytes& content)
+void WriteFile(const std::string& path, const Bytes& content)
 {
     const std::string unfinished = path + ".part";
     std::ofstream file(unfinished, std::ios::binary);
@@ -45,13 +45,13 @@ int main(int argumentCount, char** arguments)
     std::string current = namesPath;
     try
     {
-        const PublishedNames names = parsePublishedNames(readFile(namesPath));
+        const PublishedNames names = ParsePublishedNames(ReadFile(namesPath));
         current = compiledPath;
-        const std::string compiled = readFile(compiledPath);
-        TypeLibrary library = TypeLibrary::read(Bytes(compiled.begin(), compiled.end()));
-        publish(library, names);
+        const std::string compiled = ReadFile(compiledPath);
+        TypeLibrary library = TypeLibrary::Read(Bytes(compiled.begin(), compiled.end()));
+        Publish(library, names);
         current = publishedPath;
-        writeFile(publishedPath, library.write());
+        WriteFile(publishedPath, library.Write());
         return 0;
     }
     catch (const std::exception& error)

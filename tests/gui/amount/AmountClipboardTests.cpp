@@ -68,10 +68,10 @@ TEST_F(AmountClipboardTest, ShowsWhatWasPasted)
     Leave(currency);
     for (HostedBox* box : {&currency, &percent})
     {
-        box->Site().ClearNotifications();
+        RecordOf(box->Site()).ClearNotifications();
         Send(*box, WM_PASTE);
         ExpectLabel(*box, box == &currency ? L"1,000" : L"100000.");
-        EXPECT_EQ(box->Site().Notifications(), (Texts{L"Value", L"Value"}));
+        EXPECT_EQ(RecordOf(box->Site()).Notifications(), (Texts{L"Value", L"Value"}));
     }
 }
 

@@ -47,14 +47,14 @@ TEST_F(AmountEntryTest, CurrencyIsAssignedAsTheRowsSay)
         box.Site().Put(L"NumDecDigits", Variant(row.NumDecDigits));
         const std::wstring before = box.Text();
         box.TakeEvents();
-        box.Site().ClearNotifications();
+        RecordOf(box.Site()).ClearNotifications();
         EXPECT_EQ(Hr(box.Assign(TextOrNull(row.Value, locale))), Hr(S_OK));
         const std::wstring after = Localized(row.Text, locale);
         EXPECT_EQ(box.Text(), after);
         EXPECT_EQ(box.Site().Get(L"Text").Text(), Localized(row.Label, locale));
         ExpectLabel(box, Localized(row.Label, locale));
         EXPECT_EQ(box.TakeEvents(), after == before ? Texts() : Texts{L"Change " + after});
-        EXPECT_EQ(box.Site().Notifications(), Texts(after == before ? 1 : 2, L"Value"));
+        EXPECT_EQ(RecordOf(box.Site()).Notifications(), Texts(after == before ? 1 : 2, L"Value"));
     });
 }
 
@@ -145,11 +145,11 @@ TEST_F(AmountEntryTest, CurrencyResetsItsRangeWithItsCounts)
 {
     HostedBox box = ShownCurrencyBox();
     box.Site().Put(L"MaxValue", Variant(Amount(500)));
-    box.Site().ClearNotifications();
+    RecordOf(box.Site()).ClearNotifications();
     box.Site().Put(L"NumIntDigits", Variant(short{5}));
     EXPECT_EQ(Show(box.Site().Get(L"MaxValue")), Show(Variant(Currency::FromUnits(999'999'900))));
     EXPECT_EQ(Show(box.Site().Get(L"MinValue")), Show(Variant(Currency::FromUnits(-999'999'900))));
-    EXPECT_EQ(box.Site().Notifications(), (Texts{L"NumIntDigits", L"MaxValue", L"MinValue"}));
+    EXPECT_EQ(RecordOf(box.Site()).Notifications(), (Texts{L"NumIntDigits", L"MaxValue", L"MinValue"}));
     box.Site().Put(L"NumDecDigits", Variant(short{0}));
     EXPECT_EQ(Show(box.Site().Get(L"MaxValue")), Show(Variant(Amount(99999))));
 }
@@ -179,14 +179,14 @@ TEST_F(AmountEntryTest, PercentIsAssignedAsTheRowsSay)
         SetUp(box, row.Settings);
         const std::wstring before = box.Text();
         box.TakeEvents();
-        box.Site().ClearNotifications();
+        RecordOf(box.Site()).ClearNotifications();
         EXPECT_EQ(Hr(box.Assign(TextOrNull(row.Value, locale))), Hr(S_OK));
         const std::wstring after = Localized(row.Text, locale);
         EXPECT_EQ(box.Text(), after);
         EXPECT_EQ(box.Site().Get(L"Text").Text(), after);
         ExpectLabel(box, after);
         EXPECT_EQ(box.TakeEvents(), after == before ? Texts() : Texts{L"Change " + after});
-        EXPECT_EQ(box.Site().Notifications(), Texts(after == before ? 1 : 2, L"Value"));
+        EXPECT_EQ(RecordOf(box.Site()).Notifications(), Texts(after == before ? 1 : 2, L"Value"));
     });
 }
 

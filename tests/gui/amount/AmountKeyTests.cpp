@@ -101,11 +101,11 @@ TEST_F(AmountKeyTest, AreToldToTheHostInTheirOrder)
     {
         box->Site().Focus();
         box->TakeEvents();
-        box->Site().ClearNotifications();
+        RecordOf(box->Site()).ClearNotifications();
         Type(L"1x");
         EXPECT_EQ(box->TakeEvents(), (Texts{L"KeyDown 49", L"KeyPress 49", L"Change 1", L"KeyUp 49",
                                             L"KeyDown 88", L"KeyPress 120", L"KeyUp 88"}));
-        EXPECT_EQ(box->Site().Notifications(), Texts{L"Value"});
+        EXPECT_EQ(RecordOf(box->Site()).Notifications(), Texts{L"Value"});
         Type(L"\b");
         EXPECT_EQ(box->TakeEvents(), (Texts{L"KeyDown 8", L"KeyPress 8", L"Change ", L"KeyUp 8"}));
         Key(VK_LEFT);
@@ -127,13 +127,13 @@ TEST_F(AmountKeyTest, TellOfChangeBeforeTheValue)
     {
         box->Site().Focus();
         std::size_t toldBefore = 1;
-        box->Site().ClearNotifications();
+        RecordOf(box->Site()).ClearNotifications();
         box->On(L"Change", [&](const host::EventRecord&, DISPPARAMS&) {
-            toldBefore = box->Site().Notifications().size();
+            toldBefore = RecordOf(box->Site()).Notifications().size();
         });
         Type(L"1");
         EXPECT_EQ(toldBefore, 0U);
-        EXPECT_EQ(box->Site().Notifications(), Texts{L"Value"});
+        EXPECT_EQ(RecordOf(box->Site()).Notifications(), Texts{L"Value"});
         box->On(L"Change", nullptr);
     }
 }

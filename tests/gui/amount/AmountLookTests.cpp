@@ -114,10 +114,10 @@ TEST_F(AmountLookTest, LabelAndBoxHaveItsColours)
         EXPECT_EQ(box.Site().Get(L"ForeColor").Long(), static_cast<long>(0x80000008));
         const std::wstring label = box.Site().Get(L"Text").Text();
         ExpectLabel(box, label);
-        box.Site().ClearNotifications();
+        RecordOf(box.Site()).ClearNotifications();
         box.Site().Put(L"BackColor", Variant(0x00C0FFL));
         box.Site().Put(L"ForeColor", Variant(0xFF0000L));
-        EXPECT_EQ(box.Site().Notifications(), (Texts{L"BackColor", L"ForeColor"}));
+        EXPECT_EQ(RecordOf(box.Site()).Notifications(), (Texts{L"BackColor", L"ForeColor"}));
         TheForm().PumpPending();
         ExpectLabel(box, label);
         box.Site().Focus();

@@ -1,6 +1,7 @@
 #include "tests/gui/choice/HostedButton.h"
 
 #include "runtime/com/Errors.h"
+#include "tests/gui/SiteRecorder.h"
 #include "tests/support/Library.h"
 #include "tests/support/Text.h"
 
@@ -150,9 +151,9 @@ std::string InCodePage(const std::wstring& text)
 } // namespace
 
 HostedButton::HostedButton(host::Form& form, host::SiteOptions options) :
-    site_(form.Add(Library::UnderTest().Create(CLSID_PicCommand).Get(), std::move(options)))
+    site_(form.Add(Library::UnderTest().Create(CLSID_PicCommand).Get(), Recorded(std::move(options))))
 {
-    site_.OnEvent([state = state_](const host::EventRecord& event, DISPPARAMS&) {
+    RecordOf(site_).HandleEvents([state = state_](const host::EventRecord& event, DISPPARAMS&) {
         EXPECT_EQ(Narrow(event.Name), "Click");
         ++state->Clicks;
         // Copied: a handler may take the control off the form, and with it what holds the handlers.

@@ -246,7 +246,7 @@ TEST_F(PicCommandInput, ANewOneShowsItsName)
     options.name = L"cmdDependents";
     const HostedButton named(TheForm(), options);
     EXPECT_EQ(named.Site().Get(L"Caption").Text(), L"cmdDependents");
-    EXPECT_TRUE(named.Site().Notifications().empty());
+    EXPECT_TRUE(RecordOf(named.Site()).Notifications().empty());
 
     options.extendedControl = false;
     options.bounds = {20, 60, 140, 88};

@@ -59,7 +59,7 @@ protected:
         Type(LeftRowOf(GetParam()).Typed);
         box.Select(1, 1);
         box.TakeEvents();
-        box.Site().ClearNotifications();
+        RecordOf(box.Site()).ClearNotifications();
         return box;
     }
 
@@ -92,7 +92,7 @@ protected:
     {
         EXPECT_EQ(box.Look(), look);
         EXPECT_EQ(box.TakeEvents(), Texts());
-        EXPECT_EQ(box.Site().Notifications(), Texts());
+        EXPECT_EQ(RecordOf(box.Site()).Notifications(), Texts());
     }
     void ExpectLeft(HostedBox& box) { EXPECT_EQ(box.Text(), LeftRowOf(GetParam()).Left); }
 

@@ -24,7 +24,7 @@ class ControlSite : public HostedTest
 protected:
     host::ControlSite& Add(host::SiteOptions options = Placed())
     {
-        return TheForm().Add(CreateYesNo().Get(), std::move(options));
+        return TheForm().Add(CreateYesNo().Get(), Recorded(std::move(options)));
     }
 
     static ComPtr<IOleClientSite> SiteOf(const host::ControlSite& site)
@@ -43,7 +43,8 @@ protected:
 
     static bool Called(const host::ControlSite& site, std::string_view call)
     {
-        return std::find(site.Calls().begin(), site.Calls().end(), call) != site.Calls().end();
+        return std::find(RecordOf(site).Calls().begin(), RecordOf(site).Calls().end(), call) !=
+               RecordOf(site).Calls().end();
     }
 };
 
@@ -84,13 +85,13 @@ TEST_F(ControlSite, LeavesOutWhatItIsToldTo)
 TEST_F(ControlSite, LetsATestAnswerACall)
 {
     host::SiteOptions options = Placed();
-    options.onCall = [](std::string_view call) -> std::optional<HRESULT> {
+    options.activate = false;
+    host::ControlSite& site = Add(options);
+    RecordOf(site).HandleCalls([](std::string_view call) -> std::optional<HRESULT> {
         if (call == "IOleInPlaceSite::CanInPlaceActivate")
             return S_FALSE;
         return std::nullopt;
-    };
-    options.activate = false;
-    host::ControlSite& site = Add(options);
+    });
     EXPECT_HRESULT_FAILED(site.Activate());
     EXPECT_EQ(site.State(), host::SiteState::Loaded);
     EXPECT_TRUE(Called(site, "IOleInPlaceSite::CanInPlaceActivate"));
@@ -148,25 +149,25 @@ TEST_F(ControlSite, HearsEventsByNameAndAnswersThem)
         options.quickActivate = quick;
         host::ControlSite& site = Add(options);
         ShowForm();
-        site.OnEvent([](const host::EventRecord& event, DISPPARAMS& raised) {
+        RecordOf(site).HandleEvents([](const host::EventRecord& event, DISPPARAMS& raised) {
             EXPECT_EQ(host::Return(event, raised, L"cancel", Variant(true)), event.Name == L"Click");
         });
         site.Focus();
         Key('Y');
-        ASSERT_EQ(site.Events().size(), 1U);
-        EXPECT_EQ(site.Events()[0].Name, L"Click");
-        ASSERT_EQ(site.Events()[0].Arguments.size(), 1U);
-        EXPECT_EQ(site.Events()[0].Arguments[0].Name, L"Cancel");
-        EXPECT_FALSE(site.Events()[0].Arguments[0].Value.Bool());
+        ASSERT_EQ(RecordOf(site).Events().size(), 1U);
+        EXPECT_EQ(RecordOf(site).Events()[0].Name, L"Click");
+        ASSERT_EQ(RecordOf(site).Events()[0].Arguments.size(), 1U);
+        EXPECT_EQ(RecordOf(site).Events()[0].Arguments[0].Name, L"Cancel");
+        EXPECT_FALSE(RecordOf(site).Events()[0].Arguments[0].Value.Bool());
         EXPECT_EQ(site.Get(L"Value").Long(), 0);
-        EXPECT_TRUE(site.Notifications().empty());
+        EXPECT_TRUE(RecordOf(site).Notifications().empty());
 
-        site.OnEvent({});
-        site.ClearEvents();
+        RecordOf(site).HandleEvents({});
+        RecordOf(site).ClearEvents();
         Key('Y');
-        ASSERT_EQ(site.Events().size(), 2U);
-        EXPECT_EQ(site.Events()[1].Name, L"Change");
-        EXPECT_EQ(site.Notifications(), (std::vector<std::wstring>{L"Value", L"Text"}));
+        ASSERT_EQ(RecordOf(site).Events().size(), 2U);
+        EXPECT_EQ(RecordOf(site).Events()[1].Name, L"Change");
+        EXPECT_EQ(RecordOf(site).Notifications(), (std::vector<std::wstring>{L"Value", L"Text"}));
         TheForm().Remove(site);
     }
 }
@@ -178,7 +179,7 @@ TEST_F(ControlSite, MayBeRemovedByItsOwnEvent)
     ShowForm();
     site.Focus();
     bool removed = false;
-    site.OnEvent([&](const host::EventRecord&, DISPPARAMS&) {
+    RecordOf(site).HandleEvents([&](const host::EventRecord&, DISPPARAMS&) {
         TheForm().Remove(site);
         removed = true;
     });
@@ -200,13 +201,13 @@ TEST_F(ControlSite, ClosesOnceAndThenKnowsNothing)
     EXPECT_EQ(site.Activate(), S_FALSE);
     EXPECT_THROW(site.Get(L"Value"), ComError);
     // A control that still holds its site gets errors.
-    const std::size_t calls = site.Calls().size();
+    const std::size_t calls = RecordOf(site).Calls().size();
     EXPECT_EQ(client->ShowObject(), E_UNEXPECTED);
     ComPtr<IOleInPlaceSite> inPlace;
     client.As(&inPlace);
     HWND window = nullptr;
     EXPECT_EQ(inPlace->GetWindow(&window), E_UNEXPECTED);
-    EXPECT_EQ(site.Calls().size(), calls);
+    EXPECT_EQ(RecordOf(site).Calls().size(), calls);
 }
 
 TEST_F(ControlSite, LeavesNothingWithAControlThatLivesOn)
@@ -262,9 +263,9 @@ TEST_F(ControlSite, LogsWhatAControlCannotLoad)
     host::SiteOptions options = Placed();
     options.load = bag.Get();
     host::ControlSite& site = Add(options);
-    ASSERT_EQ(site.ErrorLog().size(), 1U);
-    EXPECT_EQ(site.ErrorLog()[0].Property, L"Value");
-    EXPECT_EQ(site.ErrorLog()[0].Result, DISP_E_TYPEMISMATCH);
+    ASSERT_EQ(RecordOf(site).ErrorLog().size(), 1U);
+    EXPECT_EQ(RecordOf(site).ErrorLog()[0].Property, L"Value");
+    EXPECT_EQ(RecordOf(site).ErrorLog()[0].Result, DISP_E_TYPEMISMATCH);
 }
 
 // A font is an automation object, but nothing of a control.
@@ -276,12 +277,12 @@ TEST_F(ControlSite, BearsWithWhatIsNoControl)
     description.lpstrName = const_cast<LPOLESTR>(L"Tahoma");
     description.cySize.int64 = 80000;
     ASSERT_HRESULT_SUCCEEDED(OleCreateFontIndirect(&description, IID_PPV_ARGS(&font)));
-    host::ControlSite& site = TheForm().Add(font.Get(), Placed());
+    host::ControlSite& site = TheForm().Add(font.Get(), Recorded(Placed()));
     EXPECT_EQ(site.Get(L"Name").Text(), L"Tahoma");
     EXPECT_EQ(site.Window(), nullptr);
     EXPECT_EQ(site.Activate(), S_FALSE);
     EXPECT_FALSE(site.TakesFocus());
-    EXPECT_TRUE(site.Events().empty());
+    EXPECT_TRUE(RecordOf(site).Events().empty());
     AddElsewhere();
     ShowForm();
     EXPECT_EQ(TheForm().FocusedItem(), TheForm().Find(L"elsewhere"));

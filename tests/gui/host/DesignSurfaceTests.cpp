@@ -21,7 +21,7 @@ protected:
         TheForm().AddFrame(frame);
         host::SiteOptions options = Placed({24, 24, 144, 44});
         options.userMode = false;
-        site_ = &TheForm().Add(CreateYesNo().Get(), options);
+        site_ = &TheForm().Add(CreateYesNo().Get(), Recorded(options));
         ShowForm();
     }
 
@@ -69,7 +69,7 @@ TEST_F(DesignSurface, AClickSelectsInsteadOfAnswering)
     PressAt({30, 34});
     Release();
     EXPECT_EQ(TheForm().Selected(), &Site());
-    EXPECT_TRUE(Site().Events().empty());
+    EXPECT_TRUE(RecordOf(Site()).Events().empty());
     EXPECT_EQ(TheForm().FocusedItem(), nullptr);
     EXPECT_EQ(HandlePixels(), 8 * 6 * 6);
 
@@ -98,7 +98,7 @@ TEST_F(DesignSurface, KeysReachNoControl)
     Release();
     Key('Y');
     Key(VK_TAB);
-    EXPECT_TRUE(Site().Events().empty());
+    EXPECT_TRUE(RecordOf(Site()).Events().empty());
     EXPECT_EQ(Site().State(), host::SiteState::InPlaceActive);
 }
 

@@ -15,7 +15,7 @@ namespace kiv::test
 namespace
 {
 
-constexpr const char* onePage = "' A page with one question.\n"
+constexpr const char* OnePage = "' A page with one question.\n"
                                 "Begin Form page\n"
                                 "    Caption = \"Page\"\n"
                                 "    ClientWidth = 3000\n"
@@ -134,7 +134,7 @@ TEST_F(FolioHost, SaysWhatIsNotAsExpected)
         {"click button \"OK\"\n", ":1: there is no button \"OK\" in front of the form\n"},
         {"close database\n", ":1: there is no database to be closed\n"},
     };
-    WriteForm(onePage);
+    WriteForm(OnePage);
     for (const Row& row : rows)
     {
         WriteScript(row.Script);
@@ -166,7 +166,7 @@ TEST_F(FolioHost, RefusesWhatItCannotUse)
         EXPECT_EQ(outcome.ExitCode, 2U) << form;
         EXPECT_NE(outcome.Output.find(FormPath() + mistake), std::string::npos) << outcome.Output;
     }
-    WriteForm(onePage);
+    WriteForm(OnePage);
     WriteScript("dance\n");
     const ProcessOutcome outcome = Play();
     EXPECT_EQ(outcome.ExitCode, 2U);
@@ -183,7 +183,7 @@ TEST_F(FolioHost, RefusesWhatItCannotUse)
         << missing.Output;
 }
 
-constexpr const char* oneList = "Begin Form page\n"
+constexpr const char* OneList = "Begin Form page\n"
                                 "    Caption = \"Page\"\n"
                                 "    ClientWidth = 9000\n"
                                 "    ClientHeight = 9000\n"
@@ -205,7 +205,7 @@ TEST_F(FolioHost, DrivesWhatOpensInFrontOfTheForm)
     const TemporaryFile shot(L".png");
     const std::wstring options =
         L"--database " + Quoted(RequiredVariable(L"KIV_CODES")) + L" --shot " + Quoted(shot.Path());
-    WriteForm(oneList);
+    WriteForm(OneList);
     WriteScript("set elOne.DisplayStyle = 0\n"
                 "click elOne right\n"
                 "expect window \"Counties\"\n"
@@ -245,7 +245,7 @@ TEST_F(FolioHost, SaysWhatIsNotAsExpectedInFrontOfTheForm)
          ":3: there is no button \"x\" in front of the form\n"},
         {"key Space\nexpect window \"Counties\"\n", ":2: a window in front of the form is still open\n"},
     };
-    WriteForm(oneList);
+    WriteForm(OneList);
     for (const auto& [script, mistake] : rows)
     {
         WriteScript(script);
@@ -258,7 +258,7 @@ TEST_F(FolioHost, SaysWhatIsNotAsExpectedInFrontOfTheForm)
 
 TEST_F(FolioHost, ClosesTheDatabaseMeanwhile)
 {
-    WriteForm(oneList);
+    WriteForm(OneList);
     WriteScript("set elOne.EnumCode = \"7\"\n"
                 "expect elOne.EnumText = \"Carroll\"\n"
                 "close database\n"
@@ -277,7 +277,7 @@ TEST_F(FolioHost, ClosesTheDatabaseMeanwhile)
 
 TEST_F(FolioHost, WarnsOfWhatAControlCannotLoad)
 {
-    std::string form(onePage);
+    std::string form(OnePage);
     form.insert(form.find("        Stranger"), "        Value = \"maybe\"\n");
     WriteForm(form);
     WriteScript("");
@@ -288,7 +288,7 @@ TEST_F(FolioHost, WarnsOfWhatAControlCannotLoad)
 
 TEST_F(FolioHost, GivesUpInTime)
 {
-    WriteForm(onePage);
+    WriteForm(OnePage);
     WriteScript("expect event ynOne Click\n");
     const ProcessOutcome outcome = Play(L"--timeout 1");
     EXPECT_EQ(outcome.ExitCode, 1U);
@@ -299,16 +299,16 @@ TEST_F(FolioHost, SavesAsItLoaded)
 {
     const TemporaryFile saved(L".form");
     const std::wstring options = L"--design --save " + Quoted(saved.Path());
-    WriteForm(onePage);
+    WriteForm(OnePage);
     WriteScript("");
     EXPECT_EQ(Play(options).ExitCode, 0U);
-    EXPECT_EQ(Read(saved), onePage);
+    EXPECT_EQ(Read(saved), OnePage);
 }
 
 TEST_F(FolioHost, SavesWhatWasDesigned)
 {
     const TemporaryFile saved(L".form");
-    WriteForm(onePage);
+    WriteForm(OnePage);
     WriteScript("click ynOne\n"
                 "expect selected ynOne\n"
                 "set ynOne.YesText = \"Ja\" & Chr(10)\n"
@@ -371,7 +371,7 @@ TEST_F(FolioHost, KeepsAFontThatIsTheControlsOwn)
                              "            Underline = False\n"
                              "            Strikethrough = False\n"
                              "        EndProperty\n";
-    std::string form(onePage);
+    std::string form(OnePage);
     form.insert(form.find("        Stranger"), font);
     WriteForm(form);
     WriteScript("");

@@ -15,7 +15,9 @@ TEST(MessageBoxWatch, ReadsCaptionTextButtonsAndIcon)
     // Each box is answered as soon as its loop runs.
     const host::MessageBoxWatch* watching = nullptr;
     bool currentWhileOpen = false;
+    std::vector<host::ShownMessageBox> shown;
     host::MessageBoxWatch watch([&](const host::ShownMessageBox& box) {
+        shown.push_back(box);
         currentWhileOpen = watching->Current() && watching->Current()->Window == box.Window;
         const int button = GetDlgItem(box.Window, IDNO)   ? IDNO
                            : GetDlgItem(box.Window, IDOK) ? IDOK
@@ -35,12 +37,12 @@ TEST(MessageBoxWatch, ReadsCaptionTextButtonsAndIcon)
     for (const UINT flags : rows)
     {
         currentWhileOpen = false;
-        const std::size_t before = watch.Shown().size();
+        const std::size_t before = shown.size();
         MessageBoxW(nullptr, L"Two\nlines && more", L"The caption", flags);
-        ASSERT_EQ(watch.Shown().size(), before + 1) << flags;
-        EXPECT_EQ(watch.Shown().back().Flags, flags);
-        EXPECT_EQ(watch.Shown().back().Text, L"Two\nlines && more");
-        EXPECT_EQ(watch.Shown().back().Caption, L"The caption");
+        ASSERT_EQ(shown.size(), before + 1) << flags;
+        EXPECT_EQ(shown.back().Flags, flags);
+        EXPECT_EQ(shown.back().Text, L"Two\nlines && more");
+        EXPECT_EQ(shown.back().Caption, L"The caption");
         EXPECT_TRUE(currentWhileOpen) << flags;
         EXPECT_EQ(watch.Current(), nullptr) << flags;
     }

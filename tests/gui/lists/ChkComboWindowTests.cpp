@@ -131,18 +131,18 @@ TEST_F(ChkComboFocus, IsToldToTheHostOnce)
     HostedCombo combo = AddCombo(OneOfEach());
     ShowForm();
     WaitForTheNextHandOver();
-    combo.Site().ClearCalls();
+    RecordOf(combo.Site()).ClearCalls();
     ClickAt(combo.Middle());
     WaitForTheNextHandOver();
     Settle();
     Key(VK_ESCAPE);
-    EXPECT_EQ(Count(combo.Site().Calls(), "IOleControlSite::OnFocus"), 1);
-    EXPECT_EQ(Count(combo.Site().Calls(), "IOleInPlaceSite::OnUIActivate"), 1);
+    EXPECT_EQ(Count(RecordOf(combo.Site()).Calls(), "IOleControlSite::OnFocus"), 1);
+    EXPECT_EQ(Count(RecordOf(combo.Site()).Calls(), "IOleInPlaceSite::OnUIActivate"), 1);
     ClickAt(combo.Middle());
     Key(VK_ESCAPE);
-    EXPECT_EQ(Count(combo.Site().Calls(), "IOleControlSite::OnFocus"), 1);
+    EXPECT_EQ(Count(RecordOf(combo.Site()).Calls(), "IOleControlSite::OnFocus"), 1);
     Key(VK_TAB);
-    EXPECT_EQ(Count(combo.Site().Calls(), "IOleControlSite::OnFocus"), 2);
+    EXPECT_EQ(Count(RecordOf(combo.Site()).Calls(), "IOleControlSite::OnFocus"), 2);
     EXPECT_FALSE(combo.Site().HasFocus());
 }
 

@@ -23,7 +23,7 @@ struct DatabaseEngine
     }
 };
 
-constexpr DatabaseEngine databaseEngines[] = {
+constexpr DatabaseEngine DatabaseEngines[] = {
     {"Sqlite", L"KIV_CODES", L"KIV_WRONG_COLUMNS", nullptr},
     {"PostgreSql", L"KIV_POSTGRESQL", L"KIV_POSTGRESQL_WRONG_COLUMNS", L"KIV_NO_POSTGRESQL"},
 };

@@ -91,34 +91,34 @@ std::wstring ListOf(const std::wstring& state, const std::wstring& table, const 
            table + L"' ORDER BY " + order;
 }
 
-const std::wstring byCode = L"RIGHT('0000000000' & [Enum Code], 10)";
-const std::wstring byText = L"[Enum Text]";
+const std::wstring ByCode = L"RIGHT('0000000000' & [Enum Code], 10)";
+const std::wstring ByText = L"[Enum Text]";
 
 using Texts = std::vector<std::wstring>;
 
 TEST_P(DatabaseTest, OrdersCodesByTheirLastTenDigits)
 {
-    EXPECT_EQ(Column(ListOf(L"T1", L"Lengths", byCode), L"Enum Code"),
+    EXPECT_EQ(Column(ListOf(L"T1", L"Lengths", ByCode), L"Enum Code"),
               (Texts{L"", L"90000000005", L"7", L"10000000008", L"10", L"100"}));
 }
 
 TEST_P(DatabaseTest, OrdersByDescription)
 {
-    EXPECT_EQ(Column(ListOf(L"T1", L"Lengths", byText), L"Enum Text"),
+    EXPECT_EQ(Column(ListOf(L"T1", L"Lengths", ByText), L"Enum Text"),
               (Texts{L"A hundred", L"Eight, of eleven digits", L"Five, of eleven digits", L"Nothing",
                      L"Seven", L"Ten"}));
 }
 
 TEST_P(DatabaseTest, GivesTextsAsTheyAre)
 {
-    const std::wstring letters = ListOf(L"T1", L"Letters", byText + L" DESC");
+    const std::wstring letters = ListOf(L"T1", L"Letters", ByText + L" DESC");
     EXPECT_EQ(Column(letters, L"Enum Text"),
               (Texts{L"\u0395\u03BB\u03BB\u03AC\u03B4\u03B1, \u0423\u043A\u0440\u0430\u0457\u043D\u0430, "
                      L"\u65E5\u672C, \U0001F0A1",
                      L"RIGHT('x', 1); -- \"?\" \\n {d}"}));
     EXPECT_EQ(Column(letters, L"Enum Code"), (Texts{L"\u00E9", L"[a] & b"}));
-    EXPECT_EQ(Column(ListOf(L"T1", L"Lines", byCode), L"Enum Text"), Texts{L"One\r\n\r\nthree\r\n"});
-    EXPECT_EQ(Column(ListOf(L"T1", L"Null", byCode), L"Enum Text"), (Texts{L"Null", L"Not Null"}));
+    EXPECT_EQ(Column(ListOf(L"T1", L"Lines", ByCode), L"Enum Text"), Texts{L"One\r\n\r\nthree\r\n"});
+    EXPECT_EQ(Column(ListOf(L"T1", L"Null", ByCode), L"Enum Text"), (Texts{L"Null", L"Not Null"}));
 }
 
 TEST_P(DatabaseTest, FindsTextsThatAreSpecialElsewhere)
@@ -135,7 +135,7 @@ TEST_P(DatabaseTest, FindsTextsThatAreSpecialElsewhere)
 
 TEST_P(DatabaseTest, GivesAMillionCharacters)
 {
-    const Texts read = Column(ListOf(L"T1", L"Long", byCode), L"Enum Text");
+    const Texts read = Column(ListOf(L"T1", L"Long", ByCode), L"Enum Text");
     ASSERT_EQ(read.size(), 1U);
     ASSERT_EQ(read.front().size(), 1U << 20);
     for (std::size_t at = 0; at < read.front().size(); ++at)
@@ -144,7 +144,7 @@ TEST_P(DatabaseTest, GivesAMillionCharacters)
 
 TEST_P(DatabaseTest, GivesTenThousandRows)
 {
-    const Texts codes = Column(ListOf(L"US", L"Business Activity", byCode), L"Enum Code");
+    const Texts codes = Column(ListOf(L"US", L"Business Activity", ByCode), L"Enum Code");
     ASSERT_EQ(codes.size(), 10000U);
     EXPECT_EQ(codes.front(), L"110101");
     EXPECT_EQ(codes.back(), L"722520");
@@ -153,7 +153,7 @@ TEST_P(DatabaseTest, GivesTenThousandRows)
 
 TEST_P(DatabaseTest, TellsFieldsByNameAndNumber)
 {
-    const Variant recordset = Open(ListOf(L"MD", L"County", byCode));
+    const Variant recordset = Open(ListOf(L"MD", L"County", ByCode));
     EXPECT_EQ(FieldValue(recordset, Variant(L"enum TEXT")).Text(), L"Allegany");
     EXPECT_EQ(FieldValue(recordset, Variant(2L)).Text(), L"1");
     EXPECT_EQ(FieldValue(recordset, Variant(0L)).Text(), L"MD") << "an earlier one, read later";
@@ -169,7 +169,7 @@ TEST_P(DatabaseTest, TellsFieldsByNameAndNumber)
 
 TEST_P(DatabaseTest, EndsBehindTheLastRow)
 {
-    const Variant none = Open(ListOf(L"MD", L"Nothing", byCode));
+    const Variant none = Open(ListOf(L"MD", L"Nothing", ByCode));
     EXPECT_TRUE(GetProperty(ObjectOf(none), L"EOF").Bool());
     EXPECT_EQ(ErrorOf([&] { FieldValue(none, Variant(L"Enum Code")); }), host::NoCurrentRecord);
     EXPECT_EQ(ErrorOf([&] { CallMethod(ObjectOf(none), L"MoveNext", {}); }), host::NoCurrentRecord);
@@ -186,11 +186,11 @@ TEST_P(DatabaseTest, TakesASelectOnly)
          {L"SELECT * FROM [No Tables]", L"SELECT [No Column] FROM [Enum Tables]", L"SELECT FROM WHERE"})
         EXPECT_EQ(OpenError(query), host::OdbcCallFailed) << query;
     EXPECT_EQ(ErrorOf([&] {
-                  CallMethod(TheDatabase(), L"OpenRecordset", {Variant(byText), Variant(2L)});
+                  CallMethod(TheDatabase(), L"OpenRecordset", {Variant(ByText), Variant(2L)});
               }),
               host::InvalidDataArgument);
     // After all that it still answers.
-    EXPECT_EQ(Column(ListOf(L"MD", L"County", byCode), L"Enum Code").size(), 27U);
+    EXPECT_EQ(Column(ListOf(L"MD", L"County", ByCode), L"Enum Code").size(), 27U);
 }
 
 TEST_P(DatabaseTest, SaysWhatFailed)
@@ -218,10 +218,10 @@ TEST_P(DatabaseTest, SaysWhatFailed)
 
 TEST_P(DatabaseTest, FailsOnceItIsClosed)
 {
-    const Variant recordset = Open(ListOf(L"MD", L"County", byCode));
+    const Variant recordset = Open(ListOf(L"MD", L"County", ByCode));
     const Variant field = CallMethod(ObjectOf(recordset), L"Fields", {Variant(L"Enum Code")});
     CallMethod(TheDatabase(), L"Close", {});
-    EXPECT_EQ(OpenError(ListOf(L"MD", L"County", byCode)), host::DataObjectClosed);
+    EXPECT_EQ(OpenError(ListOf(L"MD", L"County", ByCode)), host::DataObjectClosed);
     EXPECT_EQ(ErrorOf([&] { GetProperty(ObjectOf(recordset), L"EOF"); }), host::DataObjectClosed);
     EXPECT_EQ(ErrorOf([&] { CallMethod(ObjectOf(recordset), L"MoveNext", {}); }), host::DataObjectClosed);
     EXPECT_EQ(ErrorOf([&] { GetProperty(ObjectOf(field), L"Value"); }), host::DataObjectClosed);
@@ -232,7 +232,7 @@ TEST_P(DatabaseTest, FailsOnceItIsClosed)
 
 TEST_P(DatabaseTest, FieldsOutliveWhatTheyCameFrom)
 {
-    Variant recordset = Open(ListOf(L"MD", L"County", byCode));
+    Variant recordset = Open(ListOf(L"MD", L"County", ByCode));
     const Variant field = CallMethod(ObjectOf(recordset), L"Fields", {Variant(L"Enum Code")});
     recordset = Variant();
     ReleaseDatabase();
@@ -245,7 +245,7 @@ TEST_P(DatabaseTest, TakesArgumentsThatAreLeftOut)
     V_VT(&omitted) = VT_ERROR;
     V_ERROR(&omitted) = DISP_E_PARAMNOTFOUND;
     const Variant missing(omitted);
-    const Variant query(ListOf(L"MD", L"County", byCode).c_str());
+    const Variant query(ListOf(L"MD", L"County", ByCode).c_str());
     const std::vector<Variant> calls[] = {
         {query}, {query, missing}, {query, Variant(8L), missing, missing}, {query, Variant(short{8})}};
     for (const std::vector<Variant>& arguments : calls)
@@ -263,7 +263,7 @@ TEST_P(DatabaseTest, KnowsNothingElse)
               DISP_E_MEMBERNOTFOUND);
 }
 
-INSTANTIATE_TEST_SUITE_P(Over, DatabaseTest, testing::ValuesIn(databaseEngines), EngineName);
+INSTANTIATE_TEST_SUITE_P(Over, DatabaseTest, testing::ValuesIn(DatabaseEngines), EngineName);
 
 // The engines' own ways to be asked to write in a SELECT.
 TEST(SqliteDatabaseTest, CannotBeWrittenTo)
@@ -278,7 +278,7 @@ TEST(SqliteDatabaseTest, CannotBeWrittenTo)
 
 TEST(PostgreSqlDatabaseTest, CannotBeWrittenTo)
 {
-    const DatabaseEngine& engine = databaseEngines[1];
+    const DatabaseEngine& engine = DatabaseEngines[1];
     if (const std::string reason = WhyMissing(engine); !reason.empty())
         GTEST_SKIP() << reason;
     const ComPtr<host::Database> database = OpenCodes(engine.Codes);

@@ -14,10 +14,10 @@ namespace
 
 using Microsoft::WRL::ComPtr;
 
-constexpr long byCode = 0;
-constexpr long byDescription = 1;
-constexpr int messageTextId = 0xFFFF; // of the text in a message box
-constexpr const wchar_t* unread = L"Could not read enum table from database.";
+constexpr long ByCode = 0;
+constexpr long ByDescription = 1;
+constexpr int MessageTextId = 0xFFFF; // of the text in a message box
+constexpr const wchar_t* Unread = L"Could not read enum table from database.";
 
 class EnumListDatabaseTest : public ListsTest, public testing::WithParamInterface<DatabaseEngine>
 {
@@ -31,7 +31,7 @@ protected:
     }
 
     // On a form that is shown, with the focus.
-    host::ControlSite& ShownCodes(const wchar_t* state, const wchar_t* table, long style = byCode)
+    host::ControlSite& ShownCodes(const wchar_t* state, const wchar_t* table, long style = ByCode)
     {
         host::ControlSite& list = ShownList();
         list.Put(L"Database", Variant(codes_.Get()));
@@ -51,7 +51,7 @@ protected:
         const auto& shown = boxes.Stop();
         EXPECT_EQ(CodeOf(list), code);
         for (const ShownMessageBox& box : shown)
-            EXPECT_EQ(box.Text, unread);
+            EXPECT_EQ(box.Text, Unread);
         if (complained)
             *complained = !shown.empty();
         else
@@ -93,7 +93,7 @@ TEST_P(EnumListDatabaseTest, SortsByCodeAndByDescription)
 
 TEST_P(EnumListDatabaseTest, ShowsTheDescriptionOfACode)
 {
-    host::ControlSite& counties = ShownCodes(L"MD", L"County", byDescription);
+    host::ControlSite& counties = ShownCodes(L"MD", L"County", ByDescription);
     EXPECT_EQ(TextOf(counties, L"17"), L"Prince George's");
     EXPECT_EQ(TextOf(counties, L"017"), L"") << "sent as it is";
     EXPECT_EQ(TextOf(counties, L"17 "), L"");
@@ -136,7 +136,7 @@ TEST_P(EnumListDatabaseTest, ACodeWithAQuoteIsKeptButNotFound)
     });
     EXPECT_EQ(CodeOf(methods), L"ACRS'84");
     MessageBoxWatcher boxes;
-    methods.Put(L"DisplayStyle", Variant(byDescription));
+    methods.Put(L"DisplayStyle", Variant(ByDescription));
     EXPECT_EQ(boxes.Stop().size(), 1U);
     EXPECT_EQ(methods.Get(L"EnumText").Text(), L"");
     bool complained = false;
@@ -149,13 +149,13 @@ TEST_P(EnumListDatabaseTest, ACodeWithAQuoteIsKeptButNotFound)
 
 TEST_P(EnumListDatabaseTest, ShowsAnyLetters)
 {
-    host::ControlSite& towns = ShownCodes(L"PR", L"Municipality", byDescription);
+    host::ControlSite& towns = ShownCodes(L"PR", L"Municipality", ByDescription);
     EXPECT_EQ(TextOf(towns, L"6"), L"A\u00F1asco");
-    towns.Put(L"DisplayStyle", Variant(byCode));
+    towns.Put(L"DisplayStyle", Variant(ByCode));
     EXPECT_EQ(ItemsOf()[2], L"6\tA\u00F1asco");
     towns.Put(L"StateCode", Variant(L"T1"));
     towns.Put(L"TableName", Variant(L"Letters"));
-    towns.Put(L"DisplayStyle", Variant(byDescription));
+    towns.Put(L"DisplayStyle", Variant(ByDescription));
     EXPECT_EQ(TextOf(towns, L"\u00E9"),
               L"\u0395\u03BB\u03BB\u03AC\u03B4\u03B1, \u0423\u043A\u0440\u0430\u0457\u043D\u0430, "
               L"\u65E5\u672C, \U0001F0A1");
@@ -164,7 +164,7 @@ TEST_P(EnumListDatabaseTest, ShowsAnyLetters)
 
 TEST_P(EnumListDatabaseTest, ComplainsOfADatabaseThatWasClosed)
 {
-    host::ControlSite& counties = ShownCodes(L"MD", L"County", byDescription);
+    host::ControlSite& counties = ShownCodes(L"MD", L"County", ByDescription);
     EXPECT_EQ(TextOf(counties, L"7"), L"Carroll");
     CloseDatabase();
     bool complained = false;
@@ -175,7 +175,7 @@ TEST_P(EnumListDatabaseTest, ComplainsOfADatabaseThatWasClosed)
     EXPECT_EQ(ItemsOf(), Texts());
     const auto& shown = boxes.Stop();
     ASSERT_EQ(shown.size(), 1U);
-    EXPECT_EQ(shown.front().Text, unread);
+    EXPECT_EQ(shown.front().Text, Unread);
     EXPECT_EQ(CodeOf(counties), L"9");
 }
 
@@ -183,7 +183,7 @@ TEST_P(EnumListDatabaseTest, ComplainsOfADatabaseThatWasClosed)
 HWND BoxOver(const Picker& picker)
 {
     const HWND box = GetForegroundWindow();
-    return box != picker.Window() && GetDlgItem(box, messageTextId) ? box : nullptr;
+    return box != picker.Window() && GetDlgItem(box, MessageTextId) ? box : nullptr;
 }
 
 TEST_P(EnumListDatabaseTest, KeepsTheListWhenTheDatabaseIsClosedUnderIt)
@@ -195,7 +195,7 @@ TEST_P(EnumListDatabaseTest, KeepsTheListWhenTheDatabaseIsClosedUnderIt)
         TheForm().Invoke([this] { CloseDatabase(); });
         TapKey('D', {VK_MENU});
         ASSERT_TRUE(picker.WaitUntil([&] { return BoxOver(picker) != nullptr; }));
-        EXPECT_EQ(WindowText(GetDlgItem(BoxOver(picker), messageTextId)), unread);
+        EXPECT_EQ(WindowText(GetDlgItem(BoxOver(picker), MessageTextId)), Unread);
         TapKey(VK_RETURN);
         ASSERT_TRUE(picker.WaitUntil(
             [&] { return GetForegroundWindow() == picker.Window() && IsWindowEnabled(picker.Window()); }));
@@ -210,7 +210,7 @@ TEST_P(EnumListDatabaseTest, KeepsTheListWhenTheDatabaseIsClosedUnderIt)
 TEST_P(EnumListDatabaseTest, ComplainsOfWrongColumns)
 {
     const ComPtr<host::Database> other = OpenCodes(GetParam().WrongColumns);
-    host::ControlSite& counties = ShownCodes(L"MD", L"County", byDescription);
+    host::ControlSite& counties = ShownCodes(L"MD", L"County", ByDescription);
     counties.Put(L"Database", Variant(other.Get()));
     // The query is answered; what is wrong with the answer is an error to the host.
     HRESULT raised = S_OK;
@@ -229,22 +229,22 @@ TEST_P(EnumListDatabaseTest, ComplainsOfWrongColumns)
     EXPECT_EQ(ItemsOf(), Texts{L"(none)\t"});
     const auto& shown = boxes.Stop();
     ASSERT_EQ(shown.size(), 1U);
-    EXPECT_EQ(shown.front().Text, unread);
+    EXPECT_EQ(shown.front().Text, Unread);
 }
 
 TEST_P(EnumListDatabaseTest, NullIsAnEmptyDescription)
 {
-    host::ControlSite& list = ShownCodes(L"T1", L"Null", byDescription);
+    host::ControlSite& list = ShownCodes(L"T1", L"Null", ByDescription);
     EXPECT_EQ(TextOf(list, L"1"), L"");
     EXPECT_EQ(TextOf(list, L"2"), L"Not Null");
-    list.Put(L"DisplayStyle", Variant(byCode));
+    list.Put(L"DisplayStyle", Variant(ByCode));
     EXPECT_EQ(ItemsOf(), (Texts{L"(none)\t", L"1\t", L"2\tNot Null"}));
 }
 
 TEST_P(EnumListDatabaseTest, ShowsAMillionCharacters)
 {
     constexpr std::size_t million = 1U << 20;
-    host::ControlSite& list = ShownCodes(L"T1", L"Long", byDescription);
+    host::ControlSite& list = ShownCodes(L"T1", L"Long", ByDescription);
     EXPECT_EQ(TextOf(list, L"1").size(), million);
     Pick([&](Picker& picker) {
         EXPECT_EQ(SendMessageW(picker.List(), LB_GETCOUNT, 0, 0), 2);
@@ -284,13 +284,13 @@ TEST_P(EnumListDatabaseTest, ListsTenThousandRows)
 
 TEST_P(EnumListDatabaseTest, AQuoteInTheStateIsNoQuery)
 {
-    host::ControlSite& list = ShownCodes(L"T'1", L"Quoted", byDescription);
+    host::ControlSite& list = ShownCodes(L"T'1", L"Quoted", ByDescription);
     bool complained = false;
     EXPECT_EQ(TextOf(list, L"1", &complained), L"");
     EXPECT_TRUE(complained);
 }
 
-INSTANTIATE_TEST_SUITE_P(Over, EnumListDatabaseTest, testing::ValuesIn(databaseEngines), EngineName);
+INSTANTIATE_TEST_SUITE_P(Over, EnumListDatabaseTest, testing::ValuesIn(DatabaseEngines), EngineName);
 
 } // namespace
 

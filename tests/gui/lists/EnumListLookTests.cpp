@@ -16,12 +16,12 @@ namespace kiv::test
 namespace
 {
 
-constexpr long byDescription = 1;
-constexpr DWORD longerThanATipTakes = 1500;
-constexpr int edge = 2; // the border, at either side
+constexpr long ByDescription = 1;
+constexpr DWORD LongerThanATipTakes = 1500;
+constexpr int Edge = 2; // the border, at either side
 // Polish and Greek: what comes nearest to it in the code page of Western Europe has other letters.
-constexpr const wchar_t* foreign = L"\u0141\u00F3d\u017A \u03A9";
-constexpr const wchar_t* bestFit = L"L\u00F3dz O";
+constexpr const wchar_t* Foreign = L"\u0141\u00F3d\u017A \u03A9";
+constexpr const wchar_t* BestFit = L"L\u00F3dz O";
 
 class EnumListLookTest : public ListsTest
 {
@@ -41,7 +41,7 @@ protected:
     host::ControlSite& ShownText(const std::wstring& text)
     {
         Database().Rows({{L"MA", L"Single", Variant(L"1"), Variant(text)}});
-        host::ControlSite& list = AddList(byDescription, L"1");
+        host::ControlSite& list = AddList(ByDescription, L"1");
         const host::Button& elsewhere = AddElsewhere();
         ShowForm();
         SetFocus(elsewhere.Window());
@@ -65,7 +65,7 @@ protected:
     // So many pixels for the label, which takes what the button leaves.
     void GiveRoom(host::ControlSite& list, int pixels)
     {
-        list.Move({20, 20, 20 + pixels + ButtonWidth(list) + 2 * edge, 45});
+        list.Move({20, 20, 20 + pixels + ButtonWidth(list) + 2 * Edge, 45});
         TheForm().PumpPending();
     }
     // What is beside the button.
@@ -119,7 +119,7 @@ protected:
     void ExpectNoTip(const host::ControlSite& list)
     {
         PointAtLabelOf(list);
-        EXPECT_FALSE(TheForm().PumpUntil([] { return !ToolTips().empty(); }, longerThanATipTakes));
+        EXPECT_FALSE(TheForm().PumpUntil([] { return !ToolTips().empty(); }, LongerThanATipTakes));
     }
 };
 
@@ -171,15 +171,15 @@ TEST_F(EnumListLookTest, ItIsDrawnElsewhereAsOnTheScreen)
         list.Put(L"Enabled", Variant(enabled));
         TheForm().PumpPending();
         const Pixels shown = PixelsOfWindow(list.Window());
-        const Canvas canvas({shown.Size().cx + 2 * edge, shown.Size().cy + 2 * edge});
+        const Canvas canvas({shown.Size().cx + 2 * Edge, shown.Size().cy + 2 * Edge});
         EXPECT_HRESULT_SUCCEEDED(
-            list.Draw(canvas.Dc(), {0, 0, shown.Size().cx + 2 * edge, shown.Size().cy + 2 * edge}));
+            list.Draw(canvas.Dc(), {0, 0, shown.Size().cx + 2 * Edge, shown.Size().cy + 2 * Edge}));
         const Pixels whole = canvas.Content();
         Pixels inside(shown.Size());
         for (int y = 0; y < inside.Size().cy; ++y)
         {
             for (int x = 0; x < inside.Size().cx; ++x)
-                inside.Set(x, y, whole.At(x + edge, y + edge));
+                inside.Set(x, y, whole.At(x + Edge, y + Edge));
         }
         EXPECT_EQ(Difference(Shown(list), LabelOf(inside, list)), "");
         EXPECT_EQ(Shown(list).Count(GetSysColor(COLOR_BTNTEXT)) == 0, !enabled);
@@ -188,20 +188,20 @@ TEST_F(EnumListLookTest, ItIsDrawnElsewhereAsOnTheScreen)
 
 TEST_F(EnumListLookTest, ShowsLettersThatTheCodePageLacks)
 {
-    host::ControlSite& list = ShownText(foreign);
-    EXPECT_EQ(list.Get(L"EnumText").Text(), foreign);
-    EXPECT_EQ(Difference(Expected(list, foreign), Shown(list)), "");
-    EXPECT_NE(Difference(Expected(list, bestFit), Shown(list)), "");
+    host::ControlSite& list = ShownText(Foreign);
+    EXPECT_EQ(list.Get(L"EnumText").Text(), Foreign);
+    EXPECT_EQ(Difference(Expected(list, Foreign), Shown(list)), "");
+    EXPECT_NE(Difference(Expected(list, BestFit), Shown(list)), "");
     // As a code, which is its own description.
     list.Put(L"DisplayStyle", Variant(0L));
-    list.Put(L"EnumCode", Variant(foreign));
-    EXPECT_EQ(list.Get(L"EnumText").Text(), foreign);
-    EXPECT_EQ(Difference(Expected(list, foreign), Shown(list)), "");
+    list.Put(L"EnumCode", Variant(Foreign));
+    EXPECT_EQ(list.Get(L"EnumText").Text(), Foreign);
+    EXPECT_EQ(Difference(Expected(list, Foreign), Shown(list)), "");
 }
 
 TEST_F(EnumListLookTest, ATipTellsAllLinesOfADescription)
 {
-    const std::wstring text = std::wstring(L"First & foremost ") + foreign + L"\r\nsecond line\r\nthird line";
+    const std::wstring text = std::wstring(L"First & foremost ") + Foreign + L"\r\nsecond line\r\nthird line";
     host::ControlSite& list = ShownText(text);
     EXPECT_TRUE(ToolTips().empty());
     const HWND focus = GetFocus();

@@ -1,5 +1,6 @@
 #include "tests/gui/lists/HostedCombo.h"
 
+#include "tests/gui/SiteRecorder.h"
 #include "tests/support/Library.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +21,7 @@ std::wstring Received(Bstr text)
 } // namespace
 
 HostedCombo::HostedCombo(host::Form& form, host::SiteOptions options) :
-    site_(form.Add(Library::UnderTest().Create(CLSID_ChkCombo).Get(), std::move(options))),
+    site_(form.Add(Library::UnderTest().Create(CLSID_ChkCombo).Get(), Recorded(std::move(options)))),
     control_(site_.Query<_ChkCombo>())
 {
     LONG combo = 0;
@@ -29,7 +30,7 @@ HostedCombo::HostedCombo(host::Form& form, host::SiteOptions options) :
     window_ = GetParent(combo_);
     scrollBar_ = FindWindowExW(window_, nullptr, L"ScrollBar", nullptr);
     state_->Control = control_.Get();
-    site_.OnEvent([state = state_](const host::EventRecord& event, DISPPARAMS& raised) {
+    RecordOf(site_).HandleEvents([state = state_](const host::EventRecord& event, DISPPARAMS& raised) {
         Heard(*state, event, raised);
     });
 }

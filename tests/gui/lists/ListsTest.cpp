@@ -11,15 +11,15 @@ host::ControlSite& ListsTest::AddList(long style, const wchar_t* code, const wch
                                       host::SiteOptions site)
 {
     host::ControlSite& list =
-        TheForm().Add(Library::UnderTest().Create(CLSID_EnumList).Get(), std::move(site));
+        TheForm().Add(Library::UnderTest().Create(CLSID_EnumList).Get(), Recorded(std::move(site)));
     list.Put(L"Database", Variant(database_.Get()));
     list.Put(L"StateCode", Variant(L"MA"));
     list.Put(L"TableName", Variant(table));
     list.Put(L"EnumListTitle", Variant(L"Fruit"));
     list.Put(L"DisplayStyle", Variant(style));
     list.Put(L"EnumCode", Variant(code));
-    list.ClearNotifications();
-    list.ClearEvents();
+    RecordOf(list).ClearNotifications();
+    RecordOf(list).ClearEvents();
     return list;
 }
 
@@ -63,9 +63,9 @@ void ListsTest::Pick(const std::function<void(Picker&)>& user)
 std::vector<std::wstring> ListsTest::TakeEvents(host::ControlSite& list)
 {
     std::vector<std::wstring> names;
-    for (const host::EventRecord& event : list.Events())
+    for (const host::EventRecord& event : RecordOf(list).Events())
         names.push_back(event.Name);
-    list.ClearEvents();
+    RecordOf(list).ClearEvents();
     return names;
 }
 

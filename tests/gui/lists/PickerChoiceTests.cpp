@@ -31,7 +31,7 @@ TEST_F(PickerChoiceTest, EnterTakesTheSelectedCode)
     });
     EXPECT_EQ(CodeOf(list), L"7");
     EXPECT_EQ(TakeEvents(list), (Texts{L"SelectionChanged"}));
-    EXPECT_EQ(list.Notifications(), (Texts{L"EnumCode", L"BoundEnumCode"}));
+    EXPECT_EQ(RecordOf(list).Notifications(), (Texts{L"EnumCode", L"BoundEnumCode"}));
     EXPECT_EQ(Database().StillOpen(), 0);
 }
 
@@ -54,7 +54,7 @@ TEST_F(PickerChoiceTest, EveryWayOfLeavingItWithoutAChoiceKeepsTheCode)
         });
         EXPECT_EQ(CodeOf(list), L"10");
         EXPECT_EQ(TakeEvents(list), Texts());
-        EXPECT_EQ(list.Notifications(), Texts());
+        EXPECT_EQ(RecordOf(list).Notifications(), Texts());
     }
 }
 
@@ -80,7 +80,7 @@ TEST_F(PickerChoiceTest, TheSameCodeAgainIsNoChange)
     });
     EXPECT_EQ(CodeOf(list), L"10");
     EXPECT_EQ(TakeEvents(list), Texts());
-    EXPECT_EQ(list.Notifications(), Texts());
+    EXPECT_EQ(RecordOf(list).Notifications(), Texts());
 }
 
 TEST_F(PickerChoiceTest, NoneIsTheEmptyCode)

@@ -146,7 +146,7 @@ TEST_F(PickerFormTest, APresetCodeIsSelectedAndScrolledToTheTop)
 TEST_F(PickerFormTest, ItsOwnerIsDisabledMeanwhile)
 {
     host::ControlSite& list = ShownList();
-    list.ClearCalls();
+    RecordOf(list).ClearCalls();
     Pick([&](Picker& picker) {
         EXPECT_EQ(GetWindow(picker.Window(), GW_OWNER), TheForm().Window());
         EXPECT_FALSE(IsWindowEnabled(TheForm().Window()));

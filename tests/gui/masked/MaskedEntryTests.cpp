@@ -58,7 +58,7 @@ TEST_F(MaskedEntryTest, NumbersAreAssignedAsTheRowsSay)
             box.Site().Put(L"MaxLength", Variant(static_cast<short>(row.MaxLength)));
             const std::wstring before = box.Text();
             box.TakeEvents();
-            box.Site().ClearNotifications();
+            RecordOf(box.Site()).ClearNotifications();
             const auto assign = [&] { box.Site().Put(property, Variant(row.Assigned)); };
             if (row.Refused)
                 EXPECT_THROW(assign(), ComError);
@@ -68,7 +68,7 @@ TEST_F(MaskedEntryTest, NumbersAreAssignedAsTheRowsSay)
             EXPECT_EQ(box.Text(), after);
             EXPECT_EQ(box.TakeEvents(), after == before ? Texts() : Texts{L"Change " + after});
             const std::size_t told = row.Refused ? 0 : after == before ? 1 : 2;
-            EXPECT_EQ(box.Site().Notifications(), Texts(told, L"Value"));
+            EXPECT_EQ(RecordOf(box.Site()).Notifications(), Texts(told, L"Value"));
         }
     }
 }

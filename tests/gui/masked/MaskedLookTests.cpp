@@ -51,7 +51,7 @@ protected:
     }
     static bool Called(const HostedBox& box, const char* call)
     {
-        return std::ranges::count(box.Site().Calls(), call) != 0;
+        return std::ranges::count(RecordOf(box.Site()).Calls(), call) != 0;
     }
 };
 
@@ -89,10 +89,10 @@ TEST_F(MaskedLookTest, GivesItsFontToEveryTextBox)
     {
         FontFacts facts;
         facts.Weight = 700;
-        box->Site().ClearNotifications();
+        RecordOf(box->Site()).ClearNotifications();
         const ComPtr<IFontDisp> font = MakeFont(facts);
         box->Site().Put(L"Font", Variant(static_cast<IDispatch*>(font.Get())));
-        EXPECT_EQ(box->Site().Notifications(), Texts{L"Font"});
+        EXPECT_EQ(RecordOf(box->Site()).Notifications(), Texts{L"Font"});
         HFONT handle = nullptr;
         EXPECT_HRESULT_SUCCEEDED(FontOf(*box)->get_hFont(&handle));
         for (const HWND edit : box->Edits())
@@ -104,9 +104,9 @@ TEST_F(MaskedLookTest, GivesItsFontToEveryTextBox)
             EXPECT_EQ(std::wstring(used.lfFaceName), L"Tahoma");
         }
         // The font object itself tells of a change.
-        box->Site().ClearNotifications();
+        RecordOf(box->Site()).ClearNotifications();
         EXPECT_HRESULT_SUCCEEDED(FontOf(*box)->put_Italic(TRUE));
-        EXPECT_EQ(box->Site().Notifications(), Texts{L"Font"});
+        EXPECT_EQ(RecordOf(box->Site()).Notifications(), Texts{L"Font"});
         for (const HWND edit : box->Edits())
         {
             LOGFONTW used = {};
@@ -125,7 +125,7 @@ TEST_F(MaskedLookTest, GrowsWithItsFont)
     for (HostedBox* box : {&number, &date})
     {
         const LONG before = HeightOf(box->Site().Window());
-        box->Site().ClearCalls();
+        RecordOf(box->Site()).ClearCalls();
         EXPECT_HRESULT_SUCCEEDED(FontOf(*box)->put_Size({{300000, 0}}));
         const LONG after = HeightOf(box->Site().Window());
         EXPECT_GT(after, before);
@@ -148,8 +148,8 @@ TEST_F(MaskedLookTest, LivesWithAContainerThatInsistsOnItsSize)
     {
         host::ControlSite* site = nullptr;
         int asked = 0;
-        host::SiteOptions options = Placed();
-        options.onCall = [&](std::string_view call) -> std::optional<HRESULT> {
+        HostedBox box = isNumber ? AddNumberBox(Placed()) : AddDateBox(Placed());
+        RecordOf(box.Site()).HandleCalls([&](std::string_view call) -> std::optional<HRESULT> {
             if (call != "IOleInPlaceSite::OnPosRectChange" || !site)
                 return std::nullopt;
             ++asked;
@@ -157,8 +157,7 @@ TEST_F(MaskedLookTest, LivesWithAContainerThatInsistsOnItsSize)
             const RECT place = Placed().bounds;
             object->SetObjectRects(&place, &place);
             return S_OK;
-        };
-        HostedBox box = isNumber ? AddNumberBox(options) : AddDateBox(options);
+        });
         ShowForm();
         site = &box.Site();
         EXPECT_HRESULT_SUCCEEDED(FontOf(box)->put_Size({{300000, 0}}));

@@ -134,10 +134,10 @@ TEST_F(MaskedStyleTest, SameStyleAgainDiscardsTheEntry)
 {
     HostedBox box = ShownNumberBox();
     box.Show({L"123-45-6789", 0, 0});
-    box.Site().ClearNotifications();
+    RecordOf(box.Site()).ClearNotifications();
     box.SetStyle(SSN);
     EXPECT_EQ(box.TakeEvents(), Texts{L"Change ___-__-____"});
-    EXPECT_EQ(box.Site().Notifications(), (Texts{L"Style", L"Value"}));
+    EXPECT_EQ(RecordOf(box.Site()).Notifications(), (Texts{L"Style", L"Value"}));
 }
 
 // A number that is no style is kept, with the mask and the text box of the last one.
@@ -163,9 +163,9 @@ TEST_F(MaskedStyleTest, DateStyleLeavesTheTextAlone)
     const short lengths[] = {5, 8, 10, 5, 2, 4, 7, 8};
     for (long style = 0; style < 8; ++style)
     {
-        box.Site().ClearNotifications();
+        RecordOf(box.Site()).ClearNotifications();
         box.SetStyle(style);
-        EXPECT_EQ(box.Site().Notifications(), Texts{L"Style"});
+        EXPECT_EQ(RecordOf(box.Site()).Notifications(), Texts{L"Style"});
         EXPECT_EQ(box.Text(), L"01/05/01");
         EXPECT_EQ(SendMessageW(box.Edit(), EM_GETLIMITTEXT, 0, 0), lengths[style]) << style;
         EXPECT_EQ(box.Edit(), edit);
@@ -181,7 +181,7 @@ TEST_F(MaskedStyleTest, SwitchesTenThousandTimes)
     const LONG_PTR hook = ProcedureOf(box.Edit());
     const ComPtr<_NumberBox> control = box.Site().Query<_NumberBox>();
     // What a host does with the news is its own.
-    box.Site().OnEvent(nullptr);
+    RecordOf(box.Site()).HandleEvents(nullptr);
     std::vector<ULONGLONG> milliseconds;
     for (int part = 0; part < 10; ++part)
     {

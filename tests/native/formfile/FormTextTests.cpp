@@ -10,7 +10,7 @@ namespace kiv::host
 namespace
 {
 
-constexpr const char* sample = "' A page of the interview.\n"
+constexpr const char* Sample = "' A page of the interview.\n"
                                "\n"
                                "Begin Form interview ' the only one\n"
                                "  Caption = \"It's here\"  ' odd spacing stays\n"
@@ -32,7 +32,7 @@ constexpr const char* sample = "' A page of the interview.\n"
 
 TEST(FormText, ReadsBlocksKeysAndNestedProperties)
 {
-    const FormDocument document = ParseForm(sample, "page.form");
+    const FormDocument document = ParseForm(Sample, "page.form");
     EXPECT_EQ(document.Form.Class, "Form");
     EXPECT_EQ(document.Form.Name, "interview");
     ASSERT_TRUE(document.Form.Find("caption"));
@@ -53,24 +53,24 @@ TEST(FormText, ReadsBlocksKeysAndNestedProperties)
 
 TEST(FormText, WritesBackWhatItReadUnchanged)
 {
-    EXPECT_EQ(WriteForm(ParseForm(sample, "page.form")), sample);
+    EXPECT_EQ(WriteForm(ParseForm(Sample, "page.form")), Sample);
 
-    std::string windows(sample);
+    std::string windows(Sample);
     for (std::size_t at = 0; (at = windows.find('\n', at)) != std::string::npos; at += 2)
         windows.replace(at, 1, "\r\n");
     EXPECT_EQ(WriteForm(ParseForm(windows, "page.form")), windows);
-    EXPECT_EQ(WriteForm(ParseForm("\xEF\xBB\xBF" + std::string(sample), "page.form")), sample);
+    EXPECT_EQ(WriteForm(ParseForm("\xEF\xBB\xBF" + std::string(Sample), "page.form")), Sample);
 }
 
 TEST(FormText, ChangesOnlyTheLineOfAChangedValue)
 {
-    FormDocument document = ParseForm(sample, "page.form");
+    FormDocument document = ParseForm(Sample, "page.form");
     FormBlock& control = document.Form.Entries[2].Block.at(0);
     control.Set("LEFT", std::int64_t(120)); // as it is: the line stays
-    EXPECT_EQ(WriteForm(document), sample);
+    EXPECT_EQ(WriteForm(document), Sample);
 
     control.Set("Left", std::int64_t(240));
-    std::string expected(sample);
+    std::string expected(Sample);
     expected.replace(expected.find("Left = &H78"), 11, "Left = 240");
     EXPECT_EQ(WriteForm(document), expected);
 }
@@ -200,7 +200,7 @@ TEST(FormText, SurvivesDamage)
     int read = 0;
     for (int round = 0; round < 5000; ++round)
     {
-        std::string text(sample);
+        std::string text(Sample);
         for (auto changes = random() % 4 + 1; changes > 0 && !text.empty(); --changes)
         {
             const std::size_t at = random() % text.size();

@@ -10,18 +10,18 @@ using namespace typelib;
 
 namespace
 {
-TypeLibrary compiled()
+TypeLibrary Compiled()
 {
-    return TypeLibrary::read(compiledLibrary());
+    return TypeLibrary::Read(CompiledLibrary());
 }
 
 // The library with one byte of a segment changed.
-TypeLibrary altered(TypeLibrary::SegmentIndex segment, std::size_t offset, int change)
+TypeLibrary Altered(TypeLibrary::SegmentIndex segment, std::size_t offset, int change)
 {
-    TypeLibrary library = compiled();
-    Bytes data = library.segment(segment);
+    TypeLibrary library = Compiled();
+    Bytes data = library.Segment(segment);
     data.at(offset) = static_cast<std::uint8_t>(data.at(offset) + change);
-    library.replaceSegment(segment, data);
+    library.ReplaceSegment(segment, data);
     return library;
 }
 } // namespace
@@ -41,35 +41,35 @@ TEST(NameHash, IsAutomations)
         {"mm/dd/yy Only Year Required", 0x02F8},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(nameHash(row.name), row.hash) << row.name;
+        EXPECT_EQ(NameHash(row.name), row.hash) << row.name;
 }
 
 TEST(NameHash, TakesSomeLettersForTheSame)
 {
-    EXPECT_EQ(nameHash("View"), nameHash("wieV"));
-    EXPECT_EQ(nameHash("yours"), nameHash("Uours"));
-    EXPECT_NE(nameHash("mm/dd"), nameHash("mm_dd"));
+    EXPECT_EQ(NameHash("View"), NameHash("wieV"));
+    EXPECT_EQ(NameHash("yours"), NameHash("Uours"));
+    EXPECT_NE(NameHash("mm/dd"), NameHash("mm_dd"));
 }
 
 TEST(NameHash, RefusesWhatItCannotBeSureOf)
 {
-    expectRefused([] { nameHash("H\xF6he"); }, "outside ASCII");
+    ExpectRefused([] { NameHash("H\xF6he"); }, "outside ASCII");
 }
 
 TEST(NameTable, ReadsNamesAtTheirOffsetsOnly)
 {
-    const NameTable table(compiled());
-    EXPECT_EQ(table.at(0), "KivControls");
-    EXPECT_EQ(table.at(findByHash(compiled(), "_YesNo")), "_YesNo");
-    for (const std::uint32_t none : {4u, 0x7FFFFFFFu, noOffset})
-        expectRefused([&] { table.at(none); }, "a name that is not there");
+    const NameTable table(Compiled());
+    EXPECT_EQ(table.At(0), "KivControls");
+    EXPECT_EQ(table.At(FindByHash(Compiled(), "_YesNo")), "_YesNo");
+    for (const std::uint32_t none : {4u, 0x7FFFFFFFu, NoOffset})
+        ExpectRefused([&] { table.At(none); }, "a name that is not there");
 }
 
 TEST(NameTable, StoresUnchangedWhatItRead)
 {
-    TypeLibrary library = compiled();
-    NameTable(library).store(library);
-    EXPECT_EQ(library.write(), compiledLibrary());
+    TypeLibrary library = Compiled();
+    NameTable(library).Store(library);
+    EXPECT_EQ(library.Write(), CompiledLibrary());
 }
 
 TEST(NameTable, RefusesDamage)
@@ -80,47 +80,47 @@ TEST(NameTable, RefusesDamage)
         TypeLibrary library;
         const char* message;
     } rows[] = {
-        {altered(names, 12, 1), "hash of the name 'LivControls'"},
-        {altered(names, 10, 1), "hash of the name 'KivControls'"},
-        {altered(names, 4, 1), "hash chains"},
-        {altered(TypeLibrary::NameHash, 0, 1), "hash chains"},
-        {altered(names, 8, 4), "hash of the name"},
-        {altered(names, 8, -1), "hash of the name 'KivControl'"},
+        {Altered(names, 12, 1), "hash of the name 'LivControls'"},
+        {Altered(names, 10, 1), "hash of the name 'KivControls'"},
+        {Altered(names, 4, 1), "hash chains"},
+        {Altered(TypeLibrary::NameHash, 0, 1), "hash chains"},
+        {Altered(names, 8, 4), "hash of the name"},
+        {Altered(names, 8, -1), "hash of the name 'KivControl'"},
     };
     for (const auto& row : rows)
-        expectRefused([&] { NameTable{row.library}; }, row.message);
+        ExpectRefused([&] { NameTable{row.library}; }, row.message);
 }
 
 TEST(NameTable, RefusesMoreOrFewerNamesThanTheHeaderCounts)
 {
     for (const std::size_t field : {0x30, 0x34})
     {
-        Bytes file = compiledLibrary();
+        Bytes file = CompiledLibrary();
         ++file.at(field);
-        expectRefused([&] { NameTable{TypeLibrary::read(file)}; }, "as many names as the header says");
+        ExpectRefused([&] { NameTable{TypeLibrary::Read(file)}; }, "as many names as the header says");
     }
 }
 
 TEST(NameTable, RefusesATableCutShort)
 {
-    TypeLibrary library = compiled();
-    Bytes names = library.segment(TypeLibrary::Names);
+    TypeLibrary library = Compiled();
+    Bytes names = library.Segment(TypeLibrary::Names);
     for (const std::size_t cut : {1u, 4u, 8u})
     {
         names.resize(names.size() - cut);
-        library.replaceSegment(TypeLibrary::Names, names);
-        expectRefused([&] { NameTable{library}; }, "");
+        library.ReplaceSegment(TypeLibrary::Names, names);
+        ExpectRefused([&] { NameTable{library}; }, "");
     }
 }
 
 TEST(NameTable, RenamesOnlyToAFreeNameOfTheSameLength)
 {
-    const TypeLibrary library = compiled();
+    const TypeLibrary library = Compiled();
     NameTable table(library);
-    const std::uint32_t ssn = findByHash(library, "SSN");
-    expectRefused([&] { table.rename(ssn, "Social"); }, "'SSN' and 'Social' differ in length");
-    expectRefused([&] { table.rename(ssn, "yES"); }, "'yES' is there already");
-    table.rename(ssn, "ssn");
-    EXPECT_EQ(table.at(ssn), "ssn");
+    const std::uint32_t ssn = FindByHash(library, "SSN");
+    ExpectRefused([&] { table.Rename(ssn, "Social"); }, "'SSN' and 'Social' differ in length");
+    ExpectRefused([&] { table.Rename(ssn, "yES"); }, "'yES' is there already");
+    table.Rename(ssn, "ssn");
+    EXPECT_EQ(table.At(ssn), "ssn");
 }
 } // namespace kiv::test

@@ -12,9 +12,9 @@ TEST(PublishedNames, ReadsRows)
 {
     const PublishedNames expected{{"Routing__", "Routing #"}, {"mm_dd", "mm/dd"}, {"a_b", "a=b"}};
     EXPECT_EQ(
-        parsePublishedNames("# said of # and =\n\n  Routing__ =  Routing #  \r\n\tmm_dd=mm/dd\na_b = a=b"),
+        ParsePublishedNames("# said of # and =\n\n  Routing__ =  Routing #  \r\n\tmm_dd=mm/dd\na_b = a=b"),
         expected);
-    EXPECT_TRUE(parsePublishedNames("").empty());
+    EXPECT_TRUE(ParsePublishedNames("").empty());
 }
 
 TEST(PublishedNames, RefusesMistakesAndNamesTheLine)
@@ -33,6 +33,6 @@ TEST(PublishedNames, RefusesMistakesAndNamesTheLine)
         {"mm_dd = mm/dd\nmm_dd = mm dd", "line 2: 'mm_dd' is listed twice"},
     };
     for (const auto& row : rows)
-        expectRefused([&] { parsePublishedNames(row.text); }, row.message);
+        ExpectRefused([&] { ParsePublishedNames(row.text); }, row.message);
 }
 } // namespace kiv::test

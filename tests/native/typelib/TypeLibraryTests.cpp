@@ -12,40 +12,40 @@ using namespace typelib;
 
 namespace
 {
-Bytes with32(Bytes file, std::size_t offset, std::uint32_t value)
+Bytes With32(Bytes file, std::size_t offset, std::uint32_t value)
 {
-    write32(file, offset, value);
+    Write32(file, offset, value);
     return file;
 }
 
 // The file without one of its segments: everything behind it moves up.
-Bytes withoutSegment(Bytes file, std::size_t segment)
+Bytes WithoutSegment(Bytes file, std::size_t segment)
 {
-    const std::uint32_t start = read32(file, directoryEntry(file, segment));
-    const std::uint32_t length = read32(file, directoryEntry(file, segment) + 4);
+    const std::uint32_t start = Read32(file, DirectoryEntry(file, segment));
+    const std::uint32_t length = Read32(file, DirectoryEntry(file, segment) + 4);
     const auto moveUp = [&](std::size_t field) {
-        const std::uint32_t offset = read32(file, field);
-        if (offset != noOffset && offset > start)
-            write32(file, field, offset - length);
+        const std::uint32_t offset = Read32(file, field);
+        if (offset != NoOffset && offset > start)
+            Write32(file, field, offset - length);
     };
-    for (std::size_t i = 0; i < read32(file, 0x20); ++i)
-        moveUp(segmentOffset(file, TypeLibrary::TypeHeaders) + 100 * i + 4);
+    for (std::size_t i = 0; i < Read32(file, 0x20); ++i)
+        moveUp(SegmentOffset(file, TypeLibrary::TypeHeaders) + 100 * i + 4);
     for (std::size_t i = 0; i < TypeLibrary::SegmentCount; ++i)
-        moveUp(directoryEntry(file, i));
-    write32(file, directoryEntry(file, segment), noOffset);
-    write32(file, directoryEntry(file, segment) + 4, 0);
+        moveUp(DirectoryEntry(file, i));
+    Write32(file, DirectoryEntry(file, segment), NoOffset);
+    Write32(file, DirectoryEntry(file, segment) + 4, 0);
     const auto first = file.begin() + static_cast<std::ptrdiff_t>(start);
     file.erase(first, first + static_cast<std::ptrdiff_t>(length));
     return file;
 }
 
-void checkUnchanged(const Bytes& file)
+void CheckUnchanged(const Bytes& file)
 {
-    EXPECT_EQ(TypeLibrary::read(file).write(), file);
-    TypeLibrary library = TypeLibrary::read(file);
-    publish(library, {});
-    const Bytes published = library.write();
-    EXPECT_EQ(TypeLibrary::read(published).write(), published);
+    EXPECT_EQ(TypeLibrary::Read(file).Write(), file);
+    TypeLibrary library = TypeLibrary::Read(file);
+    typelib::Publish(library, {});
+    const Bytes published = library.Write();
+    EXPECT_EQ(TypeLibrary::Read(published).Write(), published);
 }
 } // namespace
 
@@ -54,73 +54,73 @@ TEST(TypeLibrary, WritesWhatItReadByteForByte)
     for (const char* arch : {"x86", "x64"})
     {
         SCOPED_TRACE(arch);
-        checkUnchanged(compiledLibrary(arch));
+        CheckUnchanged(CompiledLibrary(arch));
     }
 }
 
 TEST(TypeLibrary, WritesInstalledLibrariesByteForByte)
 {
-    const auto paths = installedLibraries();
+    const auto paths = InstalledLibraries();
     if (paths.empty())
         GTEST_SKIP() << "Wine, whose type libraries this test reads, is not installed";
     for (const auto& path : paths)
     {
         SCOPED_TRACE(path);
-        checkUnchanged(libraryInModule(path));
+        CheckUnchanged(LibraryInModule(path));
     }
 }
 
 TEST(TypeLibrary, ReadsALibraryWithoutStringsButCannotGiveItHelp)
 {
-    const Bytes file = withoutSegment(compiledLibrary(), TypeLibrary::Strings);
-    TypeLibrary library = TypeLibrary::read(file);
-    EXPECT_EQ(library.write(), file);
-    expectRefused([&] { publish(library, {}); }, "no string table");
+    const Bytes file = WithoutSegment(CompiledLibrary(), TypeLibrary::Strings);
+    TypeLibrary library = TypeLibrary::Read(file);
+    EXPECT_EQ(library.Write(), file);
+    ExpectRefused([&] { typelib::Publish(library, {}); }, "no string table");
 }
 
 TEST(TypeLibrary, AddsStringsBehindTheOthers)
 {
-    TypeLibrary library = TypeLibrary::read(compiledLibrary());
-    const std::size_t end = library.segment(TypeLibrary::Strings).size();
-    EXPECT_EQ(library.addString(""), end);
-    EXPECT_EQ(library.addString("yy"), end + 8);
-    EXPECT_EQ(library.addString("mm/dd"), end + 16);
-    EXPECT_EQ(library.addString("Custom"), end + 24);
-    EXPECT_EQ(library.segment(TypeLibrary::Strings).size(), end + 32);
-    EXPECT_EQ(stringAt(library, static_cast<std::uint32_t>(end + 16)), "mm/dd");
-    expectRefused([&] { library.addString(std::string(0x10000, 'x')); }, "longer than the format can hold");
+    TypeLibrary library = TypeLibrary::Read(CompiledLibrary());
+    const std::size_t end = library.Segment(TypeLibrary::Strings).size();
+    EXPECT_EQ(library.AddString(""), end);
+    EXPECT_EQ(library.AddString("yy"), end + 8);
+    EXPECT_EQ(library.AddString("mm/dd"), end + 16);
+    EXPECT_EQ(library.AddString("Custom"), end + 24);
+    EXPECT_EQ(library.Segment(TypeLibrary::Strings).size(), end + 32);
+    EXPECT_EQ(StringAt(library, static_cast<std::uint32_t>(end + 16)), "mm/dd");
+    ExpectRefused([&] { library.AddString(std::string(0x10000, 'x')); }, "longer than the format can hold");
 }
 
 TEST(TypeLibrary, RefusesFilesOfAnotherKind)
 {
-    expectUnreadable({}, "cut short");
-    expectUnreadable(with32(compiledLibrary(), 0, 0x00905A4D), "does not begin with MSFT");
-    expectUnreadable(with32(compiledLibrary(), 4, 0x00010003), "unknown version");
+    ExpectUnreadable({}, "cut short");
+    ExpectUnreadable(With32(CompiledLibrary(), 0, 0x00905A4D), "does not begin with MSFT");
+    ExpectUnreadable(With32(CompiledLibrary(), 4, 0x00010003), "unknown version");
 }
 
 TEST(TypeLibrary, RefusesAFileCutShortAnywhere)
 {
-    const Bytes& whole = compiledLibrary();
+    const Bytes& whole = CompiledLibrary();
     for (std::size_t length = 0; length < whole.size(); ++length)
     {
         const Bytes part(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
-        EXPECT_THROW(TypeLibrary::read(part), TypeLibraryError) << length;
+        EXPECT_THROW(TypeLibrary::Read(part), TypeLibraryError) << length;
     }
 }
 
 TEST(TypeLibrary, RefusesMoreThanALibrary)
 {
-    Bytes file = compiledLibrary();
+    Bytes file = CompiledLibrary();
     file.push_back(0);
-    expectUnreadable(file, "bytes after the last type's members");
+    ExpectUnreadable(file, "bytes after the last type's members");
 }
 
 TEST(TypeLibrary, RefusesADamagedDirectory)
 {
-    const Bytes& file = compiledLibrary();
-    const std::size_t names = directoryEntry(file, TypeLibrary::Names);
-    const std::size_t absent = directoryEntry(file, 13);
-    ASSERT_EQ(read32(file, absent), noOffset);
+    const Bytes& file = CompiledLibrary();
+    const std::size_t names = DirectoryEntry(file, TypeLibrary::Names);
+    const std::size_t absent = DirectoryEntry(file, 13);
+    ASSERT_EQ(Read32(file, absent), NoOffset);
     const struct
     {
         std::size_t field;
@@ -130,11 +130,11 @@ TEST(TypeLibrary, RefusesADamagedDirectory)
         {0x20, 0xFFFFFFFF, "cut short"},
         {0x20, 0, "directory entry of segment 0 is damaged"},
         {0x54, 100, "headers of the types do not follow each other"},
-        {names, read32(file, names) + 4, "segment 7 does not begin where another ends"},
-        {names, read32(file, names) - 4, "segment 7 does not begin where another ends"},
+        {names, Read32(file, names) + 4, "segment 7 does not begin where another ends"},
+        {names, Read32(file, names) - 4, "segment 7 does not begin where another ends"},
         {names, 0xFFFFFFF0, "cut short"},
-        {names, noOffset, "segment 7 has a length but no place"},
-        {names + 4, read32(file, names + 4) + 4, "does not begin where another ends"},
+        {names, NoOffset, "segment 7 has a length but no place"},
+        {names + 4, Read32(file, names + 4) + 4, "does not begin where another ends"},
         {names + 4, 0xFFFFFFFF, "cut short"},
         {names + 8, 0, "directory entry of segment 7 is damaged"},
         {names + 12, 0, "directory entry of segment 7 is damaged"},
@@ -144,16 +144,16 @@ TEST(TypeLibrary, RefusesADamagedDirectory)
     for (const auto& row : rows)
     {
         SCOPED_TRACE(std::to_string(row.field) + " = " + std::to_string(row.value));
-        expectUnreadable(with32(file, row.field, row.value), row.message);
+        ExpectUnreadable(With32(file, row.field, row.value), row.message);
     }
 }
 
 TEST(TypeLibrary, RefusesDamagedTypes)
 {
-    const Bytes& file = compiledLibrary();
-    const std::size_t header = segmentOffset(file, TypeLibrary::TypeHeaders);
-    const std::size_t members = read32(file, header + 4); // AnswerEnums: three records of 20 bytes
-    ASSERT_EQ(read32(file, members), 60u);
+    const Bytes& file = CompiledLibrary();
+    const std::size_t header = SegmentOffset(file, TypeLibrary::TypeHeaders);
+    const std::size_t members = Read32(file, header + 4); // AnswerEnums: three records of 20 bytes
+    ASSERT_EQ(Read32(file, members), 60u);
     const struct
     {
         std::size_t field;
@@ -176,17 +176,17 @@ TEST(TypeLibrary, RefusesDamagedTypes)
     for (const auto& row : rows)
     {
         SCOPED_TRACE(std::to_string(row.field) + " = " + std::to_string(row.value));
-        expectUnreadable(with32(file, row.field, row.value), row.message);
+        ExpectUnreadable(With32(file, row.field, row.value), row.message);
     }
 }
 
 TEST(TypeLibrary, RefusesTypeHeadersThatDoNotFitTheirNumber)
 {
-    TypeLibrary library = TypeLibrary::read(compiledLibrary());
-    Bytes headers = library.segment(TypeLibrary::TypeHeaders);
+    TypeLibrary library = TypeLibrary::Read(CompiledLibrary());
+    Bytes headers = library.Segment(TypeLibrary::TypeHeaders);
     headers.resize(headers.size() + 100);
-    library.replaceSegment(TypeLibrary::TypeHeaders, headers);
-    expectUnreadable(library.write(), "does not fit the number of types");
+    library.ReplaceSegment(TypeLibrary::TypeHeaders, headers);
+    ExpectUnreadable(library.Write(), "does not fit the number of types");
 }
 
 // Whatever is done to a file: it is refused, or what is written is what was read. Sanitizers watch the rest.
@@ -200,7 +200,7 @@ TEST(TypeLibrary, SurvivesRandomDamage)
     int refused = 0;
     for (int round = 0; round < 5000; ++round)
     {
-        Bytes file = compiledLibrary(round % 2 == 0 ? "x86" : "x64");
+        Bytes file = CompiledLibrary(round % 2 == 0 ? "x86" : "x64");
         for (std::size_t change = 0, changes = 1 + below(4); change < changes; ++change)
         {
             constexpr std::uint8_t tellingValues[] = {0, 1, 4, 0x7F, 0x80, 0xFF};
@@ -214,10 +214,10 @@ TEST(TypeLibrary, SurvivesRandomDamage)
         SCOPED_TRACE(round);
         try
         {
-            TypeLibrary library = TypeLibrary::read(file);
-            ASSERT_EQ(library.write(), file);
-            publish(library, contractNames());
-            library.write();
+            TypeLibrary library = TypeLibrary::Read(file);
+            ASSERT_EQ(library.Write(), file);
+            typelib::Publish(library, ContractNames());
+            library.Write();
             ++accepted;
         }
         catch (const TypeLibraryError&)

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+
+#include <ocidl.h>
+#include <oleidl.h>
+
+namespace kiv::host
+{
+
+class ControlSite;
+class FormItem;
+
+// All that a form is to what stands on it.
+class ItemOwner
+{
+public:
+    virtual HWND Window() const = 0; // null once the form is gone
+    // The form's font, also as an object for controls.
+    virtual HFONT Font() const = 0;
+    virtual IFontDisp* FontObject() const = 0;
+    virtual bool DesignMode() const = 0;
+
+    virtual short NextTabIndex() const = 0;             // after all that the form holds already
+    virtual void FocusAfter(const FormItem& item) = 0;  // the next one in tab order that can have it
+    virtual bool Navigate(MSG& message) = 0;            // the form's own keys; true when it was one
+    virtual IOleInPlaceFrame* InPlaceFrame() const = 0; // of in-place activation
+
+    virtual void SiteActivated(ControlSite& site) = 0; // the control has the focus, or keys go to it
+    virtual void SiteDeactivated(ControlSite& site) = 0;
+
+protected:
+    ItemOwner() = default;
+    ItemOwner(const ItemOwner&) = default;
+    ItemOwner& operator=(const ItemOwner&) = default;
+    ~ItemOwner() = default;
+};
+
+} // namespace kiv::host
