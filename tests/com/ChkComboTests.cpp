@@ -88,53 +88,6 @@ protected:
     }
 };
 
-TEST_F(ChkComboComTest, DescribesItsMembers)
-{
-    ComPtr<ITypeLib> library;
-    Check(LoadTypeLibEx(TheLibrary().Path().c_str(), REGKIND_NONE, &library));
-    ComPtr<ITypeInfo> members;
-    Check(library->GetTypeInfoOfGuid(Id(0x3E649243), &members));
-    EXPECT_EQ(OwnMembers(members.Get()),
-              (Names{
-                  L"get -501 BackColor() OLE_COLOR",
-                  L"put -501 BackColor(in OLE_COLOR) void",
-                  L"get -513 ForeColor() OLE_COLOR",
-                  L"put -513 ForeColor(in OLE_COLOR) void",
-                  L"get -514 Enabled() VARIANT_BOOL",
-                  L"put -514 Enabled(in VARIANT_BOOL) void",
-                  L"get -512 Font() IFontDisp*",
-                  L"putref -512 Font(in IFontDisp*) void",
-                  L"get -515 hwnd() long",
-                  L"get 0 Text() BSTR",
-                  L"get 1 ListIndex() short",
-                  L"put 1 ListIndex(in short) void",
-                  L"get 2 ListCount() short",
-                  L"get 3 NewIndex() short",
-                  L"get 4 PreviousIndex() short hidden",
-                  L"get 5 List(in short) BSTR",
-                  L"put 5 List(in short, in BSTR) void",
-                  L"get 6 ItemData(in short) long",
-                  L"put 6 ItemData(in short, in long) void",
-                  L"get 7 ListCompletionStatus(in short) DetailStatusEnums",
-                  L"put 7 ListCompletionStatus(in short, in DetailStatusEnums) void",
-                  L"method 8 AddItem(in BSTR Item, in optional =-1 short Index) void",
-                  L"method 9 RemoveItem(in short Index) void",
-                  L"method 10 Clear() void",
-                  L"method -550 Refresh() void",
-              }));
-    ComPtr<ITypeInfo> events;
-    Check(library->GetTypeInfoOfGuid(Id(0x3E649245), &events));
-    EXPECT_EQ(
-        OwnMembers(events.Get()),
-        (Names{
-            L"method -601 DblClick() void",
-            L"method -600 Click() void",
-            L"method 1 DropDown() void",
-            L"method 2 CloseUp() void",
-            L"method 3 ActiveStateChanged(in out VARIANT_BOOL* Visible, in out VARIANT_BOOL* Enabled) void",
-        }));
-}
-
 TEST_F(ChkComboComTest, IsEmptyAtFirst)
 {
     const ComPtr<IDispatch> control = Create();
