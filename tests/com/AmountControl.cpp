@@ -1,10 +1,5 @@
 #include "tests/com/AmountControl.h"
 
-#include "tests/support/AutomationCalls.h"
-#include "tests/support/TestFont.h"
-
-#include <sstream>
-
 namespace kiv::test
 {
 
@@ -50,22 +45,6 @@ std::wstring AmountControl::Entry() const
 void AmountControl::Enter(const wchar_t* text) const
 {
     SetWindowTextW(Box(), text);
-}
-
-AmountState StateOf(const AmountControl& control)
-{
-    AmountState state;
-    for (const wchar_t* name :
-         {L"BackColor", L"ForeColor", L"Enabled", L"AllowRounding", L"NumDecDigits", L"NumIntDigits",
-          L"Complement", L"DisplayPercent", L"MaxDigits", L"MaxDecimals", L"MaxValue", L"MinValue"})
-    {
-        if (IdOfName(control.Get(), name) != DISPID_UNKNOWN)
-            state[name] = control.Shown(name);
-    }
-    std::ostringstream font;
-    font << FactsOf(control.Property(L"Font").Object());
-    state[L"Font"] = font.str();
-    return state;
 }
 
 Variant Money(LONGLONG tenThousandths)

@@ -18,10 +18,6 @@ public:
     void Enter(const wchar_t* text) const;
 };
 
-// All that a control keeps, as its properties show it: the name of each with its value.
-using AmountState = std::map<std::wstring, std::string>;
-AmountState StateOf(const AmountControl& control);
-
 // Amounts as ten-thousandths, exactly.
 Variant Money(LONGLONG tenThousandths);
 CY Cy(LONGLONG tenThousandths);

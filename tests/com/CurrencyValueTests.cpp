@@ -2,6 +2,7 @@
 // errors that it gets.
 
 #include "tests/com/AmountControl.h"
+#include "tests/com/ControlProperties.h"
 #include "tests/support/AutomationCalls.h"
 #include "tests/support/EventRecorder.h"
 #include "tests/support/LibraryTest.h"
@@ -264,7 +265,7 @@ TEST_F(CurrencyValueTest, RefusesCountsAndBoundsWithError380)
     const AmountControl control(CLSID_CurrencyBox);
     control.InitNew();
     control.Put(L"NumIntDigits", Variant(short{5}));
-    const AmountState before = StateOf(control);
+    const ControlState before = StateOf(control.Get());
     const RefusedRow rows[] = {
         {L"NumDecDigits", Variant(short{-1})},    {L"NumDecDigits", Variant(short{5})},
         {L"NumDecDigits", Variant(short{32767})}, {L"NumIntDigits", Variant(short{0})},
@@ -279,7 +280,7 @@ TEST_F(CurrencyValueTest, RefusesCountsAndBoundsWithError380)
     {
         SCOPED_TRACE(Narrow(row.Name) + " " + Show(row.Value));
         ExpectError(PutByName(control.Get(), row.Name, row.Value), Invalid, L"CurrencyBox");
-        EXPECT_EQ(StateOf(control), before);
+        EXPECT_EQ(StateOf(control.Get()), before);
     }
     EXPECT_EQ(changes->TakeChanges(), std::vector<DISPID>());
     const auto box = control.Query<_CurrencyBox>();

@@ -12,7 +12,7 @@
 namespace kiv::test
 {
 
-HeldControl::HeldControl(REFCLSID classId) : site_(MakeCom<RecordingSite>(SiteShape()))
+HeldControl::HeldControl(REFCLSID classId, SiteShape shape) : site_(MakeCom<RecordingSite>(shape))
 {
     site_->SetAmbient(DISPID_AMBIENT_FONT, Variant(static_cast<IDispatch*>(MakeFont().Get())));
     Check(Library::UnderTest().Create(classId).As(&control_));

@@ -14,7 +14,7 @@ namespace kiv::test
 class HeldControl
 {
 public:
-    explicit HeldControl(REFCLSID classId);
+    explicit HeldControl(REFCLSID classId, SiteShape shape = {});
     HeldControl(const HeldControl&) = delete;
     HeldControl& operator=(const HeldControl&) = delete;
     ~HeldControl();

@@ -2,7 +2,6 @@
 
 #include "tests/com/HeldControl.h"
 
-#include <map>
 #include <string>
 
 namespace kiv::test
@@ -17,10 +16,5 @@ public:
     // What the text box shows.
     std::wstring BoxText() const;
 };
-
-// All that a box keeps, as its properties show it: the name of each with its value. The font's name, size and
-// weight stand for the font.
-using MaskedState = std::map<std::wstring, std::string>;
-MaskedState StateOf(const MaskedControl& control);
 
 } // namespace kiv::test

@@ -124,9 +124,12 @@ TEST_F(NotificationTest, TellsOfAssignmentsThatChangeNothingExceptToTheAnswer)
     Control()->put_Enabled(VARIANT_TRUE);
     Control()->put_YesText(Bstr(L"Y").Get());
     EXPECT_EQ(properties_->TakeChanges(), (Ids{DISPID_BACKCOLOR, DISPID_ENABLED, 1}));
+    const auto persist = control_->Query<IPersistStreamInit>();
+    EXPECT_EQ(Hr(persist->Save(MakeCom<TestStream>().Get(), TRUE)), Hr(S_OK));
     Control()->put_Value(Neither);
     Control()->put_Text(Variant::Null().Get());
     EXPECT_EQ(properties_->TakeChanges(), Ids());
+    EXPECT_EQ(Hr(persist->IsDirty()), Hr(S_FALSE));
     EXPECT_EQ(events_->TakeEvents(), Ids());
 }
 

@@ -4,10 +4,8 @@
 #include "tests/support/AutomationCalls.h"
 #include "tests/support/EventRecorder.h"
 #include "tests/support/LibraryTest.h"
-#include "tests/support/MemoryStorage.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/PropertyNotifyRecorder.h"
-#include "tests/support/TestErrorLog.h"
 #include "tests/support/TestFont.h"
 #include "tests/support/TestPropertyBag.h"
 #include "tests/support/TestStream.h"
@@ -65,13 +63,6 @@ protected:
         Control().InitNew();
         ConnectSinks();
     }
-    std::string State() const
-    {
-        std::string state;
-        for (const wchar_t* name : {L"DetailStatus", L"PictureType", L"Enabled", L"Caption", L"Value"})
-            state += Control().Shown(name) + "; ";
-        return state;
-    }
     void MakeUnusual() const
     {
         Control().Put(L"DetailStatus", Variant(2L));
@@ -93,14 +84,10 @@ private:
     std::unique_ptr<Connection> propertyConnection_;
 };
 
-constexpr char NewState[] = "VT 3 0; VT 3 0; VT 11 True; VT 8 \"\"; VT 11 False; ";
-
-TEST_F(PicCommandTest, BeginsWithTheDefaults)
+TEST_F(PicCommandTest, BeginsBlankForADataField)
 {
     Control().InitNew();
-    EXPECT_EQ(State(), NewState);
     EXPECT_EQ(Control().Shown(L"BoundDetailStatus"), "VT 3 0");
-    EXPECT_EQ(FactsOf(Control().Property(L"Font").Object()), FontFacts()) << "the container's font";
 }
 
 TEST_F(PicCommandTest, HoldsARealOwnerDrawnButton)
@@ -224,23 +211,14 @@ TEST_F(PicCommandTest, DisablesItsWindowAndItsButton)
     EXPECT_FALSE(Control().Property(L"Enabled").Bool());
 }
 
-TEST_F(PicCommandTest, ReadsAndWritesInItsOrder)
+// The one time when Value is what a form keeps.
+TEST_F(PicCommandTest, WritesThatItIsPressed)
 {
-    const auto bag = MakeCom<TestPropertyBag>();
+    Control().InitNew();
     const auto persist = Control().Query<IPersistPropertyBag>();
-    EXPECT_EQ(Hr(persist->Load(bag.Get(), nullptr)), Hr(S_OK));
-    EXPECT_EQ(bag->NamesRead(),
-              (Names{L"DetailStatus", L"PictureType", L"Enabled", L"Caption", L"Font", L"Value"}));
-    EXPECT_EQ(State(), NewState);
-
-    const auto defaults = MakeCom<TestPropertyBag>();
-    EXPECT_EQ(Hr(persist->Save(defaults.Get(), TRUE, FALSE)), Hr(S_OK));
-    EXPECT_EQ(defaults->NamesWritten(), Names());
-
     MakeUnusual();
     ConnectSinks();
     const auto whole = MakeCom<TestPropertyBag>();
-    // Saved from within the click, when Value is what it is seldom.
     events_->OnEvent(
         [&](DISPID, DISPPARAMS&) { EXPECT_EQ(Hr(persist->Save(whole.Get(), TRUE, FALSE)), Hr(S_OK)); });
     Control().Put(L"Value", Variant(true));
@@ -277,68 +255,13 @@ TEST_F(PicCommandTest, AStoredTrueClicksOnceWhileItLoads)
     EXPECT_EQ(events_->TakeEvents(), Ids{Click});
 }
 
-TEST_F(PicCommandTest, TakesTheDefaultForWhatItCannotUse)
-{
-    const struct
-    {
-        const wchar_t* Name;
-        Variant Stored;
-    } rows[] = {
-        {L"DetailStatus", Variant(L"much")}, {L"PictureType", Variant(1e300)},
-        {L"Enabled", Variant(L"perhaps")},   {L"Caption", Variant(static_cast<IDispatch*>(MakeFont().Get()))},
-        {L"Value", Variant(L"pressed")},     {L"Font", Variant(L"Tahoma")},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(Narrow(row.Name));
-        const auto bag = MakeCom<TestPropertyBag>();
-        const auto log = MakeCom<TestErrorLog>();
-        bag->Put(row.Name, row.Stored);
-        EXPECT_EQ(Hr(Control().Query<IPersistPropertyBag>()->Load(bag.Get(), log.Get())), Hr(S_OK));
-        EXPECT_EQ(State(), NewState);
-        EXPECT_EQ(log->Entries().size(), 1U);
-    }
-}
-
-TEST_F(PicCommandTest, ComesBackFromAStreamAndAStorage)
+TEST_F(PicCommandTest, IsEnabledAgainAfterALoadThatFails)
 {
     Control().InitNew();
     MakeUnusual();
-    const std::string unusual = State();
-    const auto stream = MakeCom<TestStream>();
-    EXPECT_EQ(Hr(Control().Query<IPersistStreamInit>()->Save(stream.Get(), TRUE)), Hr(S_OK));
-    const ComPtr<IStorage> storage = MakeMemoryStorage();
-    EXPECT_EQ(Hr(Control().Query<IPersistStorage>()->Save(storage.Get(), FALSE)), Hr(S_OK));
-    Control().Query<IPersistStorage>()->SaveCompleted(nullptr);
-
-    for (const bool fromStream : {true, false})
-    {
-        const HeldControl other(CLSID_PicCommand);
-        other.Site().Log().AllowAll();
-        stream->Rewind();
-        if (fromStream)
-        {
-            EXPECT_EQ(Hr(other.Query<IPersistStreamInit>()->Load(stream.Get())), Hr(S_OK));
-        }
-        else
-        {
-            EXPECT_EQ(Hr(other.Query<IPersistStorage>()->Load(storage.Get())), Hr(S_OK));
-        }
-        std::string state;
-        for (const wchar_t* name : {L"DetailStatus", L"PictureType", L"Enabled", L"Caption", L"Value"})
-            state += other.Shown(name) + "; ";
-        EXPECT_EQ(state, unusual);
-        EXPECT_TRUE(FactsOf(other.Property(L"Font").Object()).Italic);
-    }
-}
-
-TEST_F(PicCommandTest, IsNewAgainAfterALoadThatFails)
-{
-    Control().InitNew();
-    MakeUnusual();
+    EXPECT_FALSE(IsWindowEnabled(Window()));
     const auto nonsense = MakeCom<TestStream>(std::vector<std::uint8_t>(100, 7));
     EXPECT_FALSE(SUCCEEDED(Control().Query<IPersistStreamInit>()->Load(nonsense.Get())));
-    EXPECT_EQ(State(), NewState);
     EXPECT_TRUE(IsWindowEnabled(Window()));
 }
 

@@ -429,18 +429,6 @@ TEST_F(PicLiteTest, KeepsTheColoursOf32Bits)
                      [&] { return ColorAt(BitmapIn(picture.Get()), 0, 0) == Red; });
 }
 
-TEST_F(PicLiteTest, IsNewAgainAfterALoadThatFails)
-{
-    Control().InitNew();
-    SetMask(Red);
-    Control().Put(L"Picture", AsValue(RedPicture()));
-    const auto nonsense = MakeCom<TestStream>(std::vector<std::uint8_t>(100, 7));
-    EXPECT_FALSE(SUCCEEDED(Control().Query<IPersistStreamInit>()->Load(nonsense.Get())));
-    EXPECT_EQ(Source().Get(), nullptr);
-    EXPECT_EQ(Result().Get(), nullptr);
-    EXPECT_EQ(Control().Property(L"MaskColor").Long(), 0);
-}
-
 } // namespace
 
 } // namespace kiv::test

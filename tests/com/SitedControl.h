@@ -1,42 +1,24 @@
 #pragma once
 
-#include "tests/support/RecordingSite.h"
+#include "tests/com/HeldControl.h"
 
 #include <KivControls.h>
-
-#include <unknwn.h>
 
 namespace kiv::test
 {
 
-// A YesNo on a recording site, as a host holds one: sited before it is loaded, and let go of in the usual
-// order at the end (close, no site, release), after which nothing may hold on to the site.
-class SitedControl
+// A YesNo on a recording site, called early-bound.
+class SitedControl : public HeldControl
 {
 public:
-    explicit SitedControl(SiteShape shape = {});
-    SitedControl(const SitedControl&) = delete;
-    SitedControl& operator=(const SitedControl&) = delete;
-    ~SitedControl();
+    explicit SitedControl(SiteShape shape = {}) : HeldControl(CLSID_YesNo, shape), control_(Query<_YesNo>())
+    {
+    }
 
     _YesNo* operator->() const { return control_.Get(); }
     _YesNo* Get() const { return control_.Get(); }
-    RecordingSite& Site() const { return *site_.Get(); }
-    template<class Interface>
-    Microsoft::WRL::ComPtr<Interface> Query() const
-    {
-        Microsoft::WRL::ComPtr<Interface> found;
-        Check(control_.As(&found));
-        return found;
-    }
-
-    // IPersistStreamInit::InitNew: a new control on a form.
-    void InitNew() const;
-    // Let go of before its time.
-    void TearDown();
 
 private:
-    Microsoft::WRL::ComPtr<RecordingSite> site_;
     Microsoft::WRL::ComPtr<_YesNo> control_;
 };
 

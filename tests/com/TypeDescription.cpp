@@ -26,6 +26,8 @@ std::wstring TypeName(ITypeInfo* info, const TYPEDESC& type)
         return L"hyper";
     case VT_R4:
         return L"float";
+    case VT_DATE:
+        return L"DATE";
     case VT_CY:
         return L"CURRENCY";
     case VT_UI4:
@@ -98,19 +100,31 @@ std::wstring MemberText(ITypeInfo* info, UINT index)
                         parameterNames[0] + L"(";
     for (SHORT i = 0; i < function->cParams; ++i)
     {
-        const std::size_t number = static_cast<std::size_t>(i);
-        const bool named = function->invkind == INVOKE_FUNC;
+        // A type library is asked for names by number, and a property's are those of its get.
+        const bool named = function->invkind == INVOKE_FUNC || function->invkind == INVOKE_PROPERTYGET;
+        const std::size_t number = static_cast<std::size_t>(i) + 1;
         text += (i == 0 ? L"" : L", ") + ParameterText(info, function->lprgelemdescParam[i],
-                                                       named ? parameterNames[number + 1] : std::wstring());
+                                                       named ? parameterNames[number] : std::wstring());
     }
     text += L") " + TypeName(info, function->elemdescFunc.tdesc);
-    const std::pair<USHORT, const wchar_t*> words[] = {
-        {FUNCFLAG_FBINDABLE, L" bindable"},       {FUNCFLAG_FREQUESTEDIT, L" requestedit"},
-        {FUNCFLAG_FDISPLAYBIND, L" displaybind"}, {FUNCFLAG_FDEFAULTBIND, L" defaultbind"},
-        {FUNCFLAG_FHIDDEN, L" hidden"},           {FUNCFLAG_FNONBROWSABLE, L" nonbrowsable"},
-        {FUNCFLAG_FRESTRICTED, L" restricted"},   {FUNCFLAG_FUIDEFAULT, L" uidefault"}};
+    return text + WordsOf(function->wFuncFlags, {{FUNCFLAG_FBINDABLE, L"bindable"},
+                                                 {FUNCFLAG_FREQUESTEDIT, L"requestedit"},
+                                                 {FUNCFLAG_FDISPLAYBIND, L"displaybind"},
+                                                 {FUNCFLAG_FDEFAULTBIND, L"defaultbind"},
+                                                 {FUNCFLAG_FHIDDEN, L"hidden"},
+                                                 {FUNCFLAG_FNONBROWSABLE, L"nonbrowsable"},
+                                                 {FUNCFLAG_FRESTRICTED, L"restricted"},
+                                                 {FUNCFLAG_FUIDEFAULT, L"uidefault"}});
+}
+
+std::wstring WordsOf(UINT flags, std::initializer_list<std::pair<UINT, const wchar_t*>> words)
+{
+    std::wstring text;
     for (const auto& [flag, word] : words)
-        text += (function->wFuncFlags & flag) != 0 ? word : L"";
+    {
+        if ((flags & flag) != 0)
+            text += std::wstring(L" ") + word;
+    }
     return text;
 }
 

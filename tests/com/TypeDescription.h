@@ -8,7 +8,9 @@
 #include <oaidl.h>
 #include <wrl/client.h>
 
+#include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kiv::test
@@ -46,6 +48,23 @@ private:
     FUNCDESC* function_ = nullptr;
 };
 
+class VariableDescription
+{
+public:
+    VariableDescription(ITypeInfo* info, UINT index) : info_(info)
+    {
+        Check(info->GetVarDesc(index, &variable_));
+    }
+    VariableDescription(const VariableDescription&) = delete;
+    VariableDescription& operator=(const VariableDescription&) = delete;
+    ~VariableDescription() { info_->ReleaseVarDesc(variable_); }
+    const VARDESC* operator->() const { return variable_; }
+
+private:
+    ITypeInfo* info_;
+    VARDESC* variable_ = nullptr;
+};
+
 struct Documentation
 {
     std::wstring Name;
@@ -64,6 +83,9 @@ Documentation DocumentationOf(Info* info, int member)
 // One member in one line: kind, identifier, name, parameters, result, flags. Hosts see a property's value as
 // its result.
 std::wstring MemberText(ITypeInfo* info, UINT index);
+
+// The words of the flags that are set, a blank before each.
+std::wstring WordsOf(UINT flags, std::initializer_list<std::pair<UINT, const wchar_t*>> words);
 
 // The members of an interface without those of IDispatch, in order.
 std::vector<std::wstring> OwnMembers(ITypeInfo* info);

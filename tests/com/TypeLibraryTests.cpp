@@ -1,4 +1,4 @@
-// The type library that hosts read from the library's file, member by member against the published contract.
+// The type library that hosts read from the library's file.
 
 #include "tests/com/PublishedClasses.h"
 #include "tests/com/TypeLibraryTest.h"
@@ -108,81 +108,6 @@ TEST_F(TypeLibraryTest, HoldsExactlyTheClassesThatCanBeMade)
     }
 }
 
-TEST_F(TypeLibraryTest, DescribesItsClassesAsControls)
-{
-    for (const PublishedClass& each : ClassesIn(library_.Get()))
-    {
-        SCOPED_TRACE(Narrow(each.Name));
-        const ComPtr<ITypeInfo> info = InfoOf(Id(each.Class));
-        const TypeAttributes attributes(info.Get());
-        EXPECT_EQ(attributes->wTypeFlags, TYPEFLAG_FCANCREATE | TYPEFLAG_FCONTROL);
-
-        struct Implemented
-        {
-            std::wstring Name;
-            INT Flags;
-        };
-        std::vector<Implemented> expected = {{std::wstring(L"_") + each.Name, IMPLTYPEFLAG_FDEFAULT}};
-        if (each.HandlesMessages)
-            expected.push_back({L"ISubClass", 0});
-        expected.push_back({std::wstring(L"__") + each.Name, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE});
-        ASSERT_EQ(attributes->cImplTypes, expected.size());
-        for (UINT i = 0; i < expected.size(); ++i)
-        {
-            HREFTYPE reference = 0;
-            INT flags = 0;
-            ComPtr<ITypeInfo> implemented;
-            ASSERT_HRESULT_SUCCEEDED(info->GetRefTypeOfImplType(i, &reference));
-            ASSERT_HRESULT_SUCCEEDED(info->GetImplTypeFlags(i, &flags));
-            ASSERT_HRESULT_SUCCEEDED(info->GetRefTypeInfo(reference, &implemented));
-            EXPECT_EQ(DocumentationOf(implemented.Get(), MEMBERID_NIL).Name, expected[i].Name);
-            EXPECT_EQ(flags, expected[i].Flags) << Narrow(expected[i].Name);
-        }
-    }
-}
-
-TEST_F(TypeLibraryTest, DescribesTheMembersOfYesNo)
-{
-    const ComPtr<ITypeInfo> info = InfoOf(Id(0x3E649236));
-    const TypeAttributes attributes(info.Get());
-    EXPECT_EQ(attributes->wTypeFlags & TYPEFLAG_FDUAL, TYPEFLAG_FDUAL);
-    EXPECT_EQ(attributes->wTypeFlags & TYPEFLAG_FHIDDEN, TYPEFLAG_FHIDDEN);
-    EXPECT_EQ(OwnMembers(info.Get()),
-              (std::vector<std::wstring>{
-                  L"get -501 BackColor() OLE_COLOR",
-                  L"put -501 BackColor(in OLE_COLOR) void",
-                  L"get -513 ForeColor() OLE_COLOR",
-                  L"put -513 ForeColor(in OLE_COLOR) void",
-                  L"get -514 Enabled() VARIANT_BOOL",
-                  L"put -514 Enabled(in VARIANT_BOOL) void",
-                  L"get -512 Font() IFontDisp*",
-                  L"putref -512 Font(in IFontDisp*) void",
-                  L"get -515 hwnd() long",
-                  L"get 1 YesText() BSTR",
-                  L"put 1 YesText(in BSTR) void",
-                  L"get 2 NoText() BSTR",
-                  L"put 2 NoText(in BSTR) void",
-                  L"get 3 Text() VARIANT bindable displaybind defaultbind",
-                  L"put 3 Text(in VARIANT) void bindable displaybind defaultbind",
-                  L"get 0 Value() AnswerEnums",
-                  L"put 0 Value(in AnswerEnums) void",
-                  L"method 4 DrawFocusState(in out optional =0 AnswerEnums* TargetFocus) void",
-                  L"method -552 ShowAboutBox() void",
-              }));
-}
-
-TEST_F(TypeLibraryTest, DescribesTheEventsOfYesNo)
-{
-    const ComPtr<ITypeInfo> info = InfoOf(Id(0x3E649239));
-    const TypeAttributes attributes(info.Get());
-    EXPECT_EQ(attributes->wTypeFlags & TYPEFLAG_FDUAL, 0);
-    EXPECT_EQ(attributes->wTypeFlags & TYPEFLAG_FHIDDEN, TYPEFLAG_FHIDDEN);
-    EXPECT_EQ(OwnMembers(info.Get()), (std::vector<std::wstring>{
-                                          L"method 1 Click(in out VARIANT_BOOL* Cancel) void",
-                                          L"method 2 Change() void",
-                                      }));
-}
-
 TEST_F(TypeLibraryTest, OffersTheWindowProcedureInTheFirstSlotBehindIDispatch)
 {
     const ComPtr<ITypeInfo> info = InfoOf(Id(0x3E649230));
@@ -200,16 +125,6 @@ TEST_F(TypeLibraryTest, OffersTheWindowProcedureInTheFirstSlotBehindIDispatch)
     EXPECT_EQ(MemberText(vtable.Get(), 0), L"method 1610809344 WndProc(in long hwnd, in long msg, in " +
                                                word + L" wParam, in " + word + L" lParam, out retval " +
                                                word + L"* result) HRESULT");
-}
-
-TEST_F(TypeLibraryTest, LaysTheVtableOfYesNoOutInTheOrderOfItsMembers)
-{
-    const ComPtr<ITypeInfo> vtable = VtableSide(InfoOf(Id(0x3E649236)).Get());
-    const TypeAttributes attributes(vtable.Get());
-    ASSERT_EQ(attributes->cFuncs, 19);
-    for (UINT i = 0; i < attributes->cFuncs; ++i)
-        EXPECT_EQ(FunctionDescription(vtable.Get(), i)->oVft, static_cast<SHORT>((7 + i) * sizeof(void*)))
-            << i;
 }
 
 } // namespace
