@@ -1,4 +1,4 @@
-# The published contract, made from framework/KivControls.idl by Wine's IDL compiler:
+# The published contract, made from framework/contract/KivControls.idl by Wine's IDL compiler:
 #   contract/KivControls.h    the interfaces as C++ sees them, included as <KivControls.h>
 #   contract/KivMembers.h     its properties and events as the controls' classes have them
 #   contract/KivControls.tlb  the type library that the resources embed; its path is KIV_TYPE_LIBRARY

@@ -19,10 +19,10 @@ foreach(need "KIV_WIDL|the IDL compiler widl|wine64-tools" "KIV_WINE_IDL_DIR|oai
     endif()
 endforeach()
 
-set(KIV_CONTRACT_IDL ${CMAKE_SOURCE_DIR}/framework/KivControls.idl)
+set(KIV_CONTRACT_IDL ${CMAKE_SOURCE_DIR}/framework/contract/KivControls.idl)
 # Its parts, by family of controls.
-file(GLOB KIV_CONTRACT_PARTS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/framework/contract/*.idl)
-set(KIV_CONTRACT_NAMES ${CMAKE_SOURCE_DIR}/framework/KivControls.names)
+file(GLOB KIV_CONTRACT_PARTS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/framework/contract/[a-z]*.idl)
+set(KIV_CONTRACT_NAMES ${CMAKE_SOURCE_DIR}/framework/contract/KivControls.names)
 
 # Adds the command that compiles the contract: kiv_compile_contract(<x86|x64> <-h|-t> <output>).
 function(kiv_compile_contract arch kind output)

@@ -1,7 +1,7 @@
 #include "controls/amount/AmountBox.h"
 
-#include "runtime/forms/Clipboard.h"
-#include "runtime/forms/Screen.h"
+#include "runtime/constituents/Clipboard.h"
+#include "runtime/drawing/Screen.h"
 
 namespace kiv
 {

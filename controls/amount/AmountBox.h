@@ -2,8 +2,8 @@
 
 #include "controls/amount/AmountRules.h"
 #include "controls/entry/EntryControl.h"
-#include "runtime/forms/Color.h"
-#include "runtime/forms/Label.h"
+#include "runtime/constituents/Label.h"
+#include "runtime/drawing/Color.h"
 
 #include <memory>
 #include <optional>

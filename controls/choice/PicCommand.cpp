@@ -1,6 +1,6 @@
 #include "controls/choice/PicCommand.h"
 
-#include "framework/ModuleData.h"
+#include "framework/subclass/ModuleData.h"
 #include "resources/ResourceIds.h"
 #include "runtime/com/LateBound.h"
 #include "runtime/core/Mnemonic.h"

@@ -2,9 +2,9 @@
 
 #include "controls/choice/PicCommandRules.h"
 #include "controls/standard/StandardControl.h"
-#include "framework/SubClass.h"
-#include "framework/SubClassOwner.h"
-#include "runtime/forms/CommandButton.h"
+#include "framework/subclass/SubClass.h"
+#include "framework/subclass/SubClassOwner.h"
+#include "runtime/constituents/CommandButton.h"
 
 #include <KivMembers.h>
 

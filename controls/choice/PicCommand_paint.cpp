@@ -2,7 +2,7 @@
 
 #include "controls/choice/PicCommand.h"
 
-#include "framework/ModuleData.h"
+#include "framework/subclass/ModuleData.h"
 
 namespace kiv
 {

@@ -2,7 +2,7 @@
 
 #include "controls/choice/Recolor.h"
 #include "resources/ResourceIds.h"
-#include "runtime/forms/PropertyTable.h"
+#include "runtime/control/PropertyTable.h"
 
 #include <olectl.h>
 

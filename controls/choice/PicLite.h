@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/ModuleData.h"
+#include "framework/subclass/ModuleData.h"
 
 #include <KivMembers.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/forms/Gdi.h"
+#include "runtime/drawing/Gdi.h"
 
 namespace kiv
 {

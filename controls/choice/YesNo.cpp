@@ -2,8 +2,8 @@
 
 #include "resources/ResourceIds.h"
 #include "runtime/com/LateBound.h"
-#include "runtime/forms/Color.h"
-#include "runtime/forms/Screen.h"
+#include "runtime/drawing/Color.h"
+#include "runtime/drawing/Screen.h"
 
 using Microsoft::WRL::ComPtr;
 

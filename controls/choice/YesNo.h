@@ -2,9 +2,9 @@
 
 #include "controls/choice/YesNoRules.h"
 #include "controls/standard/StandardControl.h"
-#include "framework/ModuleData.h"
-#include "framework/SubClass.h"
-#include "framework/SubClassOwner.h"
+#include "framework/subclass/ModuleData.h"
+#include "framework/subclass/SubClass.h"
+#include "framework/subclass/SubClassOwner.h"
 
 #include <KivMembers.h>
 

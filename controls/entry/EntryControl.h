@@ -2,9 +2,9 @@
 
 #include "controls/entry/BoxState.h"
 #include "controls/standard/StandardControl.h"
-#include "framework/SubClass.h"
-#include "framework/SubClassOwner.h"
-#include "runtime/forms/TextBox.h"
+#include "framework/subclass/SubClass.h"
+#include "framework/subclass/SubClassOwner.h"
+#include "runtime/constituents/TextBox.h"
 
 #include <KivControls.h>
 

@@ -2,7 +2,7 @@
 
 #include "resources/ResourceIds.h"
 #include "runtime/core/Scoped.h"
-#include "runtime/forms/Color.h"
+#include "runtime/drawing/Color.h"
 
 #include <algorithm>
 

@@ -2,11 +2,11 @@
 
 #include "controls/lists/ChkComboRules.h"
 #include "controls/standard/StandardControl.h"
-#include "framework/SubClass.h"
-#include "framework/SubClassOwner.h"
-#include "runtime/forms/ComboBox.h"
-#include "runtime/forms/ReachWatch.h"
-#include "runtime/forms/ScrollBar.h"
+#include "framework/subclass/SubClass.h"
+#include "framework/subclass/SubClassOwner.h"
+#include "runtime/constituents/ComboBox.h"
+#include "runtime/constituents/ReachWatch.h"
+#include "runtime/constituents/ScrollBar.h"
 
 #include <KivMembers.h>
 

@@ -2,7 +2,7 @@
 
 #include "controls/lists/ChkCombo.h"
 
-#include "framework/ModuleData.h"
+#include "framework/subclass/ModuleData.h"
 #include "runtime/core/Scoped.h"
 
 namespace kiv

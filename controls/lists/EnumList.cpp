@@ -7,9 +7,9 @@
 #include "resources/ResourceIds.h"
 #include "runtime/com/LateBound.h"
 #include "runtime/core/Scoped.h"
-#include "runtime/forms/Color.h"
-#include "runtime/forms/MousePointer.h"
-#include "runtime/forms/Screen.h"
+#include "runtime/drawing/Color.h"
+#include "runtime/drawing/MousePointer.h"
+#include "runtime/drawing/Screen.h"
 
 using Microsoft::WRL::ComPtr;
 

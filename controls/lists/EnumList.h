@@ -2,8 +2,8 @@
 
 #include "controls/lists/EnumLayout.h"
 #include "controls/standard/StandardControl.h"
-#include "runtime/forms/CommandButton.h"
-#include "runtime/forms/Label.h"
+#include "runtime/constituents/CommandButton.h"
+#include "runtime/constituents/Label.h"
 
 #include <KivMembers.h>
 

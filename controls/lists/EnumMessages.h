@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/SubClass.h"
+#include "framework/subclass/SubClass.h"
 
 namespace kiv
 {

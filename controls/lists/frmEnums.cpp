@@ -3,10 +3,10 @@
 #include "controls/lists/EnumLayout.h"
 #include "controls/lists/EnumMessages.h"
 #include "runtime/core/Scoped.h"
-#include "runtime/forms/CharacterWidths.h"
-#include "runtime/forms/Color.h"
-#include "runtime/forms/MousePointer.h"
-#include "runtime/forms/Screen.h"
+#include "runtime/drawing/CharacterWidths.h"
+#include "runtime/drawing/Color.h"
+#include "runtime/drawing/MousePointer.h"
+#include "runtime/drawing/Screen.h"
 
 #include <exception>
 

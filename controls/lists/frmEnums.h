@@ -3,12 +3,12 @@
 #include "controls/lists/CodePicker.h"
 #include "controls/lists/EnumRecordset.h"
 #include "controls/lists/EnumRules.h"
-#include "runtime/forms/CommandButton.h"
-#include "runtime/forms/Form.h"
-#include "runtime/forms/Frame.h"
-#include "runtime/forms/Label.h"
-#include "runtime/forms/ListBox.h"
-#include "runtime/forms/OptionButton.h"
+#include "runtime/constituents/CommandButton.h"
+#include "runtime/constituents/Frame.h"
+#include "runtime/constituents/Label.h"
+#include "runtime/constituents/ListBox.h"
+#include "runtime/constituents/OptionButton.h"
+#include "runtime/form/Form.h"
 
 #include <memory>
 #include <string>

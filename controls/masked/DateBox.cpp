@@ -2,8 +2,8 @@
 
 #include "controls/masked/MaskedBox.h"
 #include "resources/ResourceIds.h"
-#include "runtime/forms/Color.h"
-#include "runtime/forms/KeyState.h"
+#include "runtime/constituents/KeyState.h"
+#include "runtime/drawing/Color.h"
 
 namespace kiv
 {

@@ -1,7 +1,7 @@
 #include "controls/masked/MaskedBox.h"
 
 #include "runtime/com/Boundary.h"
-#include "runtime/forms/Clipboard.h"
+#include "runtime/constituents/Clipboard.h"
 
 namespace kiv
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/masked/OvertypeEditor.h"
-#include "runtime/forms/TextBox.h"
+#include "runtime/constituents/TextBox.h"
 
 #include <functional>
 #include <optional>

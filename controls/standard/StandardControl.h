@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/SubClass.h"
-#include "runtime/forms/PropertyTable.h"
-#include "runtime/forms/UserControl.h"
+#include "framework/subclass/SubClass.h"
+#include "runtime/control/PropertyTable.h"
+#include "runtime/control/UserControl.h"
 
 namespace kiv
 {

@@ -1,8 +1,8 @@
 // The widths of plain characters agree with what the system measures of whole lines.
 
-#include "runtime/forms/CharacterWidths.h"
-#include "runtime/forms/Gdi.h"
-#include "runtime/forms/Graphics.h"
+#include "runtime/drawing/CharacterWidths.h"
+#include "runtime/drawing/Gdi.h"
+#include "runtime/drawing/Graphics.h"
 
 #include <gtest/gtest.h>
 

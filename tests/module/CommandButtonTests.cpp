@@ -1,6 +1,6 @@
 // The constituent button, on a host's window: a real BUTTON, pressed by real messages.
 
-#include "runtime/forms/CommandButton.h"
+#include "runtime/constituents/CommandButton.h"
 #include "tests/support/HostWindow.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Text.h"

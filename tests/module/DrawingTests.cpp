@@ -1,6 +1,6 @@
 // The drawing routines that controls share, held against the system's own.
 
-#include "framework/SubClass.h"
+#include "framework/subclass/SubClass.h"
 #include "tests/support/Pixels.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // Which fonts are stored: those that differ from the container's in what counts.
 
-#include "framework/SubClass.h"
+#include "framework/subclass/SubClass.h"
 #include "runtime/com/ComObject.h"
 #include "runtime/com/MakeCom.h"
 #include "tests/support/NamedRow.h"

@@ -1,7 +1,7 @@
 // The subclassing service: how a window's messages find its owner.
 
-#include "framework/MessageLong.h"
-#include "framework/SubClass.h"
+#include "framework/subclass/MessageLong.h"
+#include "framework/subclass/SubClass.h"
 #include "runtime/com/ComObject.h"
 #include "runtime/com/MakeCom.h"
 #include "tests/support/LibraryTest.h"

@@ -1,6 +1,6 @@
 // The title of the host application, from what its program says about itself.
 
-#include "framework/HostTitle.h"
+#include "framework/subclass/HostTitle.h"
 #include "tests/support/Process.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "runtime/forms/Label.h"
+#include "runtime/constituents/Label.h"
+#include "runtime/control/Surface.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/TestFont.h"
 

@@ -1,7 +1,7 @@
 // The message boxes that controls show.
 
-#include "framework/ModuleData.h"
-#include "framework/SubClass.h"
+#include "framework/subclass/ModuleData.h"
+#include "framework/subclass/SubClass.h"
 #include "tests/support/HostWindow.h"
 #include "tests/support/LibraryTest.h"
 #include "tests/support/MessageBoxWatcher.h"

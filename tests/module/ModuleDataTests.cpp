@@ -1,6 +1,6 @@
 // What the library keeps for each thread: the shared pictures and the title of its message boxes.
 
-#include "framework/ModuleData.h"
+#include "framework/subclass/ModuleData.h"
 #include "runtime/com/PerThread.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Thread.h"

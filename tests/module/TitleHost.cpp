@@ -1,6 +1,6 @@
 // Prints the title that the controls' message boxes would have in this program.
 
-#include "framework/HostTitle.h"
+#include "framework/subclass/HostTitle.h"
 
 #include <cstdio>
 

@@ -131,7 +131,7 @@ function write_statement(statement) {
 END {
     print "// Made from the contract. Do not edit."
     print "#pragma once\n"
-    print "#include \"runtime/forms/DualControl.h\"\n"
+    print "#include \"runtime/control/DualControl.h\"\n"
     print "#include <KivControls.h>\n"
     print "namespace kiv\n{"
     gsub(/[ \t]+/, " ", content)

@@ -5,20 +5,22 @@
 # is the order of its layers. Hosts, tests and benchmarks stand outside: they see it only through COM, but may
 # use the automation building blocks. tests/native, tests/module and the benchmarks of rules look inside,
 # tests/pictures into what reads text pictures.
-MODULE='framework/(SubClass|ModuleData|HostTitle|MessageLong)'
 LAYERS="\
-runtime/core/   runtime/core/
-runtime/com/    runtime/(core|com)/
-runtime/forms/  runtime/
-$MODULE         runtime/|$MODULE
-controls/       runtime/|$MODULE|resources/|controls/
-framework/      runtime/|framework/|controls/
+runtime/core/         runtime/core/
+runtime/com/          runtime/(core|com)/
+runtime/drawing/      runtime/(core|com|drawing)/
+runtime/constituents/ runtime/(core|com|drawing|constituents)/
+runtime/control/      runtime/(core|com|drawing|constituents|control)/
+runtime/form/         runtime/
+framework/subclass/   runtime/|framework/subclass/
+controls/             runtime/|framework/subclass/|resources/|controls/
+framework/library/    runtime/|framework/|controls/
 resources/      resources/
 tools/          runtime/core/|resources/|tools/
 tests/pictures/ tools/pictures/|tests/pictures/
 tests/native/   runtime/core/|controls/|host/|resources/|tools/|tests/(native|pictures)/
 fuzz/           runtime/core/|controls/|host/|fuzz/
-tests/module/   runtime/|$MODULE|host/|tests/(support|module)/
+tests/module/   runtime/|framework/subclass/|host/|tests/(support|module)/
 host/           runtime/(core|com)/|host/
 tests/          runtime/(core|com)/|host/|tests/
 bench/Rules     runtime/core/|controls/|bench/
@@ -88,10 +90,10 @@ portable_files() {
     cpp_sources | grep -E "^((runtime/core|tools|fuzz|tests/(native|pictures)|host/formfile)/|host/data/[A-Za-z]*Query|controls/($rules)\.)"
 }
 
-# Windows takes no window for all windows, for the desktop or for the thread: runtime/forms/Window.cpp makes sure that
+# Windows takes no window for all windows, for the desktop or for the thread: runtime/constituents/Window.cpp makes sure that
 # there is one. A literal nullptr is meant.
 find_raw_window_calls() {
-    cpp_sources | grep -E '^(runtime|framework|controls)/' | grep -vx 'runtime/forms/Window\.cpp' | xargs -r -d '\n' \
+    cpp_sources | grep -E '^(runtime|framework|controls)/' | grep -vx 'runtime/constituents/Window\.cpp' | xargs -r -d '\n' \
         grep -nHoE '\b(InvalidateRect|InvalidateRgn|ValidateRect|RedrawWindow|SetFocus|SetCapture|SetParent|SetTimer|(Post|Peek)Message[AW]?|GetDC(Ex)?|GetWindowDC|LockWindowUpdate)\((nullptr)?' |
         grep -v 'nullptr$' | sed -E 's/^([^:]*:[0-9]+):(.*)\($/\1: \2 takes "no window" for all of them; class Window has it/'
 }

@@ -30,8 +30,8 @@ expect find_misformatted tools/a/A.cpp 'int F()\n{\n    return 1;\n}\n' ''
 expect find_misformatted tools/a/A.cpp 'int F()\n{\n  return 1;\n}\n' 'tools/a/A.cpp:2: not laid out'
 
 # Every layer may see itself and those before it, and nothing after it.
-mkdir -p "$samples"/{runtime/{core,com,forms},framework,controls/x,host,tests/{com,native,pictures},tools/pictures,bench,fuzz}
-for header in runtime/core/H runtime/com/H runtime/forms/H framework/SubClass controls/x/H framework/Library host/H tools/pictures/H tests/pictures/H; do
+mkdir -p "$samples"/{runtime/{core,com,drawing,constituents,control,form},framework/{subclass,library},controls/x,host,tests/{com,native,pictures},tools/pictures,bench,fuzz}
+for header in runtime/{core,com,drawing,constituents,control,form}/H framework/{subclass,library}/H controls/x/H host/H {tools,tests}/pictures/H; do
     : >"$samples/$header.h"
 done
 may_include() { expect find_wrong_includes "$1" "#include \"$2\"\n" ''; }
@@ -39,23 +39,29 @@ must_not_include() { expect find_wrong_includes "$1" "\n#include \"$2\"\n" "$1:2
 may_include runtime/core/A.cpp runtime/core/H.h
 must_not_include runtime/core/A.cpp runtime/com/H.h
 may_include runtime/com/A.cpp runtime/core/H.h
-must_not_include runtime/com/A.cpp runtime/forms/H.h
-may_include runtime/forms/A.cpp runtime/com/H.h
-must_not_include runtime/forms/A.cpp framework/SubClass.h
-may_include framework/SubClass.cpp runtime/forms/H.h
-must_not_include framework/SubClass.cpp controls/x/H.h
-must_not_include framework/SubClass.cpp framework/Library.h
-may_include controls/x/A.cpp framework/SubClass.h
-must_not_include controls/x/A.cpp framework/Library.h
-may_include framework/Library.cpp controls/x/H.h
-must_not_include framework/Library.cpp host/H.h
+must_not_include runtime/com/A.cpp runtime/drawing/H.h
+may_include runtime/drawing/A.cpp runtime/com/H.h
+must_not_include runtime/drawing/A.cpp runtime/constituents/H.h
+may_include runtime/constituents/A.cpp runtime/drawing/H.h
+must_not_include runtime/constituents/A.cpp runtime/control/H.h
+may_include runtime/control/A.cpp runtime/constituents/H.h
+must_not_include runtime/control/A.cpp runtime/form/H.h
+may_include runtime/form/A.cpp runtime/control/H.h
+must_not_include runtime/form/A.cpp framework/subclass/H.h
+may_include framework/subclass/A.cpp runtime/form/H.h
+must_not_include framework/subclass/A.cpp controls/x/H.h
+must_not_include framework/subclass/A.cpp framework/library/H.h
+may_include controls/x/A.cpp framework/subclass/H.h
+must_not_include controls/x/A.cpp framework/library/H.h
+may_include framework/library/A.cpp controls/x/H.h
+must_not_include framework/library/A.cpp host/H.h
 may_include host/A.cpp runtime/com/H.h
-must_not_include host/A.cpp runtime/forms/H.h
+must_not_include host/A.cpp runtime/control/H.h
 may_include tests/com/A.cpp host/H.h
 must_not_include tests/com/A.cpp controls/x/H.h
-may_include tests/module/A.cpp framework/SubClass.h
-must_not_include tests/module/A.cpp framework/Library.h
-must_not_include bench/A.cpp framework/SubClass.h
+may_include tests/module/A.cpp framework/subclass/H.h
+must_not_include tests/module/A.cpp framework/library/H.h
+must_not_include bench/A.cpp framework/subclass/H.h
 may_include tests/native/A.cpp controls/x/H.h
 may_include tests/native/A.cpp tests/pictures/H.h
 may_include tests/com/A.cpp tests/pictures/H.h
@@ -77,10 +83,10 @@ expect find_windows_headers tests/pictures/A.h '#include <windows.h>\n' 'tests/p
 expect find_windows_headers controls/x/A.h '#include <windows.h>\n' ''
 expect find_windows_headers runtime/com/A.h '#include <windows.h>\n' ''
 
-expect find_raw_window_calls runtime/forms/A.cpp 'void F() { SetFocus(w); }\n' 'runtime/forms/A.cpp:1: SetFocus takes'
+expect find_raw_window_calls runtime/control/A.cpp 'void F() { SetFocus(w); }\n' 'runtime/control/A.cpp:1: SetFocus takes'
 expect find_raw_window_calls controls/x/A.cpp '\nauto dc = GetDC(nullptr);\n' ''
 expect find_raw_window_calls controls/x/A.cpp '\nInvalidateRect(w, nullptr, TRUE);\n' 'controls/x/A.cpp:2: InvalidateRect takes'
-expect find_raw_window_calls runtime/forms/Window.cpp 'void F() { SetFocus(w); }\n' ''
+expect find_raw_window_calls runtime/constituents/Window.cpp 'void F() { SetFocus(w); }\n' ''
 expect find_raw_window_calls host/A.cpp 'void F() { SetFocus(w); }\n' ''
 
 expect find_misnamed tools/a/A.cpp 'constexpr int Most = 3;\nint F(int most)\n{\n    constexpr int local = most;\n}\nint main()\n' ''
@@ -94,10 +100,10 @@ expect find_misnamed controls/x/A.h 'class A\n{\nprivate:\n    Label lbl{*this};
 expect find_misnamed controls/x/A.h 'class A\n{\nprivate:\n    ComboBox combo_{*this};\n};\n' 'controls/x/A.h:4: the name of a ComboBox begins with cbo'
 
 expect find_long_files tools/a/A.cpp "$(printf 'x\\n%.0s' {1..600})" ''
-expect find_raw_window_calls runtime/forms/A.cpp 'void F() { SetFocus(w); }\n' 'runtime/forms/A.cpp:1: SetFocus takes'
+expect find_raw_window_calls runtime/control/A.cpp 'void F() { SetFocus(w); }\n' 'runtime/control/A.cpp:1: SetFocus takes'
 expect find_raw_window_calls controls/x/A.cpp '\nauto dc = GetDC(nullptr);\n' ''
 expect find_raw_window_calls controls/x/A.cpp '\nInvalidateRect(w, nullptr, TRUE);\n' 'controls/x/A.cpp:2: InvalidateRect takes'
-expect find_raw_window_calls runtime/forms/Window.cpp 'void F() { SetFocus(w); }\n' ''
+expect find_raw_window_calls runtime/constituents/Window.cpp 'void F() { SetFocus(w); }\n' ''
 expect find_raw_window_calls host/A.cpp 'void F() { SetFocus(w); }\n' ''
 
 expect find_long_files tools/a/A.cpp "$(printf 'x\\n%.0s' {1..601})" 'tools/a/A.cpp:601: over 600 lines'

@@ -1,0 +1,121 @@
+#include "framework/subclass/ModuleData.h"
+
+#include "framework/subclass/HostTitle.h"
+#include "runtime/com/Module.h"
+#include "runtime/com/PerThread.h"
+#include "runtime/drawing/Gdi.h"
+
+#include <olectl.h>
+
+namespace kiv
+{
+
+namespace
+{
+
+constexpr int IconSize = 32;
+
+struct SharedPicture
+{
+    const char* Name;
+    Picture SharedPictures::*Place;
+};
+
+constexpr SharedPicture Icons[] = {
+    {"checkmark", &SharedPictures::checkmark},
+    {"partial", &SharedPictures::partial},
+    {"plus", &SharedPictures::plus},
+    {"minus", &SharedPictures::minus},
+    {"note", &SharedPictures::note},
+    {"graph", &SharedPictures::graph},
+    {"weblink", &SharedPictures::weblink},
+    {"chkcmb_chk", &SharedPictures::chkcmb_chk},
+    {"chkcmb_chk_sel", &SharedPictures::chkcmb_chk_sel},
+    {"chkcmb_par", &SharedPictures::chkcmb_par},
+    {"chkcmb_par_sel", &SharedPictures::chkcmb_par_sel},
+};
+
+constexpr SharedPicture Bitmaps[] = {
+    {"YNCLEAR", &SharedPictures::YNCLEAR},
+    {"YNSET", &SharedPictures::YNSET},
+    {"YNMASK", &SharedPictures::YNMASK},
+};
+
+// A picture object that owns the handle; null when it cannot be made.
+Picture PictureOf(PICTDESC description)
+{
+    description.cbSizeofstruct = sizeof description;
+    Picture picture;
+    OleCreatePictureIndirect(&description, IID_IPicture, TRUE,
+                             reinterpret_cast<void**>(picture.GetAddressOf()));
+    return picture;
+}
+
+Picture LoadIconPicture(const char* name)
+{
+    const auto icon = static_cast<HICON>(
+        LoadImageA(ModuleInstance(), name, IMAGE_ICON, IconSize, IconSize, LR_DEFAULTCOLOR));
+    if (!icon)
+        return nullptr;
+    PICTDESC description = {};
+    description.picType = PICTYPE_ICON;
+    description.icon.hicon = icon;
+    Picture picture = PictureOf(description);
+    if (!picture)
+        DestroyIcon(icon);
+    return picture;
+}
+
+Picture LoadBitmapPicture(const char* name)
+{
+    // A DIB section goes into any device context, a printer's and a metafile's too.
+    GdiObject<HBITMAP> bitmap(
+        static_cast<HBITMAP>(LoadImageA(ModuleInstance(), name, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+    if (!bitmap)
+        return nullptr;
+    PICTDESC description = {};
+    description.picType = PICTYPE_BITMAP;
+    description.bmp.hbitmap = bitmap.Get();
+    Picture picture = PictureOf(description);
+    if (picture)
+        bitmap.Release();
+    return picture;
+}
+
+void* HandleOf(const Picture& picture)
+{
+    OLE_HANDLE handle = 0;
+    if (!picture || FAILED(picture->get_Handle(&handle)))
+        return nullptr;
+    return LongToHandle(static_cast<LONG>(handle));
+}
+
+} // namespace
+
+ModuleData& Module()
+{
+    return PerThread<ModuleData>();
+}
+
+void Main()
+{
+    ModuleData& module = Module();
+    for (const SharedPicture& icon : Icons)
+        module.SharedPictures.*icon.Place = LoadIconPicture(icon.Name);
+    for (const SharedPicture& bitmap : Bitmaps)
+        module.SharedPictures.*bitmap.Place = LoadBitmapPicture(bitmap.Name);
+    module.AppTitle = HostTitle();
+    module.Started = true;
+}
+
+HBITMAP BitmapOf(const Picture& picture)
+{
+    return static_cast<HBITMAP>(HandleOf(picture));
+}
+
+HICON IconOf(const Picture& picture)
+{
+    return static_cast<HICON>(HandleOf(picture));
+}
+
+} // namespace kiv
