@@ -195,7 +195,7 @@ TEST_P(EachBag, FailsTheSaveThatItRefuses)
     {
         const EasyControl control(ClassId());
         MakeUnusual(control);
-        Change(control);
+        Change(control.Get());
         const auto bag = MakeCom<TestPropertyBag>();
         bag->FailWritesFrom(i);
         EXPECT_EQ(Hr(Save(control.Get(), bag.Get())), Hr(STG_E_MEDIUMFULL)) << "write " << i;

@@ -123,7 +123,7 @@ TEST_P(EachDamagedStream, ChangedInItsStructureIsLoadedOrRefused)
 {
     const EasyControl control(ClassId());
     control.InitNew();
-    Change(control);
+    Change(control.Get());
     const int loaded = LoadedOf(SavedBytes(control), Rounds, 1);
     EXPECT_GT(loaded, 0);
     EXPECT_LT(loaded, Rounds);

@@ -230,15 +230,16 @@ const ControlState& EachPersisted::NewState()
     return newState_;
 }
 
-void EachPersisted::Change(const HeldControl& control)
+void EachPersisted::Change(IDispatch* control)
 {
-    const std::vector<ControlProperty> properties = PropertiesOf(control.Get());
+    const std::vector<ControlProperty> properties = PropertiesOf(control);
     for (const PersistedKey& key : Keys())
     {
         const ControlProperty& property = *std::ranges::find(properties, key.Name, &ControlProperty::Name);
         if (property.Type != VT_I4)
             continue;
-        control.Put(key.Name, OtherThan(control.Property(key.Name), property));
+        const Variant other = OtherThan(GetByName(control, key.Name).Value, property);
+        EXPECT_EQ(Hr(PutByName(control, key.Name, other).Result), Hr(S_OK));
         return;
     }
     ADD_FAILURE() << "nothing to change";

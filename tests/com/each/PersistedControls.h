@@ -81,7 +81,7 @@ protected:
     // What a new control shows.
     const ControlState& NewState();
     // Puts another value still, of a property that then has no default either.
-    static void Change(const HeldControl& control);
+    static void Change(IDispatch* control);
     // Of what a control shows, what it keeps.
     static ControlState KeptBy(const HeldControl& control);
 

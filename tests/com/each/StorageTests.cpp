@@ -76,14 +76,14 @@ TEST_P(EachStorage, IsOverwritten)
     const auto persist = control.Query<IPersistStorage>();
     ASSERT_EQ(Hr(persist->InitNew(storage.Get())), Hr(S_OK));
     MakeUnusual(control);
-    Change(control);
+    Change(control.Get());
     SaveInto(control, storage.Get(), TRUE);
     EXPECT_EQ(Hr(persist->IsDirty()), Hr(S_FALSE));
     ExpectLoads(storage.Get(), StateOf(control.Get()));
 
     // Shorter than before: nothing of the longer content may be left at its end.
     control.InitNew();
-    Change(control);
+    Change(control.Get());
     EXPECT_EQ(Hr(persist->IsDirty()), Hr(S_OK));
     SaveInto(control, storage.Get(), TRUE);
     ExpectLoads(storage.Get(), StateOf(control.Get()));
@@ -100,7 +100,7 @@ TEST_P(EachStorage, IsLetGoOfWhenTold)
     EXPECT_EQ(References(storage.Get()), before);
     const ComPtr<IStorage> next = MakeMemoryStorage();
     EXPECT_EQ(Hr(persist->SaveCompleted(next.Get())), Hr(S_OK)) << "the host hands over another one";
-    Change(control);
+    Change(control.Get());
     SaveInto(control, next.Get(), TRUE);
     ExpectLoads(next.Get(), StateOf(control.Get()));
 }
@@ -113,12 +113,12 @@ TEST_P(EachStorage, GivesWayToTheOneThatIsSavedTo)
     const ComPtr<IStorage> second = MakeMemoryStorage();
     const auto persist = control.Query<IPersistStorage>();
     ASSERT_EQ(Hr(persist->InitNew(first.Get())), Hr(S_OK));
-    Change(control);
+    Change(control.Get());
     EXPECT_EQ(Hr(persist->Save(second.Get(), FALSE)), Hr(S_OK));
     EXPECT_EQ(Hr(persist->HandsOffStorage()), Hr(S_OK));
     EXPECT_EQ(Hr(persist->SaveCompleted(second.Get())), Hr(S_OK));
     EXPECT_EQ(Hr(persist->IsDirty()), Hr(S_FALSE));
-    Change(control);
+    Change(control.Get());
     SaveInto(control, second.Get(), TRUE);
     ExpectLoads(second.Get(), StateOf(control.Get()));
     EXPECT_TRUE(ContentOf(first.Get()).empty());

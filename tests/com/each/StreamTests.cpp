@@ -31,7 +31,7 @@ protected:
     {
         const EasyControl control(ClassId());
         MakeUnusual(control);
-        Change(control);
+        Change(control.Get());
         const ControlState state = StateOf(control.Get());
         const HRESULT saved = Save(control.Get(), stream);
         EXPECT_TRUE(FAILED(saved));
@@ -146,7 +146,7 @@ TEST_P(EachStream, IsWantedFromAChangeUntilASave)
     const EasyControl control(ClassId());
     ASSERT_EQ(Hr(Load(control.Get(), UnusualBytes())), Hr(S_OK));
     EXPECT_FALSE(IsDirty(control.Get())) << "just loaded";
-    Change(control);
+    Change(control.Get());
     EXPECT_TRUE(IsDirty(control.Get()));
     const auto stream = MakeCom<TestStream>();
     EXPECT_EQ(Hr(Save(control.Get(), stream.Get(), false)), Hr(S_OK));

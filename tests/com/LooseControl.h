@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/AutomationCalls.h"
 #include "tests/support/LibraryTest.h"
 #include "tests/support/RecordingSite.h"
 #include "tests/support/TestFont.h"
@@ -19,14 +20,14 @@ namespace kiv::test
 struct LooseControl
 {
     Microsoft::WRL::ComPtr<RecordingSite> Site = MakeCom<RecordingSite>();
-    Microsoft::WRL::ComPtr<_YesNo> Control;
+    Microsoft::WRL::ComPtr<IDispatch> Control;
     Microsoft::WRL::ComPtr<IOleObject> Object;
     Microsoft::WRL::ComPtr<IOleInPlaceObject> InPlace;
-    HWND Window = nullptr;
+    HWND Window = nullptr; // null for one that has no property for it
 
-    explicit LooseControl(bool withSite = true)
+    explicit LooseControl(REFCLSID classId, bool withSite = true)
     {
-        Check(Library::UnderTest().Create(CLSID_YesNo).As(&Control));
+        Check(Library::UnderTest().Create(classId).As(&Control));
         Check(Control.As(&Object));
         Check(Control.As(&InPlace));
         Site->SetAmbient(DISPID_AMBIENT_FONT, Variant(static_cast<IDispatch*>(MakeFont().Get())));
@@ -36,9 +37,9 @@ struct LooseControl
         Microsoft::WRL::ComPtr<IPersistStreamInit> persist;
         Check(Control.As(&persist));
         Check(persist->InitNew());
-        long handle = 0;
-        Check(Control->get_hwnd(&handle));
-        Window = reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
+        const CallOutcome window = Invoke(Control.Get(), DISPID_HWND, DISPATCH_PROPERTYGET);
+        if (SUCCEEDED(window.Result))
+            Window = static_cast<HWND>(LongToHandle(window.Value.Long()));
     }
 
     HRESULT Activate(LONG verb = OLEIVERB_UIACTIVATE) const
@@ -51,23 +52,36 @@ struct LooseControl
         InPlace.Reset();
         Control.Reset();
     }
+    // Ends everything, unless that has been done already.
+    void TakeDown()
+    {
+        if (!Control)
+            return;
+        InPlace->UIDeactivate();
+        InPlace->InPlaceDeactivate();
+        Object->Close(OLECLOSE_NOSAVE);
+        Object->SetClientSite(nullptr);
+        Release();
+    }
     ULONG SiteReferences() const { return References(static_cast<IOleClientSite*>(Site.Get())); }
     std::ptrdiff_t CallsOf(const char* name) const { return std::ranges::count(Site->Log().Calls(), name); }
 };
 
-class TeardownTest : public LibraryTest
+// No window is left, and the site is free.
+inline void ExpectGone(const LooseControl& loose)
 {
-protected:
-    // Whatever was begun has been ended, and the site is free.
-    static void ExpectAllOver(const LooseControl& loose)
-    {
-        loose.Site->LetGo();
-        EXPECT_EQ(loose.SiteReferences(), 1U) << "the site is still held";
-        EXPECT_EQ(loose.CallsOf("OnInPlaceActivate"), loose.CallsOf("OnInPlaceDeactivate"));
-        EXPECT_EQ(loose.CallsOf("OnUIActivate"), loose.CallsOf("OnUIDeactivate"));
-        EXPECT_FALSE(IsWindow(loose.Window));
-        EXPECT_EQ(ControlWindows(), 0);
-    }
-};
+    loose.Site->LetGo();
+    EXPECT_EQ(loose.SiteReferences(), 1U) << "the site is still held";
+    EXPECT_FALSE(IsWindow(loose.Window));
+    EXPECT_EQ(ControlWindows(), 0);
+}
+
+// And whatever was begun has been ended.
+inline void ExpectAllOver(const LooseControl& loose)
+{
+    ExpectGone(loose);
+    EXPECT_EQ(loose.CallsOf("OnInPlaceActivate"), loose.CallsOf("OnInPlaceDeactivate"));
+    EXPECT_EQ(loose.CallsOf("OnUIActivate"), loose.CallsOf("OnUIDeactivate"));
+}
 
 } // namespace kiv::test
