@@ -91,6 +91,20 @@ TEST_F(TeardownTest, InsideAnEventOfAnAssignment)
     ExpectAllOver(loose);
 }
 
+TEST_F(TeardownTest, GoesOnWorkingWhenTheHostsWindowIsGone)
+{
+    LooseControl loose(CLSID_YesNo);
+    ASSERT_EQ(Hr(loose.Activate()), Hr(S_OK));
+    loose.Site->Window().Destroy();
+    IDispatch* const control = loose.Control.Get();
+    EXPECT_EQ(Hr(PutByName(control, L"Value", Variant(1L)).Result), Hr(S_OK));
+    EXPECT_EQ(Hr(CallByName(control, L"DrawFocusState").Result), Hr(S_OK));
+    EXPECT_EQ(Hr(GetByName(control, L"hwnd").Result), Hr(S_OK));
+    EXPECT_EQ(Show(GetByName(control, L"Value").Value), Show(Variant(1L)));
+    loose.TakeDown();
+    ExpectAllOver(loose);
+}
+
 TEST_F(TeardownTest, OfASinkThatFails)
 {
     LooseControl loose(CLSID_YesNo);

@@ -1,6 +1,6 @@
 // A control comes to life on a host's form and leaves it again: the calls that the host hears, in order.
 
-#include "tests/com/each/EachTest.h"
+#include "tests/com/each/PersistedControls.h"
 
 #include "tests/support/Text.h"
 
@@ -64,7 +64,7 @@ Calls operator+(Calls first, const Calls& second)
     return first;
 }
 
-class EachActivation : public EachTest
+class EachActivation : public EachPersisted
 {
 protected:
     static bool IsList() { return GetParam().Name == std::wstring(L"ChkCombo"); }
@@ -201,11 +201,11 @@ TEST_P(EachActivation, NeedsASiteForWindows)
     SiteShape shape;
     shape.InPlace = false;
     const HeldControl control(ClassId(), shape);
-    control.InitNew();
+    Begin(control);
     EXPECT_TRUE(FAILED(DoVerb(control, OLEIVERB_INPLACEACTIVATE)));
     HWND window = nullptr;
     EXPECT_TRUE(FAILED(control.Query<IOleInPlaceObject>()->GetWindow(&window)));
-    control.Site().Log().TakeCalls();
+    Change(control.Get());
 }
 
 TEST_P(EachActivation, NeedsASite)
@@ -231,6 +231,7 @@ TEST_P(EachActivation, ManagesWithoutControlSiteAmbientsAndFrame)
         control.InitNew();
         EXPECT_EQ(Hr(DoVerb(control, OLEIVERB_UIACTIVATE)), Hr(S_OK)) << left;
         EXPECT_TRUE(HasFocus(WindowOf(control))) << left;
+        Change(control.Get());
         UpdateWindow(WindowOf(control));
         EXPECT_EQ(Hr(control.Query<IOleInPlaceObject>()->InPlaceDeactivate()), Hr(S_OK)) << left;
     }
