@@ -1,12 +1,11 @@
 // Number and date boxes as pictures: the text box on them is drawn with them, without a window to see.
 
+#include "tests/com/DrawnControl.h"
 #include "tests/com/MaskedControl.h"
 #include "tests/support/LibraryTest.h"
-#include "tests/support/Pixels.h"
 #include "tests/support/Text.h"
 
 #include "runtime/com/Errors.h"
-#include "runtime/core/Units.h"
 
 #include <KivControls.h>
 #include <oleidl.h>
@@ -17,40 +16,21 @@ namespace kiv::test
 namespace
 {
 
-constexpr COLORREF Paper = RGB(255, 0, 255);
-constexpr COLORREF Back = RGB(0, 200, 0);
 constexpr COLORREF Ink = RGB(0, 0, 200);
-constexpr SIZE CanvasSize = {160, 60};
-constexpr RECT Bounds = {20, 10, 140, 40};
 
 class ViewedBox : public LibraryTest
 {
 protected:
-    // A coloured box, as large as the bounds, so that nothing is scaled.
+    // A coloured box.
     explicit ViewedBox(REFCLSID classId) : control_(classId)
     {
         control_.Site().Log().AllowAll();
         control_.InitNew();
         control_.Put(L"BackColor", Variant(static_cast<long>(Back)));
         control_.Put(L"ForeColor", Variant(static_cast<long>(Ink)));
-        SIZEL size = {PixelsToHimetric(Bounds.right - Bounds.left, 96),
-                      PixelsToHimetric(Bounds.bottom - Bounds.top, 96)};
-        Check(control_.Query<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size));
+        FitToBounds(control_);
     }
 
-    Pixels Drawn() const
-    {
-        const Canvas canvas(CanvasSize);
-        const RECT all = {0, 0, CanvasSize.cx, CanvasSize.cy};
-        const HBRUSH brush = CreateSolidBrush(Paper);
-        FillRect(canvas.Dc(), &all, brush);
-        DeleteObject(brush);
-        const RECTL bounds = {Bounds.left, Bounds.top, Bounds.right, Bounds.bottom};
-        EXPECT_EQ(Hr(control_.Query<IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr,
-                                                         canvas.Dc(), &bounds, nullptr, nullptr, 0)),
-                  Hr(S_OK));
-        return canvas.Content();
-    }
     MaskedControl control_;
 };
 
@@ -68,7 +48,7 @@ protected:
 
 TEST_P(MaskedViewTest, ShowsTheBoxInsideTheBoundsOnly)
 {
-    const Pixels drawn = Drawn();
+    const Pixels drawn = Drawn(control_);
     const int inside = (Bounds.right - Bounds.left) * (Bounds.bottom - Bounds.top);
     EXPECT_EQ(drawn.Count(Paper), CanvasSize.cx * CanvasSize.cy - inside);
     EXPECT_EQ(drawn.At(Bounds.left, Bounds.top), GetSysColor(COLOR_BTNSHADOW)) << "the sunken border";
@@ -79,15 +59,15 @@ TEST_P(MaskedViewTest, ShowsTheBoxInsideTheBoundsOnly)
 
 TEST_P(MaskedViewTest, ShowsTheEntry)
 {
-    const Pixels empty = Drawn();
+    const Pixels empty = Drawn(control_);
     control_.Put(L"Value", Variant(*GetParam() == CLSID_DateBox ? L"12/31/04" : L"123-45-6789"));
-    EXPECT_NE(Difference(empty, Drawn()), "");
+    EXPECT_NE(Difference(empty, Drawn(control_)), "");
 }
 
 TEST_P(MaskedViewTest, IsGreyWhenDisabled)
 {
     control_.Put(L"Enabled", Variant(false));
-    const Pixels drawn = Drawn();
+    const Pixels drawn = Drawn(control_);
     EXPECT_EQ(drawn.Count(Ink), 0);
     EXPECT_GT(drawn.Count(GetSysColor(COLOR_GRAYTEXT)), 20);
 }
@@ -95,9 +75,9 @@ TEST_P(MaskedViewTest, IsGreyWhenDisabled)
 TEST_F(RoutingViewTest, DoesNotShowTheBoxThatIsNotInUse)
 {
     control_.Put(L"Style", Variant(2L));
-    EXPECT_EQ(Drawn().Count(Ink), 0) << "an empty routing number, and not the mask under it";
+    EXPECT_EQ(Drawn(control_).Count(Ink), 0) << "an empty routing number, and not the mask under it";
     control_.Put(L"Text", Variant(L"011000015"));
-    EXPECT_GT(Drawn().Count(Ink), 20);
+    EXPECT_GT(Drawn(control_).Count(Ink), 20);
 }
 
 INSTANTIATE_TEST_SUITE_P(Boxes, MaskedViewTest, testing::Values(&CLSID_NumberBox, &CLSID_DateBox),

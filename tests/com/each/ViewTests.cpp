@@ -1,12 +1,12 @@
 // The control as a picture and a size: drawn by the host wherever it likes, active or not.
 
+#include "tests/com/DrawnControl.h"
 #include "tests/com/each/PersistedControls.h"
 
 #include "tests/support/Pixels.h"
 #include "tests/support/Text.h"
 
 #include "runtime/com/Errors.h"
-#include "runtime/core/Units.h"
 
 #include <oleidl.h>
 
@@ -20,11 +20,6 @@ namespace kiv::test
 
 namespace
 {
-
-constexpr COLORREF Paper = RGB(255, 0, 255);
-constexpr COLORREF Back = RGB(0, 200, 0);
-constexpr SIZE CanvasSize = {200, 100};
-constexpr RECT Bounds = {20, 10, 140, 50};
 
 // Hears of changes of the picture.
 class AdviseRecorder final : public ComObject<IAdviseSink>
@@ -50,10 +45,7 @@ protected:
         control_->InitNew();
         if (Has(L"BackColor"))
             control_->Put(L"BackColor", Variant(static_cast<long>(Back)));
-        // As large as the bounds, so that nothing is scaled.
-        SIZEL size = {PixelsToHimetric(Bounds.right - Bounds.left, 96),
-                      PixelsToHimetric(Bounds.bottom - Bounds.top, 96)};
-        Check(control_->Query<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size));
+        FitToBounds(*control_);
     }
     void TearDown() override
     {
@@ -61,25 +53,6 @@ protected:
         EachPersisted::TearDown();
     }
 
-    static void FillPaper(const Canvas& canvas)
-    {
-        const RECT all = {0, 0, CanvasSize.cx, CanvasSize.cy};
-        const HBRUSH brush = CreateSolidBrush(Paper);
-        FillRect(canvas.Dc(), &all, brush);
-        DeleteObject(brush);
-    }
-    HRESULT Draw(HDC dc, const RECTL& bounds) const
-    {
-        return control_->Query<IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc,
-                                                    &bounds, nullptr, nullptr, 0);
-    }
-    Pixels Drawn() const
-    {
-        const Canvas canvas(CanvasSize);
-        FillPaper(canvas);
-        EXPECT_EQ(Hr(Draw(canvas.Dc(), {Bounds.left, Bounds.top, Bounds.right, Bounds.bottom})), Hr(S_OK));
-        return canvas.Content();
-    }
     static bool Is(const wchar_t* name) { return GetParam().Name == std::wstring_view(name); }
     // Inside the bounds the back colour and something on it, outside nothing. slack: by how many pixels the
     // edges may be off.
@@ -120,17 +93,17 @@ protected:
 
 TEST_P(EachView, IsDrawnWhileInactive)
 {
-    ExpectPicture(Drawn());
+    ExpectPicture(Drawn(*control_));
 }
 
 TEST_P(EachView, IsDrawnWhileActive)
 {
-    const Pixels inactive = Drawn();
+    const Pixels inactive = Drawn(*control_);
     ASSERT_EQ(Hr(control_->Query<IOleObject>()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &control_->Site(),
                                                        0, control_->Site().Window().Handle(),
                                                        &control_->Site().Position())),
               Hr(S_OK));
-    EXPECT_EQ(Difference(inactive, Drawn()), "");
+    EXPECT_EQ(Difference(inactive, Drawn(*control_)), "");
 }
 
 TEST_P(EachView, LeavesTheDeviceContextAsItWas)
@@ -142,7 +115,7 @@ TEST_P(EachView, LeavesTheDeviceContextAsItWas)
     SetBkMode(canvas.Dc(), OPAQUE);
     const HGDIOBJ font = GetCurrentObject(canvas.Dc(), OBJ_FONT);
     POINT origin = {};
-    EXPECT_EQ(Hr(Draw(canvas.Dc(), {Bounds.left, Bounds.top, Bounds.right, Bounds.bottom})), Hr(S_OK));
+    EXPECT_EQ(Hr(DrawInBounds(*control_, canvas.Dc())), Hr(S_OK));
     EXPECT_EQ(GetTextColor(canvas.Dc()), RGB(1, 2, 3));
     EXPECT_EQ(GetBkColor(canvas.Dc()), RGB(4, 5, 6));
     EXPECT_EQ(GetBkMode(canvas.Dc()), OPAQUE);
@@ -159,7 +132,6 @@ TEST_P(EachView, LeavesTheDeviceContextAsItWas)
 // As a host prints, or puts a form on the clipboard. The logical window is the whole form.
 TEST_P(EachView, IsDrawnIntoAnEnhancedMetafile)
 {
-    const RECTL bounds = {Bounds.left, Bounds.top, Bounds.right, Bounds.bottom};
     const RECTL window = {0, 0, CanvasSize.cx, CanvasSize.cy}; // origin and extent
     // As large as the canvas, in hundredths of a millimetre of the screen.
     const HDC screen = GetDC(nullptr);
@@ -171,9 +143,7 @@ TEST_P(EachView, IsDrawnIntoAnEnhancedMetafile)
     {
         const HDC recording = CreateEnhMetaFileW(nullptr, nullptr, &frame, nullptr);
         ASSERT_NE(recording, nullptr);
-        EXPECT_EQ(Hr(control_->Query<IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr,
-                                                          recording, &bounds, windowBounds, nullptr, 0)),
-                  Hr(S_OK));
+        EXPECT_EQ(Hr(DrawInBounds(*control_, recording, windowBounds)), Hr(S_OK));
         const HENHMETAFILE metafile = CloseEnhMetaFile(recording);
         ASSERT_NE(metafile, nullptr);
         const Canvas canvas(CanvasSize);
@@ -194,11 +164,8 @@ TEST_P(EachView, IsDrawnIntoAWindowsMetafile)
     SetMapMode(recording, MM_ANISOTROPIC);
     SetWindowOrgEx(recording, 0, 0, nullptr);
     SetWindowExtEx(recording, CanvasSize.cx, CanvasSize.cy, nullptr);
-    const RECTL bounds = {Bounds.left, Bounds.top, Bounds.right, Bounds.bottom};
     const RECTL window = {0, 0, CanvasSize.cx, CanvasSize.cy};
-    EXPECT_EQ(Hr(control_->Query<IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr,
-                                                      recording, &bounds, &window, nullptr, 0)),
-              Hr(S_OK));
+    EXPECT_EQ(Hr(DrawInBounds(*control_, recording, &window)), Hr(S_OK));
     const HMETAFILE metafile = CloseMetaFile(recording);
     ASSERT_NE(metafile, nullptr);
     const Canvas canvas(CanvasSize);
@@ -235,8 +202,8 @@ TEST_P(EachView, SurvivesOddBounds)
     const RECTL rows[] = {{0, 0, 0, 0},  {0, 0, 1, 1},        {50, 50, 10, 10}, {-1000, -1000, -900, -980},
                           {0, 0, 20, 5}, {0, 0, 30000, 30000}};
     for (const RECTL& bounds : rows)
-        Draw(canvas.Dc(), bounds);
-    ExpectPicture(Drawn());
+        Draw(*control_, canvas.Dc(), bounds);
+    ExpectPicture(Drawn(*control_));
 }
 
 TEST_P(EachView, TellsItsAdviseSinkOfAnotherPicture)
