@@ -78,8 +78,8 @@ void PicCommand::UserControl_Initialize()
     Font(CreateDefaultFont());
     for (const HWND window : {TheSurface().hWnd(), cmd.hWnd()})
         RegisterOwner(window, &subClass_);
-    HookWindow(TheSurface().hWnd(), PrevWndProc);
-    HookWindow(cmd.hWnd(), PrevWndProcOfCmd);
+    PrevWndProc.Hook(TheSurface());
+    PrevWndProcOfCmd.Hook(cmd);
 }
 
 // A new one is called as the form calls it.
@@ -120,8 +120,8 @@ void PicCommand::UserControl_WriteProperties(PropertyBag& PropBag)
 
 void PicCommand::UserControl_Terminate()
 {
-    UnhookWindow(TheSurface().hWnd(), PrevWndProc);
-    UnhookWindow(cmd.hWnd(), PrevWndProcOfCmd);
+    PrevWndProc.Unhook();
+    PrevWndProcOfCmd.Unhook();
 }
 
 // Also while the control is loading: a stored Value that presses the button is a click like any other.

@@ -66,8 +66,8 @@ private:
     long PictureType = 0;
     std::wstring Caption;
     CommandButton cmd{*this, TheSurface().hWnd()};
-    WndProcSlot PrevWndProc = 0;
-    WndProcSlot PrevWndProcOfCmd = 0;
+    WindowHook PrevWndProc;
+    WindowHook PrevWndProcOfCmd;
 };
 
 } // namespace kiv

@@ -77,7 +77,7 @@ void YesNo::UserControl_Initialize()
         Main();
     Font(CreateDefaultFont());
     RegisterOwner(TheSurface().hWnd(), &subClass_);
-    HookWindow(TheSurface().hWnd(), PrevWndProc);
+    PrevWndProc.Hook(TheSurface());
     FocusOption = 1;
 }
 
@@ -167,7 +167,7 @@ void YesNo::UserControl_WriteProperties(PropertyBag& PropBag)
 
 void YesNo::UserControl_Terminate()
 {
-    UnhookWindow(TheSurface().hWnd(), PrevWndProc);
+    PrevWndProc.Unhook();
 }
 
 bool YesNo::Hooks(HWND hwnd) const

@@ -68,7 +68,7 @@ private:
     Variant NoText; // whatever kind of value the container's bag held; compared and handed out as text
     short FocusOption = 1;
     YesNoLayout layout_;
-    WndProcSlot PrevWndProc = 0;
+    WindowHook PrevWndProc;
 };
 
 } // namespace kiv

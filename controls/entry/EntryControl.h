@@ -47,10 +47,11 @@ protected:
 
     // One box at a time is hooked: another one's hook goes.
     void HookBox(const TextBox& box);
-    void UnhookBox() { UnhookWindow(hookedWindow_, PrevWndProc); }
+    // Also before the boxes go, which are parts of the derived class.
+    void UnhookBox() { PrevWndProc.Unhook(); }
     HWND HookedWindow() const { return hookedWindow_; }
 
-    WndProcSlot PrevWndProc = 0;
+    WindowHook PrevWndProc;
 
 private:
     SubClassOwner<EntryControl> subClass_{*this};

@@ -57,9 +57,9 @@ void ChkCombo::UserControl_Initialize()
     Font(CreateDefaultFont());
     for (const HWND window : {TheSurface().hWnd(), cbo.hWnd(), HScroll1.hWnd()})
         RegisterOwner(window, &subClass_);
-    HookWindow(TheSurface().hWnd(), controlPrevWndProc_);
-    HookWindow(cbo.hWnd(), comboPrevWndProc_);
-    HookWindow(HScroll1.hWnd(), scrollBarPrevWndProc_);
+    controlPrevWndProc_.Hook(TheSurface());
+    comboPrevWndProc_.Hook(cbo);
+    scrollBarPrevWndProc_.Hook(HScroll1);
 }
 
 void ChkCombo::UserControl_InitProperties()
@@ -109,9 +109,9 @@ void ChkCombo::UserControl_Hide()
 // The combo box goes with the control, whose part it is.
 void ChkCombo::UserControl_Terminate()
 {
-    UnhookWindow(TheSurface().hWnd(), controlPrevWndProc_);
-    UnhookWindow(cbo.hWnd(), comboPrevWndProc_);
-    UnhookWindow(HScroll1.hWnd(), scrollBarPrevWndProc_);
+    controlPrevWndProc_.Unhook();
+    comboPrevWndProc_.Unhook();
+    scrollBarPrevWndProc_.Unhook();
 }
 
 void ChkCombo::HScroll1_Change()

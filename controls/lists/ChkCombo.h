@@ -103,9 +103,9 @@ private:
     bool choosing_ = false;           // the user has picked from the open list
     bool leftMeanwhile_ = false;      // the host has put the control away in DropDown
     std::optional<ReachWatch> watch_; // while the list is open
-    WndProcSlot controlPrevWndProc_ = 0;
-    WndProcSlot comboPrevWndProc_ = 0;
-    WndProcSlot scrollBarPrevWndProc_ = 0;
+    WindowHook controlPrevWndProc_;
+    WindowHook comboPrevWndProc_;
+    WindowHook scrollBarPrevWndProc_;
 };
 
 } // namespace kiv

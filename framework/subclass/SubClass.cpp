@@ -2,7 +2,6 @@
 
 #include "framework/subclass/MessageLong.h"
 #include "framework/subclass/ModuleData.h"
-#include "runtime/constituents/Window.h"
 #include "runtime/drawing/Graphics.h"
 
 using Microsoft::WRL::ComPtr;
@@ -15,19 +14,21 @@ void RegisterOwner(HWND hwnd, ISubClass* owner) noexcept
     SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(owner));
 }
 
-void HookWindow(HWND hwnd, WndProcSlot& PrevWndProc) noexcept
+void WindowHook::Hook(const Window& window) noexcept
 {
-    if (PrevWndProc != 0)
+    if (previous_)
         return; // a second hook would make the chain loop into itself
-    PrevWndProc = SetWindowLongPtrA(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SubClassWndProc));
+    window_ = &window;
+    previous_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(window.hWnd(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SubClassWndProc)));
 }
 
-void UnhookWindow(HWND hwnd, WndProcSlot& PrevWndProc) noexcept
+void WindowHook::Unhook() noexcept
 {
-    if (PrevWndProc == 0)
+    if (!previous_)
         return;
-    SetWindowLongPtrA(hwnd, GWLP_WNDPROC, PrevWndProc);
-    PrevWndProc = 0;
+    SetWindowLongPtrA(window_->hWnd(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous_));
+    previous_ = nullptr;
 }
 
 LRESULT CALLBACK SubClassWndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept

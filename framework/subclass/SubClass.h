@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/com/PropertyBag.h"
+#include "runtime/constituents/Window.h"
 #include "runtime/drawing/FontReference.h"
 
 #include <windows.h>
@@ -13,30 +14,44 @@ namespace kiv
 {
 
 // The window subclassing service. One window procedure serves all hooked windows: a window's user-data slot
-// leads to its owner's ISubClass, and each owner keeps the previous procedure of each window that it hooks.
-// There is no table of windows.
+// leads to its owner's ISubClass, and each owner keeps a WindowHook for each window that it hooks. There is
+// no table of windows.
 
-// The previous window procedure of a hooked window; 0 while it is not hooked.
-using WndProcSlot = LONG_PTR;
-
-// Leads the window's messages to an owner, not counted: the owner unhooks before it goes. Comes before
-// HookWindow.
+// Leads the window's messages to an owner, not counted: the owner unhooks before it goes. Comes before the
+// hook.
 void RegisterOwner(HWND hwnd, ISubClass* owner) noexcept;
 
-// Installs SubClassWndProc, unless the slot says that it already is.
-void HookWindow(HWND hwnd, WndProcSlot& PrevWndProc) noexcept;
+// A hook in a window, for as long as it lives unless it is taken out before.
+class WindowHook
+{
+public:
+    WindowHook() = default;
+    WindowHook(const WindowHook&) = delete;
+    WindowHook& operator=(const WindowHook&) = delete;
+    ~WindowHook() { Unhook(); }
 
-// Restores the previous procedure. The user-data slot stays as it is.
-void UnhookWindow(HWND hwnd, WndProcSlot& PrevWndProc) noexcept;
+    // Installs SubClassWndProc, unless a window is hooked already. The window is to outlive the hook, gone or
+    // not.
+    void Hook(const Window& window) noexcept;
+    // Restores the previous procedure, if the window is still there. The user-data slot stays as it is.
+    void Unhook() noexcept;
+
+    // The window procedure that the hook replaced; null while there is none.
+    WNDPROC Previous() const { return previous_; }
+
+private:
+    const Window* window_ = nullptr;
+    WNDPROC previous_ = nullptr;
+};
 
 // Hands a message to the window's owner, which decides whether it is forwarded.
 LRESULT CALLBACK SubClassWndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) noexcept;
 
 // Hands a message to the procedure that a hook replaced.
-inline LRESULT CallPrevious(WndProcSlot PrevWndProc, HWND hwnd, UINT msg, WPARAM wParam,
+inline LRESULT CallPrevious(const WindowHook& PrevWndProc, HWND hwnd, UINT msg, WPARAM wParam,
                             LPARAM lParam) noexcept
 {
-    return CallWindowProcA(reinterpret_cast<WNDPROC>(PrevWndProc), hwnd, msg, wParam, lParam);
+    return CallWindowProcA(PrevWndProc.Previous(), hwnd, msg, wParam, lParam);
 }
 
 // Asked before a constituent text box is hooked; always False. A build for debugging could veto hooking here.

@@ -34,7 +34,7 @@ struct Message
 class Owner final : public ComObject<Chain<ISubClass, IDispatch>>
 {
 public:
-    void Forward(const WndProcSlot& previous) { previous_ = &previous; }
+    void Forward(const WindowHook& previous) { previous_ = &previous; }
     void Answer(LRESULT result) { result_ = result; }
     void Fail() { outcome_ = E_FAIL; }
     const std::vector<Message>& Messages() const { return messages_; }
@@ -69,7 +69,7 @@ public:
     }
 
 private:
-    const WndProcSlot* previous_ = nullptr;
+    const WindowHook* previous_ = nullptr;
     LRESULT result_ = 0;
     HRESULT outcome_ = S_OK;
     std::vector<Message> messages_;
@@ -81,22 +81,23 @@ class Window
 {
 public:
     Window() :
-        handle_(CreateWindowExA(0, ClassName(), "", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr,
+        hooked_(CreateWindowExA(0, ClassName(), "", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr,
                                 GetModuleHandleW(nullptr), nullptr))
     {
     }
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
-    ~Window() { DestroyWindow(handle_); }
+    ~Window() { DestroyWindow(Handle()); }
 
-    HWND Handle() const { return handle_; }
-    LONG_PTR Procedure() const { return GetWindowLongPtrA(handle_, GWLP_WNDPROC); }
-    LONG_PTR UserData() const { return GetWindowLongPtrA(handle_, GWLP_USERDATA); }
+    HWND Handle() const { return hooked_.hWnd(); }
+    const kiv::Window& AsHooked() const { return hooked_; }
+    LONG_PTR Procedure() const { return GetWindowLongPtrA(Handle(), GWLP_WNDPROC); }
+    LONG_PTR UserData() const { return GetWindowLongPtrA(Handle(), GWLP_USERDATA); }
     LRESULT Send(UINT number, WPARAM wParam = 0, LPARAM lParam = 0) const
     {
-        return SendMessageA(handle_, number, wParam, lParam);
+        return SendMessageA(Handle(), number, wParam, lParam);
     }
-    int Arrived() const { return static_cast<int>(GetWindowLongPtrA(handle_, 0)); }
+    int Arrived() const { return static_cast<int>(GetWindowLongPtrA(Handle(), 0)); }
 
     static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
     {
@@ -120,7 +121,7 @@ private:
         return reinterpret_cast<const char*>(static_cast<ULONG_PTR>(registered));
     }
 
-    HWND handle_;
+    const kiv::Window hooked_;
 };
 
 const auto TheServicesProcedure = reinterpret_cast<LONG_PTR>(&SubClassWndProc);
@@ -131,14 +132,12 @@ protected:
     void Hook()
     {
         RegisterOwner(window_.Handle(), owner_.Get());
-        HookWindow(window_.Handle(), PrevWndProc);
+        PrevWndProc.Hook(window_.AsHooked());
     }
-
-    ~HookTest() override { UnhookWindow(window_.Handle(), PrevWndProc); }
 
     const ComPtr<Owner> owner_ = MakeCom<Owner>();
     const Window window_;
-    WndProcSlot PrevWndProc = 0;
+    WindowHook PrevWndProc;
 };
 
 TEST_F(HookTest, PutsTheServiceInFrontOfTheWindow)
@@ -146,11 +145,11 @@ TEST_F(HookTest, PutsTheServiceInFrontOfTheWindow)
     const LONG_PTR before = window_.Procedure();
     Hook();
     EXPECT_EQ(window_.Procedure(), TheServicesProcedure);
-    EXPECT_EQ(PrevWndProc, before);
+    EXPECT_EQ(reinterpret_cast<LONG_PTR>(PrevWndProc.Previous()), before);
     EXPECT_EQ(window_.UserData(), reinterpret_cast<LONG_PTR>(static_cast<ISubClass*>(owner_.Get())));
-    UnhookWindow(window_.Handle(), PrevWndProc);
+    PrevWndProc.Unhook();
     EXPECT_EQ(window_.Procedure(), before);
-    EXPECT_EQ(PrevWndProc, 0);
+    EXPECT_EQ(PrevWndProc.Previous(), nullptr);
     EXPECT_EQ(window_.UserData(), reinterpret_cast<LONG_PTR>(static_cast<ISubClass*>(owner_.Get())))
         << "the owner's pointer is left as it is";
 }
@@ -190,34 +189,47 @@ TEST_F(HookTest, HooksOnceThroughOneField)
 {
     const LONG_PTR before = window_.Procedure();
     Hook();
-    HookWindow(window_.Handle(), PrevWndProc);
-    EXPECT_EQ(PrevWndProc, before) << "the field keeps the first previous procedure";
+    PrevWndProc.Hook(window_.AsHooked());
+    EXPECT_EQ(reinterpret_cast<LONG_PTR>(PrevWndProc.Previous()), before)
+        << "the field keeps the first previous procedure";
     owner_->Forward(PrevWndProc);
     EXPECT_EQ(window_.Send(WM_APP), WM_APP);
     EXPECT_EQ(owner_->Messages().size(), 1U);
     EXPECT_EQ(window_.Arrived(), 1);
-    UnhookWindow(window_.Handle(), PrevWndProc);
+    PrevWndProc.Unhook();
     EXPECT_EQ(window_.Procedure(), before);
 }
 
 TEST_F(HookTest, UnhooksOnceThroughOneField)
 {
     Hook();
-    UnhookWindow(window_.Handle(), PrevWndProc);
+    PrevWndProc.Unhook();
     const auto somebodyElses = reinterpret_cast<LONG_PTR>(&DefWindowProcA);
     SetWindowLongPtrA(window_.Handle(), GWLP_WNDPROC, somebodyElses);
     const LONG_PTR now = window_.Procedure();
-    UnhookWindow(window_.Handle(), PrevWndProc);
+    PrevWndProc.Unhook();
     EXPECT_EQ(window_.Procedure(), now);
-    EXPECT_EQ(PrevWndProc, 0);
+    EXPECT_EQ(PrevWndProc.Previous(), nullptr);
 }
 
 TEST_F(HookTest, DoesNotUnhookWhatWasNotHooked)
 {
     const LONG_PTR before = window_.Procedure();
-    UnhookWindow(window_.Handle(), PrevWndProc);
+    PrevWndProc.Unhook();
     EXPECT_EQ(window_.Procedure(), before);
-    EXPECT_EQ(PrevWndProc, 0);
+    EXPECT_EQ(PrevWndProc.Previous(), nullptr);
+}
+
+TEST_F(HookTest, UnhooksWhenItGoes)
+{
+    const LONG_PTR before = window_.Procedure();
+    RegisterOwner(window_.Handle(), owner_.Get());
+    {
+        WindowHook hook;
+        hook.Hook(window_.AsHooked());
+        EXPECT_EQ(window_.Procedure(), TheServicesProcedure);
+    }
+    EXPECT_EQ(window_.Procedure(), before);
 }
 
 TEST_F(HookTest, HoldsNoReferenceToTheOwner)
@@ -227,7 +239,7 @@ TEST_F(HookTest, HoldsNoReferenceToTheOwner)
     window_.Send(WM_APP);
     EXPECT_EQ(owner_->ReferencesInside(), before);
     EXPECT_EQ(References(static_cast<ISubClass*>(owner_.Get())), before);
-    UnhookWindow(window_.Handle(), PrevWndProc);
+    PrevWndProc.Unhook();
     EXPECT_EQ(References(static_cast<ISubClass*>(owner_.Get())), before);
 }
 
@@ -262,16 +274,16 @@ TEST_F(HookTest, KeepsTheMessagesOfTwoOwnersApart)
     Hook();
     const ComPtr<Owner> other = MakeCom<Owner>();
     const Window otherWindow;
-    WndProcSlot otherPrevWndProc = 0;
+    WindowHook otherPrevWndProc;
     RegisterOwner(otherWindow.Handle(), other.Get());
-    HookWindow(otherWindow.Handle(), otherPrevWndProc);
+    otherPrevWndProc.Hook(otherWindow.AsHooked());
     window_.Send(WM_APP + 1);
     otherWindow.Send(WM_APP + 2);
     window_.Send(WM_APP + 3);
     EXPECT_TRUE(owner_->Messages() == (std::vector<Message>{{window_.Handle(), WM_APP + 1, 0, 0},
                                                             {window_.Handle(), WM_APP + 3, 0, 0}}));
     EXPECT_TRUE(other->Messages() == (std::vector<Message>{{otherWindow.Handle(), WM_APP + 2, 0, 0}}));
-    UnhookWindow(otherWindow.Handle(), otherPrevWndProc);
+    otherPrevWndProc.Unhook();
     otherWindow.Send(WM_APP + 4);
     window_.Send(WM_APP + 5);
     EXPECT_EQ(other->Messages().size(), 1U);
@@ -282,14 +294,14 @@ TEST_F(HookTest, GivesOneOwnerTheMessagesOfAllItsWindows)
 {
     Hook();
     const Window second;
-    WndProcSlot secondPrevWndProc = 0;
+    WindowHook secondPrevWndProc;
     RegisterOwner(second.Handle(), owner_.Get());
-    HookWindow(second.Handle(), secondPrevWndProc);
+    secondPrevWndProc.Hook(second.AsHooked());
     second.Send(WM_APP + 1);
     window_.Send(WM_APP + 2);
     EXPECT_TRUE(owner_->Messages() == (std::vector<Message>{{second.Handle(), WM_APP + 1, 0, 0},
                                                             {window_.Handle(), WM_APP + 2, 0, 0}}));
-    UnhookWindow(second.Handle(), secondPrevWndProc);
+    secondPrevWndProc.Unhook();
 }
 
 // A text box that was made anew.
@@ -298,15 +310,15 @@ TEST_F(HookTest, MovesToAnotherWindowThroughTheSameField)
     const LONG_PTR before = window_.Procedure();
     Hook();
     const Window renewed;
-    UnhookWindow(window_.Handle(), PrevWndProc);
+    PrevWndProc.Unhook();
     RegisterOwner(renewed.Handle(), owner_.Get());
-    HookWindow(renewed.Handle(), PrevWndProc);
+    PrevWndProc.Hook(renewed.AsHooked());
     EXPECT_EQ(window_.Procedure(), before);
     EXPECT_EQ(renewed.Procedure(), TheServicesProcedure);
     window_.Send(WM_APP + 1);
     renewed.Send(WM_APP + 2);
     EXPECT_TRUE(owner_->Messages() == (std::vector<Message>{{renewed.Handle(), WM_APP + 2, 0, 0}}));
-    UnhookWindow(renewed.Handle(), PrevWndProc);
+    PrevWndProc.Unhook();
 }
 
 TEST_F(HookTest, NeverVetoesHooking)
