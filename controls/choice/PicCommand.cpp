@@ -78,8 +78,8 @@ void PicCommand::UserControl_Initialize()
     Font(CreateDefaultFont());
     for (const HWND window : {TheSurface().hWnd(), cmd.hWnd()})
         RegisterOwner(window, &subClass_);
-    PrevWndProc.Hook(TheSurface());
-    PrevWndProcOfCmd.Hook(cmd);
+    PrevWndProc.HookWindow(TheSurface());
+    PrevWndProcOfCmd.HookWindow(cmd);
 }
 
 // A new one is called as the form calls it.
@@ -120,8 +120,8 @@ void PicCommand::UserControl_WriteProperties(PropertyBag& PropBag)
 
 void PicCommand::UserControl_Terminate()
 {
-    PrevWndProc.Unhook();
-    PrevWndProcOfCmd.Unhook();
+    PrevWndProc.UnhookWindow();
+    PrevWndProcOfCmd.UnhookWindow();
 }
 
 // Also while the control is loading: a stored Value that presses the button is a click like any other.

@@ -77,7 +77,7 @@ void YesNo::UserControl_Initialize()
         Main();
     Font(CreateDefaultFont());
     RegisterOwner(TheSurface().hWnd(), &subClass_);
-    PrevWndProc.Hook(TheSurface());
+    PrevWndProc.HookWindow(TheSurface());
     FocusOption = 1;
 }
 
@@ -167,7 +167,7 @@ void YesNo::UserControl_WriteProperties(PropertyBag& PropBag)
 
 void YesNo::UserControl_Terminate()
 {
-    PrevWndProc.Unhook();
+    PrevWndProc.UnhookWindow();
 }
 
 bool YesNo::Hooks(HWND hwnd) const

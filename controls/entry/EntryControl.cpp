@@ -44,7 +44,7 @@ void EntryControl::HookBox(const TextBox& box)
     hookedWindow_ = box.hWnd();
     RegisterOwner(hookedWindow_, &subClass_);
     if (!ErrorPending())
-        PrevWndProc.Hook(box);
+        PrevWndProc.HookWindow(box);
 }
 
 } // namespace kiv

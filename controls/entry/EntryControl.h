@@ -48,7 +48,7 @@ protected:
     // One box at a time is hooked: another one's hook goes.
     void HookBox(const TextBox& box);
     // Also before the boxes go, which are parts of the derived class.
-    void UnhookBox() { PrevWndProc.Unhook(); }
+    void UnhookBox() { PrevWndProc.UnhookWindow(); }
     HWND HookedWindow() const { return hookedWindow_; }
 
     WindowHook PrevWndProc;

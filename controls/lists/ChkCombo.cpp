@@ -57,9 +57,9 @@ void ChkCombo::UserControl_Initialize()
     Font(CreateDefaultFont());
     for (const HWND window : {TheSurface().hWnd(), cbo.hWnd(), HScroll1.hWnd()})
         RegisterOwner(window, &subClass_);
-    controlPrevWndProc_.Hook(TheSurface());
-    comboPrevWndProc_.Hook(cbo);
-    scrollBarPrevWndProc_.Hook(HScroll1);
+    controlPrevWndProc_.HookWindow(TheSurface());
+    comboPrevWndProc_.HookWindow(cbo);
+    scrollBarPrevWndProc_.HookWindow(HScroll1);
 }
 
 void ChkCombo::UserControl_InitProperties()
@@ -109,9 +109,9 @@ void ChkCombo::UserControl_Hide()
 // The combo box goes with the control, whose part it is.
 void ChkCombo::UserControl_Terminate()
 {
-    controlPrevWndProc_.Unhook();
-    comboPrevWndProc_.Unhook();
-    scrollBarPrevWndProc_.Unhook();
+    controlPrevWndProc_.UnhookWindow();
+    comboPrevWndProc_.UnhookWindow();
+    scrollBarPrevWndProc_.UnhookWindow();
 }
 
 void ChkCombo::HScroll1_Change()

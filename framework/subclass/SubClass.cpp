@@ -14,7 +14,7 @@ void RegisterOwner(HWND hwnd, ISubClass* owner) noexcept
     SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(owner));
 }
 
-void WindowHook::Hook(const Window& window) noexcept
+void WindowHook::HookWindow(const Window& window) noexcept
 {
     if (previous_)
         return; // a second hook would make the chain loop into itself
@@ -23,7 +23,7 @@ void WindowHook::Hook(const Window& window) noexcept
         SetWindowLongPtrA(window.hWnd(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SubClassWndProc)));
 }
 
-void WindowHook::Unhook() noexcept
+void WindowHook::UnhookWindow() noexcept
 {
     if (!previous_)
         return;

@@ -28,13 +28,13 @@ public:
     WindowHook() = default;
     WindowHook(const WindowHook&) = delete;
     WindowHook& operator=(const WindowHook&) = delete;
-    ~WindowHook() { Unhook(); }
+    ~WindowHook() { UnhookWindow(); }
 
     // Installs SubClassWndProc, unless a window is hooked already. The window is to outlive the hook, gone or
     // not.
-    void Hook(const Window& window) noexcept;
+    void HookWindow(const Window& window) noexcept;
     // Restores the previous procedure, if the window is still there. The user-data slot stays as it is.
-    void Unhook() noexcept;
+    void UnhookWindow() noexcept;
 
     // The window procedure that the hook replaced; null while there is none.
     WNDPROC Previous() const { return previous_; }

@@ -77,15 +77,6 @@ void ControlSite::AmbientChanged(DISPID ambient)
         control->OnAmbientPropertyChange(ambient);
 }
 
-bool ControlSite::Dirty() const
-{
-    if (const auto stream = Query<IPersistStreamInit>())
-        return stream->IsDirty() == S_OK;
-    if (const auto storage = Query<IPersistStorage>())
-        return storage->IsDirty() == S_OK;
-    return false;
-}
-
 IDispatch* ControlSite::ExtendedControl() const
 {
     return extender_.Get();

@@ -42,7 +42,6 @@ public:
     // The control's default interface and identity; null once closed. The callers of the typed Query get null
     // when the control has no such interface.
     IDispatch* Control() const { return dispatch_.Get(); }
-    IUnknown* Unknown() const { return control_.Get(); }
     template<class Interface>
     Microsoft::WRL::ComPtr<Interface> Query() const
     {
@@ -80,7 +79,6 @@ public:
 
     // Whom the control's calls and events are told from now on, in place of the former one; null: nobody.
     void Observe(std::shared_ptr<SiteObserver> observer) { options_.observer = std::move(observer); }
-    bool Dirty() const; // IPersist…::IsDirty
 
     // The object that a form's code sees: Name, Left, Top, …, and the control's own members through Object.
     IDispatch* ExtendedControl() const;

@@ -1,5 +1,7 @@
 #include "host/container/EventInterface.h"
 
+#include "runtime/com/TypeDescription.h"
+
 #include <ocidl.h>
 #include <oleidl.h>
 
@@ -38,11 +40,7 @@ ComPtr<ITypeInfo> ClassInformation(IUnknown* control)
 ComPtr<ITypeInfo> DefaultSource(ITypeInfo* classInformation)
 {
     constexpr int wanted = IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE;
-    TYPEATTR* attributes = nullptr;
-    if (FAILED(classInformation->GetTypeAttr(&attributes)))
-        return nullptr;
-    const UINT count = attributes->cImplTypes;
-    classInformation->ReleaseTypeAttr(attributes);
+    const UINT count = TypeAttributes(classInformation)->cImplTypes;
     for (UINT each = 0; each < count; ++each)
     {
         INT flags = 0;
@@ -60,18 +58,20 @@ ComPtr<ITypeInfo> DefaultSource(ITypeInfo* classInformation)
 
 EventInterface FindEventInterface(IUnknown* control)
 {
-    EventInterface events;
     const ComPtr<ITypeInfo> classInformation = ClassInformation(control);
     if (!classInformation)
-        return events;
-    const ComPtr<ITypeInfo> source = DefaultSource(classInformation.Get());
-    TYPEATTR* attributes = nullptr;
-    if (!source || FAILED(source->GetTypeAttr(&attributes)))
-        return events;
-    events.Id = attributes->guid;
-    events.Description = source;
-    source->ReleaseTypeAttr(attributes);
-    return events;
+        return {};
+    try
+    {
+        const ComPtr<ITypeInfo> source = DefaultSource(classInformation.Get());
+        if (source)
+            return {TypeAttributes(source.Get())->guid, source};
+    }
+    catch (const ComError&)
+    {
+        // A control that cannot say what its events are has none.
+    }
+    return {};
 }
 
 } // namespace kiv::host

@@ -1,6 +1,7 @@
 #include "host/container/EventSink.h"
 
 #include "runtime/com/Boundary.h"
+#include "runtime/com/TypeDescription.h"
 
 #include <olectl.h>
 
@@ -19,10 +20,7 @@ EventSink::EventSink(EventInterface events, Handler handler) :
 void EventSink::ReadNames()
 {
     ITypeInfo* const description = events_.Description.Get();
-    TYPEATTR* attributes = nullptr;
-    Check(description->GetTypeAttr(&attributes));
-    const UINT count = attributes->cFuncs;
-    description->ReleaseTypeAttr(attributes);
+    const UINT count = TypeAttributes(description)->cFuncs;
     for (UINT each = 0; each < count; ++each)
     {
         FUNCDESC* function = nullptr;

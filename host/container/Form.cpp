@@ -203,21 +203,4 @@ IOleInPlaceFrame* Form::InPlaceFrame() const
     return frame_.Get();
 }
 
-ComPtr<IUnknown> CreateFromModule(const wchar_t* path, REFCLSID classId)
-{
-    const HMODULE module = LoadLibraryExW(path, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-    if (!module)
-        ThrowLastError();
-    using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
-    const auto getClassObject = reinterpret_cast<GetClassObject>(
-        reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
-    if (!getClassObject)
-        ThrowLastError();
-    ComPtr<IClassFactory> factory;
-    ComPtr<IUnknown> control;
-    Check(getClassObject(classId, IID_PPV_ARGS(&factory)));
-    Check(factory->CreateInstance(nullptr, IID_PPV_ARGS(&control)));
-    return control;
-}
-
 } // namespace kiv::host

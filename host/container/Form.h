@@ -63,10 +63,7 @@ public:
     // The form's own keys: Tab, Enter, Esc, mnemonics. True when the message was one and is dealt with.
     bool Navigate(MSG& message) override;
 
-    // Message loop. PumpPending handles what is waiting; PumpUntil handles messages until the condition
-    // holds (true) or the time is over (false). Run returns when the window is gone.
-    void PumpPending();
-    bool PumpUntil(const std::function<bool()>& condition, DWORD timeoutMs = 5000);
+    // The message loop; returns when the window is gone.
     void Run();
     // What a message loop of the caller's own does for the form before TranslateMessage: true when handled.
     bool Translate(MSG& message);
@@ -117,9 +114,5 @@ private:
     std::vector<std::unique_ptr<FormItem>> items_;
     std::unique_ptr<DesignSurface> design_;
 };
-
-// A control of a library that is not registered: asks the module's DllGetClassObject. The module stays
-// loaded.
-Microsoft::WRL::ComPtr<IUnknown> CreateFromModule(const wchar_t* path, REFCLSID classId);
 
 } // namespace kiv::host

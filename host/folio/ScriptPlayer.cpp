@@ -32,24 +32,12 @@ ScriptPlayer::~ScriptPlayer()
 
 void ScriptPlayer::Start()
 {
-    thread_ = CreateThread(nullptr, 0, &ScriptPlayer::ThreadMain, this, 0, nullptr);
-    if (!thread_)
-        ThrowLastError();
-}
-
-DWORD WINAPI ScriptPlayer::ThreadMain(void* player) noexcept
-{
-    static_cast<ScriptPlayer*>(player)->Play();
-    return 0;
+    thread_.emplace([this] { Play(); });
 }
 
 std::vector<std::string> ScriptPlayer::Finish()
 {
-    if (thread_)
-    {
-        WaitForSingleObject(thread_, INFINITE);
-        CloseHandle(std::exchange(thread_, nullptr));
-    }
+    thread_.reset();
     std::vector<std::string> all = mistakes_;
     all.insert(all.end(), wrongAnswers_.begin(), wrongAnswers_.end());
     return all;
@@ -61,7 +49,7 @@ std::string ScriptPlayer::Mistake(const ScriptStep& step, const std::string& wha
 }
 
 // What a step rests on has to hold, so the first mistake ends the play.
-void ScriptPlayer::Play()
+void ScriptPlayer::Play() noexcept
 {
     for (const ScriptStep& step : script_.Steps)
         if (!Try(step, [&] { PlayStep(step); }))

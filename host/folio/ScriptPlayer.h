@@ -4,12 +4,14 @@
 #include "host/container/MessageBoxWatch.h"
 #include "host/folio/Input.h"
 #include "host/folio/Journal.h"
+#include "host/folio/Thread.h"
 #include "host/script/Script.h"
 
 #include <wrl/client.h>
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -49,8 +51,7 @@ private:
         std::string What;
     };
 
-    static DWORD WINAPI ThreadMain(void* player) noexcept;
-    void Play();
+    void Play() noexcept;
     // False when the work fails, which is then one of the mistakes.
     bool Try(const ScriptStep& step, const std::function<void()>& work);
     void PlayStep(const ScriptStep& step);
@@ -99,7 +100,7 @@ private:
     std::string failedCall_; // on the form's thread
     bool calling_ = false;   // on the form's thread
     bool tookPicture_ = false;
-    HANDLE thread_ = nullptr;
+    std::optional<Thread> thread_;
 };
 
 } // namespace kiv::host

@@ -6,6 +6,7 @@
 #include "host/folio/Picture.h"
 #include "host/folio/ScriptPlayer.h"
 #include "host/folio/Text.h"
+#include "host/folio/Thread.h"
 #include "runtime/com/Errors.h"
 #include "runtime/com/MakeCom.h"
 
@@ -57,37 +58,30 @@ public:
     explicit Watchdog(unsigned seconds) : seconds_(seconds)
     {
         if (seconds_ != 0)
-            thread_ = CreateThread(nullptr, 0, &Watchdog::Wait, this, 0, nullptr);
+            thread_.emplace([this] { Wait(); });
     }
     Watchdog(const Watchdog&) = delete;
     Watchdog& operator=(const Watchdog&) = delete;
     ~Watchdog()
     {
         SetEvent(done_);
-        if (thread_)
-        {
-            WaitForSingleObject(thread_, INFINITE);
-            CloseHandle(thread_);
-        }
+        thread_.reset();
         CloseHandle(done_);
     }
 
 private:
-    static DWORD WINAPI Wait(void* object) noexcept
+    void Wait() const noexcept
     {
-        const auto* const watchdog = static_cast<Watchdog*>(object);
-        if (WaitForSingleObject(watchdog->done_, watchdog->seconds_ * 1000) == WAIT_TIMEOUT)
-        {
-            std::fprintf(stderr, "FolioHost: not done after %u seconds\n", watchdog->seconds_);
-            std::fflush(stderr);
-            TerminateProcess(GetCurrentProcess(), NotAsExpected);
-        }
-        return 0;
+        if (WaitForSingleObject(done_, seconds_ * 1000) != WAIT_TIMEOUT)
+            return;
+        std::fprintf(stderr, "FolioHost: not done after %u seconds\n", seconds_);
+        std::fflush(stderr);
+        TerminateProcess(GetCurrentProcess(), NotAsExpected);
     }
 
     unsigned seconds_;
     HANDLE done_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    HANDLE thread_ = nullptr;
+    std::optional<Thread> thread_;
 };
 
 Script LoadScript(const std::filesystem::path& file)

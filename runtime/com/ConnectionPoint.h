@@ -20,7 +20,6 @@ public:
     ConnectionPoint& operator=(const ConnectionPoint&) = delete;
 
     REFIID Interface() const noexcept { return iid_; }
-    bool HasSinks() const noexcept { return !sinks_.empty(); }
     // A copy: sinks may come and go while one of them is called.
     std::vector<Microsoft::WRL::ComPtr<IUnknown>> Sinks() const;
     void Clear() noexcept;

@@ -3,6 +3,7 @@
 #include "runtime/com/LateBound.h"
 #include "runtime/com/Module.h"
 #include "runtime/com/PerThread.h"
+#include "runtime/com/TypeDescription.h"
 
 #include <memory>
 
@@ -27,24 +28,6 @@ std::wstring KeyOf(REFIID iid)
     return text;
 }
 
-class FunctionDescription
-{
-public:
-    FunctionDescription(ITypeInfo* typeInfo, UINT index) : typeInfo_(typeInfo)
-    {
-        Check(typeInfo->GetFuncDesc(index, &description_));
-    }
-    FunctionDescription(const FunctionDescription&) = delete;
-    FunctionDescription& operator=(const FunctionDescription&) = delete;
-    ~FunctionDescription() { typeInfo_->ReleaseFuncDesc(description_); }
-
-    const FUNCDESC* operator->() const { return description_; }
-
-private:
-    ITypeInfo* typeInfo_;
-    FUNCDESC* description_ = nullptr;
-};
-
 VARTYPE PlainType(ITypeInfo* typeInfo, const TYPEDESC& type);
 
 // The type behind a name: an enumeration is a Long, an alias is what it stands for.
@@ -52,15 +35,11 @@ VARTYPE NamedType(ITypeInfo* typeInfo, HREFTYPE reference)
 {
     ComPtr<ITypeInfo> named;
     Check(typeInfo->GetRefTypeInfo(reference, &named));
-    TYPEATTR* attributes = nullptr;
-    Check(named->GetTypeAttr(&attributes));
-    VARTYPE type = VT_EMPTY;
+    const TypeAttributes attributes(named.Get());
     if (attributes->typekind == TKIND_ENUM)
-        type = VT_I4;
-    else if (attributes->typekind == TKIND_ALIAS)
-        type = PlainType(named.Get(), attributes->tdescAlias);
-    named->ReleaseTypeAttr(attributes);
-    return type;
+        return VT_I4;
+    return attributes->typekind == TKIND_ALIAS ? PlainType(named.Get(), attributes->tdescAlias)
+                                               : static_cast<VARTYPE>(VT_EMPTY);
 }
 
 VARTYPE PlainType(ITypeInfo* typeInfo, const TYPEDESC& type)
@@ -162,10 +141,7 @@ DispatchTable& DispatchTable::Of(REFIID iid)
 
 DispatchTable::DispatchTable(ComPtr<ITypeInfo> typeInfo) : typeInfo_(std::move(typeInfo))
 {
-    TYPEATTR* attributes = nullptr;
-    Check(typeInfo_->GetTypeAttr(&attributes));
-    const UINT count = attributes->cFuncs;
-    typeInfo_->ReleaseTypeAttr(attributes);
+    const UINT count = TypeAttributes(typeInfo_.Get())->cFuncs;
     for (UINT i = 0; i < count; ++i)
         ReadMember(i);
 }

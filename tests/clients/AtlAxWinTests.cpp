@@ -8,14 +8,12 @@
 #include "tests/support/LibraryTest.h"
 #include "tests/support/Picker.h"
 #include "tests/support/Text.h"
-#include "tests/support/Thread.h"
 
 #include "runtime/com/Errors.h"
 #include "runtime/com/Variant.h"
 
 #include <olectl.h>
 
-#include <atomic>
 #include <functional>
 
 using Microsoft::WRL::ComPtr;
@@ -82,22 +80,9 @@ void HandleInput()
     EXPECT_TRUE(PumpUntil([&mark] { return mark.Arrived(); }, 10000));
 }
 
-// Opens the picker of codes by input that open sends, and lets a user at another thread answer it.
 void Pick(const std::function<void()>& open, const std::function<void(Picker&)>& user)
 {
-    std::atomic<bool> done = false;
-    std::atomic<bool> over = false;
-    const Thread thread([&, picking = GetCurrentThreadId()] {
-        Picker picker(picking);
-        if (picker.WaitUntilShown())
-            user(picker);
-        picker.CloseIfShown();
-        done = true;
-        picker.CloseUntil(over);
-    });
-    open();
-    EXPECT_TRUE(PumpUntil([&done] { return done.load(); }, 60000));
-    over = true;
+    test::Pick(PumpUntil, open, user);
     HandleInput();
 }
 

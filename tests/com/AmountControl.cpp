@@ -1,5 +1,7 @@
 #include "tests/com/AmountControl.h"
 
+#include "tests/support/WindowClass.h"
+
 namespace kiv::test
 {
 
@@ -8,9 +10,7 @@ namespace
 
 BOOL CALLBACK TakeEdit(HWND window, LPARAM found) noexcept
 {
-    char name[16] = {};
-    GetClassNameA(window, name, sizeof name);
-    if (lstrcmpiA(name, "EDIT") == 0)
+    if (IsOfClass(window, "EDIT"))
         *reinterpret_cast<HWND*>(found) = window;
     return TRUE;
 }

@@ -9,6 +9,7 @@
 #include "tests/support/TestFont.h"
 #include "tests/support/TestStream.h"
 #include "tests/support/Text.h"
+#include "tests/support/WindowClass.h"
 
 #include "runtime/com/Errors.h"
 
@@ -94,9 +95,7 @@ TEST_F(ChkComboComTest, IsEmptyAtFirst)
     EXPECT_EQ(Property(control, L"ForeColor").Long(), DefaultForeColor);
     EXPECT_TRUE(Property(control, L"Enabled").Bool());
     const auto combo = static_cast<HWND>(LongToHandle(Property(control, L"hwnd").Long()));
-    char name[16] = {};
-    GetClassNameA(combo, name, sizeof name);
-    EXPECT_STRCASEEQ(name, "ComboBox");
+    EXPECT_TRUE(IsOfClass(combo, "ComboBox"));
     // A combo box hands the scroll bar that it is made with on to its list.
     EXPECT_EQ(GetWindowLongA(combo, GWL_STYLE), 0x50210213 & ~WS_VSCROLL);
     EXPECT_EQ(GetWindowLongA(combo, GWL_EXSTYLE), 0);

@@ -1,5 +1,6 @@
 // Late binding: what scripts and forms do through IDispatch.
 
+#include "runtime/com/TypeDescription.h"
 #include "tests/com/DispatchTest.h"
 #include "tests/support/TestFont.h"
 
@@ -315,10 +316,8 @@ TEST_F(DispatchTest, DescribesItself)
     EXPECT_EQ(count, 1U);
     ComPtr<ITypeInfo> info;
     ASSERT_HRESULT_SUCCEEDED(control_->GetTypeInfo(0, LOCALE_USER_DEFAULT, &info));
-    TYPEATTR* attributes = nullptr;
-    ASSERT_HRESULT_SUCCEEDED(info->GetTypeAttr(&attributes));
+    const TypeAttributes attributes(info.Get());
     EXPECT_EQ(GuidText(attributes->guid), GuidText(IID__YesNo));
-    info->ReleaseTypeAttr(attributes);
     info.Reset();
     EXPECT_EQ(Hr(control_->GetTypeInfo(1, LOCALE_USER_DEFAULT, &info)), Hr(DISP_E_BADINDEX));
 }

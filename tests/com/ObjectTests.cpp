@@ -1,5 +1,6 @@
 // What a control tells about itself, quick activation, and life in several threads.
 
+#include "runtime/com/TypeDescription.h"
 #include "tests/com/SitedControl.h"
 #include "tests/support/EventRecorder.h"
 #include "tests/support/LibraryTest.h"
@@ -48,11 +49,9 @@ TEST_F(ObjectTest, TellsItsClassAndItsEvents)
     const auto provider = control.Query<IProvideClassInfo2>();
     ComPtr<ITypeInfo> info;
     ASSERT_EQ(Hr(provider->GetClassInfo(&info)), Hr(S_OK));
-    TYPEATTR* attributes = nullptr;
-    ASSERT_HRESULT_SUCCEEDED(info->GetTypeAttr(&attributes));
+    const TypeAttributes attributes(info.Get());
     EXPECT_EQ(attributes->typekind, TKIND_COCLASS);
     EXPECT_EQ(GuidText(attributes->guid), GuidText(CLSID_YesNo));
-    info->ReleaseTypeAttr(attributes);
 
     GUID guid = {};
     EXPECT_EQ(Hr(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &guid)), Hr(S_OK));

@@ -10,6 +10,7 @@
 #include "tests/support/TestPropertyBag.h"
 #include "tests/support/TestStream.h"
 #include "tests/support/Text.h"
+#include "tests/support/WindowClass.h"
 
 #include "runtime/com/Errors.h"
 
@@ -94,9 +95,7 @@ TEST_F(PicCommandTest, HoldsARealOwnerDrawnButton)
 {
     Control().InitNew();
     const HWND button = GetWindow(Window(), GW_CHILD);
-    char name[16] = {};
-    GetClassNameA(button, name, sizeof name);
-    EXPECT_STREQ(name, "Button");
+    EXPECT_EQ(ClassNameOf(button), "Button");
     EXPECT_EQ(GetWindowLongW(button, GWL_STYLE) & BS_TYPEMASK, BS_OWNERDRAW);
     EXPECT_EQ(GetWindow(button, GW_HWNDNEXT), nullptr);
     Control().Put(L"Caption", Variant(L"&Go"));

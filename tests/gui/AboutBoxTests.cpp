@@ -44,13 +44,13 @@ TEST_F(AboutBoxTest, BelongsToTheWindowWithTheFocus)
     ShowForm();
     ASSERT_EQ(GetFocus(), control.Window());
     EXPECT_EQ(Shown(control).Owner, TheForm().Window());
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(GetFocus(), control.Window());
     EXPECT_EQ(control.FocusShown(), "Yes");
 
     host::Form other(L"Other", {100, 60});
     other.Show();
-    ASSERT_TRUE(other.PumpUntil([&] { return GetFocus() == other.Window(); }));
+    ASSERT_TRUE(PumpUntil(other, [&] { return GetFocus() == other.Window(); }));
     EXPECT_EQ(Shown(control).Owner, other.Window());
 }
 

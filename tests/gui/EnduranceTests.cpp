@@ -44,7 +44,7 @@ TEST_F(EnduranceTest, CreatesActivatesAndDestroys)
         HostedYesNo control(TheForm(), Placed());
         control.Site().Focus();
         control.SetValue(turn % 3);
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         TheForm().Remove(control.Site());
         if (turn % 100 != 0)
             continue;

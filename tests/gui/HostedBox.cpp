@@ -6,6 +6,7 @@
 #include "tests/support/Library.h"
 #include "tests/support/MessageBoxWatcher.h"
 #include "tests/support/Text.h"
+#include "tests/support/WindowClass.h"
 
 #include <gtest/gtest.h>
 
@@ -19,16 +20,9 @@ namespace
 
 const std::wstring ChangeEvent = L"Change ";
 
-bool IsEdit(HWND window)
-{
-    wchar_t name[16] = {};
-    GetClassNameW(window, name, ARRAYSIZE(name));
-    return _wcsicmp(name, L"Edit") == 0;
-}
-
 BOOL CALLBACK AddEdit(HWND window, LPARAM edits)
 {
-    if (IsEdit(window))
+    if (IsOfClass(window, "Edit"))
         reinterpret_cast<std::vector<HWND>*>(edits)->push_back(window);
     return TRUE;
 }
@@ -47,7 +41,7 @@ HWND EditOf(IDispatch* control)
     if (SUCCEEDED(outcome.Result))
     {
         const auto window = static_cast<HWND>(LongToHandle(outcome.Value.Long()));
-        if (IsEdit(window))
+        if (IsOfClass(window, "Edit"))
             return window;
     }
     Microsoft::WRL::ComPtr<IOleWindow> object;

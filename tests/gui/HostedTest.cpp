@@ -30,7 +30,7 @@ void HostedTest::ShowForm()
 {
     form_->Show();
     // Asked for again and again: the end of the last test's form may still be on its way through the system.
-    ASSERT_TRUE(form_->PumpUntil([this] {
+    ASSERT_TRUE(PumpUntil(*form_, [this] {
         return GetForegroundWindow() == form_->Window() || (SetForegroundWindow(form_->Window()), false);
     }));
     Settle();
@@ -56,8 +56,8 @@ host::SiteOptions HostedTest::Placed(RECT bounds)
 void HostedTest::Settle()
 {
     const InputMark mark;
-    ASSERT_TRUE(form_->PumpUntil([&] { return mark.Arrived(); })) << "the form does not get the input";
-    form_->PumpPending();
+    ASSERT_TRUE(PumpUntil(*form_, [&] { return mark.Arrived(); })) << "the form does not get the input";
+    PumpPending(*form_);
 }
 
 void HostedTest::Key(WORD key, std::initializer_list<WORD> held)

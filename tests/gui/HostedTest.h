@@ -2,6 +2,7 @@
 
 #include "host/container/Form.h"
 #include "tests/gui/HostedYesNo.h"
+#include "tests/gui/Pump.h"
 #include "tests/gui/SiteRecorder.h"
 #include "tests/support/Input.h"
 #include "tests/support/LibraryTest.h"

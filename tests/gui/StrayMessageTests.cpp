@@ -144,7 +144,7 @@ TEST_P(StrayMessages, AreSurvived)
     for (const HWND window : WindowsOf(site.Window()))
     {
         SendStrayMessages(window);
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_TRUE(IsWindow(window));
     }
     KillTimer(nullptr, timer);

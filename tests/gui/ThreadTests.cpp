@@ -27,7 +27,7 @@ TEST_F(TwoThreadsTest, KeepTheirPicturesApart)
                 host::Form form(L"Second", {200, 60});
                 HostedYesNo second(form, Placed());
                 form.Show();
-                EXPECT_TRUE(form.PumpUntil([&] { return GetFocus() == second.Window(); }));
+                EXPECT_TRUE(PumpUntil(form, [&] { return GetFocus() == second.Window(); }));
                 second.SetValue(2);
                 EXPECT_EQ(second.FocusShown(), "Yes");
             }
@@ -41,7 +41,7 @@ TEST_F(TwoThreadsTest, KeepTheirPicturesApart)
         EXPECT_EQ(control.FocusShown(), "None");
     }
     HostedYesNo later(TheForm(), Placed({20, 50, 140, 70}));
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(later.FocusShown(), "None");
 }
 
@@ -78,7 +78,7 @@ TEST_F(TwoThreadsTest, WorkSideBySide)
             host::Form form(L"Second", {200, 60});
             HostedYesNo second(form, Placed());
             ShowWindow(form.Window(), SW_SHOWNOACTIVATE);
-            form.PumpPending();
+            PumpPending(form);
             second.SetValue(1 + i % 2);
             EXPECT_EQ(second.FocusShown(), "None");
         }
@@ -88,7 +88,7 @@ TEST_F(TwoThreadsTest, WorkSideBySide)
     {
         control.SetValue(i % 3);
         EXPECT_EQ(control.FocusShown(), "None");
-        TheForm().PumpPending();
+        PumpPending(TheForm());
     }
 }
 

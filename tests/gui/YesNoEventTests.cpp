@@ -205,7 +205,7 @@ TEST_F(YesNoEventTest, MayShowAMessageBoxInsideAnEvent)
             inClick ? control.OnClick(ask) : control.OnChange(ask);
             Answer(control, by);
             EXPECT_EQ(watcher.Stop().size(), 1U);
-            EXPECT_TRUE(TheForm().PumpUntil([&] { return GetFocus() == control.Window(); }));
+            EXPECT_TRUE(PumpUntil(TheForm(), [&] { return GetFocus() == control.Window(); }));
             EXPECT_EQ(control.TakeOutcome(), by == By::Y ? "1 Y @Yes | Click 1, Value, Text, Change 1"
                                                          : "2 N @No | Click 2, Value, Text, Change 2");
             TheForm().Remove(control.Site());
@@ -275,8 +275,8 @@ protected:
             PressButton(MouseButton::Left);
             ReleaseButton(MouseButton::Left);
         }
-        EXPECT_TRUE(TheForm().PumpUntil([&] { return struck; }));
-        TheForm().PumpPending();
+        EXPECT_TRUE(PumpUntil(TheForm(), [&] { return struck; }));
+        PumpPending(TheForm());
     }
 };
 

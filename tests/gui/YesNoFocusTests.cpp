@@ -99,9 +99,9 @@ TEST_F(YesNoFocusTest, SurvivesWhatCoversThePicture)
                                             cover.right - cover.left, cover.bottom - cover.top,
                                             TheForm().Window(), nullptr, nullptr, nullptr);
         SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         DestroyWindow(window);
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_EQ(control.FocusShown(), "Yes");
     }
 }
@@ -115,11 +115,11 @@ TEST_F(YesNoFocusTest, SurvivesARepaintThatWaits)
     {
         InvalidateRect(control.Window(), waiting, FALSE);
         SetFocus(control.Window());
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_EQ(control.FocusShown(), "Yes");
         InvalidateRect(control.Window(), waiting, FALSE);
         SetFocus(Elsewhere().Window());
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_EQ(control.FocusShown(), "None");
     }
 }
@@ -137,10 +137,10 @@ TEST_F(YesNoFocusTest, SurvivesWhatTheHostSets)
     control.Site().Put(L"ForeColor", Variant(0xFFL));
     EXPECT_EQ(control.FocusShown(), "No");
     control.Site().Move({30, 10, 200, 43});
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(control.FocusShown(), "No");
     control.Site().Move({30, 10, 110, 27});
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(control.FocusShown(), "No");
 }
 
@@ -150,10 +150,10 @@ TEST_F(YesNoFocusTest, GoesAndComesWithTheFormsActivation)
     Key(VK_RIGHT);
     host::Form other(L"Other", {100, 60});
     other.Show();
-    ASSERT_TRUE(other.PumpUntil([&] { return GetForegroundWindow() == other.Window(); }));
+    ASSERT_TRUE(PumpUntil(other, [&] { return GetForegroundWindow() == other.Window(); }));
     EXPECT_EQ(control.FocusShown(), "None");
     SetForegroundWindow(TheForm().Window());
-    ASSERT_TRUE(TheForm().PumpUntil([&] { return GetFocus() == control.Window(); }));
+    ASSERT_TRUE(PumpUntil(TheForm(), [&] { return GetFocus() == control.Window(); }));
     EXPECT_EQ(control.FocusShown(), "No");
 }
 
@@ -161,9 +161,9 @@ TEST_F(YesNoFocusTest, SurvivesHidingTheForm)
 {
     HostedYesNo& control = ShownWithFocus();
     ShowWindow(TheForm().Window(), SW_HIDE);
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     ShowForm();
-    ASSERT_TRUE(TheForm().PumpUntil([&] { return GetFocus() == control.Window(); }));
+    ASSERT_TRUE(PumpUntil(TheForm(), [&] { return GetFocus() == control.Window(); }));
     EXPECT_EQ(control.FocusShown(), "Yes");
 }
 
@@ -171,7 +171,7 @@ TEST_F(YesNoFocusTest, ShowsOnOneControlAtATime)
 {
     HostedYesNo& one = ShownWithFocus();
     HostedYesNo other(TheForm(), Placed({20, 50, 140, 70}));
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(one.FocusShown() + other.FocusShown(), "YesNone");
     other.Site().Focus();
     Key(VK_RIGHT);

@@ -27,7 +27,7 @@ protected:
     // Handles the painting that waits and holds the picture against the look.
     void ExpectPicture(const YesNoLook& look)
     {
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_EQ(Difference(PaintYesNo(look, FocusAt::None), PixelsOfWindow(control_->Window())), "");
     }
 
@@ -65,7 +65,7 @@ TEST_F(YesNoPaintTest, CentresTheOptionImagesAtAnyHeight)
     HostedYesNo& control = Shown();
     // Where the image itself begins within its 14 rows.
     control.Site().Move({20, 20, 140, 20 + 14});
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     const COLORREF backColor = control.Look().BackColor;
     const int margin = TopOfOptionImage(PixelsOfWindow(control.Window()), backColor);
     ASSERT_GE(margin, 0);
@@ -88,7 +88,7 @@ TEST_F(YesNoPaintTest, ShowsNothingAtNoHeight)
     for (const RECT& bounds : {RECT{20, 20, 140, 20}, RECT{20, 20, 20, 40}, RECT{20, 20, 20, 20}})
     {
         control.Site().Move(bounds);
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         const SIZE size = control.Size();
         EXPECT_TRUE(size.cx == 0 || size.cy == 0);
         control.SetValue(3 - control.Value());
@@ -384,7 +384,7 @@ TEST_F(YesNoPaintTest, TwoControlsShareAFontObject)
     EXPECT_HRESULT_SUCCEEDED(one.Control()->putref_Font(font.Get()));
     EXPECT_HRESULT_SUCCEEDED(other.Control()->putref_Font(font.Get()));
     EXPECT_HRESULT_SUCCEEDED(FontOf(one)->put_Bold(TRUE));
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(one.FocusShown(), "None");
     EXPECT_EQ(other.FocusShown(), "None");
 }

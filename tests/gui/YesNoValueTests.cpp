@@ -190,7 +190,7 @@ TEST_F(YesNoTextTest, DoesNotRepaintForTheTextsOfTheOptions)
     ASSERT_TRUE(isMarked());
     control.Site().Put(L"YesText", Variant(L"Da"));
     control.Site().Put(L"NoText", Variant(L"Nyet"));
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_TRUE(isMarked());
     // What does repaint takes the mark away.
     control.SetValue(1);

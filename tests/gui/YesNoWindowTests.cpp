@@ -75,7 +75,7 @@ TEST_F(YesNoWindowTest, StaysTheSameFromActivationToActivation)
     EXPECT_HRESULT_SUCCEEDED(control.Site().Activate());
     EXPECT_EQ(control.Window(), window);
     control.Site().Focus();
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     Key('N');
     EXPECT_EQ(control.TakeOutcome(), "2 N @No | Click 2, Value, Text, Change 2");
 }

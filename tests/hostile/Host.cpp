@@ -9,6 +9,7 @@
 #include "tests/support/LibraryTest.h"
 #include "tests/support/StrayMessages.h"
 #include "tests/support/Text.h"
+#include "tests/support/WindowClass.h"
 
 #include <ole2.h>
 #include <olectl.h>

@@ -8,6 +8,7 @@
 #include "tests/support/AutomationCalls.h"
 #include "tests/support/StrayMessages.h"
 #include "tests/support/Text.h"
+#include "tests/support/WindowClass.h"
 
 #include <optional>
 

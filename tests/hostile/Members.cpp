@@ -1,7 +1,7 @@
 #include "tests/hostile/Members.h"
 
 #include "runtime/com/Bstr.h"
-#include "runtime/com/Errors.h"
+#include "runtime/com/TypeDescription.h"
 #include "tests/support/Text.h"
 
 #include <wrl/client.h>
@@ -19,20 +19,6 @@ namespace
 // The members of IUnknown and IDispatch, which a dispatch interface lists as well.
 constexpr DISPID FirstOfAutomation = 0x60000000;
 constexpr DISPID LastOfAutomation = 0x60010003;
-
-struct Description
-{
-    ComPtr<ITypeInfo> Info;
-    FUNCDESC* Function = nullptr;
-
-    Description(ComPtr<ITypeInfo> info, UINT index) : Info(std::move(info))
-    {
-        Check(Info->GetFuncDesc(index, &Function));
-    }
-    Description(const Description&) = delete;
-    Description& operator=(const Description&) = delete;
-    ~Description() { Info->ReleaseFuncDesc(Function); }
-};
 
 const char* PrefixOf(INVOKEKIND kind)
 {
@@ -64,16 +50,13 @@ std::vector<Member> MembersOf(IDispatch* control)
 {
     ComPtr<ITypeInfo> info;
     Check(control->GetTypeInfo(0, LOCALE_USER_DEFAULT, &info));
-    TYPEATTR* attributes = nullptr;
-    Check(info->GetTypeAttr(&attributes));
-    const UINT count = attributes->cFuncs;
-    info->ReleaseTypeAttr(attributes);
+    const UINT count = TypeAttributes(info.Get())->cFuncs;
 
     std::vector<Member> members;
     for (UINT index = 0; index < count; ++index)
     {
-        const Description description(info, index);
-        const FUNCDESC& function = *description.Function;
+        const FunctionDescription description(info.Get(), index);
+        const FUNCDESC& function = *description.operator->();
         if (function.memid >= FirstOfAutomation && function.memid <= LastOfAutomation)
             continue;
         Bstr name;

@@ -6,6 +6,7 @@
 #include "tests/support/Library.h"
 #include "tests/support/LibraryTest.h"
 #include "tests/support/StrayMessages.h"
+#include "tests/support/WindowClass.h"
 
 #include <ole2.h>
 #include <olectl.h>

@@ -4,6 +4,7 @@
 #include "tests/support/HostWindow.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Text.h"
+#include "tests/support/WindowClass.h"
 
 #include <gtest/gtest.h>
 
@@ -82,9 +83,7 @@ protected:
 
 TEST_F(CommandButtonTest, IsARealButtonWithItsCaption)
 {
-    char name[16] = {};
-    GetClassNameA(button.hWnd(), name, sizeof name);
-    EXPECT_STREQ(name, "Button");
+    EXPECT_EQ(ClassNameOf(button.hWnd()), "Button");
     char text[16] = {};
     GetWindowTextA(button.hWnd(), text, sizeof text);
     EXPECT_STREQ(text, "&Go");

@@ -132,7 +132,7 @@ protected:
     void Hook()
     {
         RegisterOwner(window_.Handle(), owner_.Get());
-        PrevWndProc.Hook(window_.AsHooked());
+        PrevWndProc.HookWindow(window_.AsHooked());
     }
 
     const ComPtr<Owner> owner_ = MakeCom<Owner>();
@@ -147,7 +147,7 @@ TEST_F(HookTest, PutsTheServiceInFrontOfTheWindow)
     EXPECT_EQ(window_.Procedure(), TheServicesProcedure);
     EXPECT_EQ(reinterpret_cast<LONG_PTR>(PrevWndProc.Previous()), before);
     EXPECT_EQ(window_.UserData(), reinterpret_cast<LONG_PTR>(static_cast<ISubClass*>(owner_.Get())));
-    PrevWndProc.Unhook();
+    PrevWndProc.UnhookWindow();
     EXPECT_EQ(window_.Procedure(), before);
     EXPECT_EQ(PrevWndProc.Previous(), nullptr);
     EXPECT_EQ(window_.UserData(), reinterpret_cast<LONG_PTR>(static_cast<ISubClass*>(owner_.Get())))
@@ -189,25 +189,25 @@ TEST_F(HookTest, HooksOnceThroughOneField)
 {
     const LONG_PTR before = window_.Procedure();
     Hook();
-    PrevWndProc.Hook(window_.AsHooked());
+    PrevWndProc.HookWindow(window_.AsHooked());
     EXPECT_EQ(reinterpret_cast<LONG_PTR>(PrevWndProc.Previous()), before)
         << "the field keeps the first previous procedure";
     owner_->Forward(PrevWndProc);
     EXPECT_EQ(window_.Send(WM_APP), WM_APP);
     EXPECT_EQ(owner_->Messages().size(), 1U);
     EXPECT_EQ(window_.Arrived(), 1);
-    PrevWndProc.Unhook();
+    PrevWndProc.UnhookWindow();
     EXPECT_EQ(window_.Procedure(), before);
 }
 
 TEST_F(HookTest, UnhooksOnceThroughOneField)
 {
     Hook();
-    PrevWndProc.Unhook();
+    PrevWndProc.UnhookWindow();
     const auto somebodyElses = reinterpret_cast<LONG_PTR>(&DefWindowProcA);
     SetWindowLongPtrA(window_.Handle(), GWLP_WNDPROC, somebodyElses);
     const LONG_PTR now = window_.Procedure();
-    PrevWndProc.Unhook();
+    PrevWndProc.UnhookWindow();
     EXPECT_EQ(window_.Procedure(), now);
     EXPECT_EQ(PrevWndProc.Previous(), nullptr);
 }
@@ -215,7 +215,7 @@ TEST_F(HookTest, UnhooksOnceThroughOneField)
 TEST_F(HookTest, DoesNotUnhookWhatWasNotHooked)
 {
     const LONG_PTR before = window_.Procedure();
-    PrevWndProc.Unhook();
+    PrevWndProc.UnhookWindow();
     EXPECT_EQ(window_.Procedure(), before);
     EXPECT_EQ(PrevWndProc.Previous(), nullptr);
 }
@@ -226,7 +226,7 @@ TEST_F(HookTest, UnhooksWhenItGoes)
     RegisterOwner(window_.Handle(), owner_.Get());
     {
         WindowHook hook;
-        hook.Hook(window_.AsHooked());
+        hook.HookWindow(window_.AsHooked());
         EXPECT_EQ(window_.Procedure(), TheServicesProcedure);
     }
     EXPECT_EQ(window_.Procedure(), before);
@@ -239,7 +239,7 @@ TEST_F(HookTest, HoldsNoReferenceToTheOwner)
     window_.Send(WM_APP);
     EXPECT_EQ(owner_->ReferencesInside(), before);
     EXPECT_EQ(References(static_cast<ISubClass*>(owner_.Get())), before);
-    PrevWndProc.Unhook();
+    PrevWndProc.UnhookWindow();
     EXPECT_EQ(References(static_cast<ISubClass*>(owner_.Get())), before);
 }
 
@@ -276,14 +276,14 @@ TEST_F(HookTest, KeepsTheMessagesOfTwoOwnersApart)
     const Window otherWindow;
     WindowHook otherPrevWndProc;
     RegisterOwner(otherWindow.Handle(), other.Get());
-    otherPrevWndProc.Hook(otherWindow.AsHooked());
+    otherPrevWndProc.HookWindow(otherWindow.AsHooked());
     window_.Send(WM_APP + 1);
     otherWindow.Send(WM_APP + 2);
     window_.Send(WM_APP + 3);
     EXPECT_TRUE(owner_->Messages() == (std::vector<Message>{{window_.Handle(), WM_APP + 1, 0, 0},
                                                             {window_.Handle(), WM_APP + 3, 0, 0}}));
     EXPECT_TRUE(other->Messages() == (std::vector<Message>{{otherWindow.Handle(), WM_APP + 2, 0, 0}}));
-    otherPrevWndProc.Unhook();
+    otherPrevWndProc.UnhookWindow();
     otherWindow.Send(WM_APP + 4);
     window_.Send(WM_APP + 5);
     EXPECT_EQ(other->Messages().size(), 1U);
@@ -296,12 +296,12 @@ TEST_F(HookTest, GivesOneOwnerTheMessagesOfAllItsWindows)
     const Window second;
     WindowHook secondPrevWndProc;
     RegisterOwner(second.Handle(), owner_.Get());
-    secondPrevWndProc.Hook(second.AsHooked());
+    secondPrevWndProc.HookWindow(second.AsHooked());
     second.Send(WM_APP + 1);
     window_.Send(WM_APP + 2);
     EXPECT_TRUE(owner_->Messages() == (std::vector<Message>{{second.Handle(), WM_APP + 1, 0, 0},
                                                             {window_.Handle(), WM_APP + 2, 0, 0}}));
-    secondPrevWndProc.Unhook();
+    secondPrevWndProc.UnhookWindow();
 }
 
 // A text box that was made anew.
@@ -310,15 +310,15 @@ TEST_F(HookTest, MovesToAnotherWindowThroughTheSameField)
     const LONG_PTR before = window_.Procedure();
     Hook();
     const Window renewed;
-    PrevWndProc.Unhook();
+    PrevWndProc.UnhookWindow();
     RegisterOwner(renewed.Handle(), owner_.Get());
-    PrevWndProc.Hook(renewed.AsHooked());
+    PrevWndProc.HookWindow(renewed.AsHooked());
     EXPECT_EQ(window_.Procedure(), before);
     EXPECT_EQ(renewed.Procedure(), TheServicesProcedure);
     window_.Send(WM_APP + 1);
     renewed.Send(WM_APP + 2);
     EXPECT_TRUE(owner_->Messages() == (std::vector<Message>{{renewed.Handle(), WM_APP + 2, 0, 0}}));
-    PrevWndProc.Unhook();
+    PrevWndProc.UnhookWindow();
 }
 
 TEST_F(HookTest, NeverVetoesHooking)

@@ -3,6 +3,7 @@
 #include "runtime/com/Errors.h"
 #include "tests/support/Text.h"
 #include "tests/support/ToolTips.h"
+#include "tests/support/WindowClass.h"
 
 #include <ole2.h>
 
@@ -16,9 +17,7 @@ namespace
 
 BOOL CALLBACK CountControl(HWND window, LPARAM count)
 {
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, ARRAYSIZE(name));
-    if (wcscmp(name, L"KivControls.UserControl") == 0)
+    if (IsOfClass(window, "KivControls.UserControl"))
         ++*reinterpret_cast<int*>(count);
     return TRUE;
 }

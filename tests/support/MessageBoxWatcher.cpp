@@ -1,5 +1,7 @@
 #include "tests/support/MessageBoxWatcher.h"
 
+#include "tests/support/WindowClass.h"
+
 #include "runtime/com/Errors.h"
 
 #include <algorithm>
@@ -11,13 +13,6 @@ namespace
 {
 
 constexpr DWORD PollMilliseconds = 5;
-
-std::wstring ClassOf(HWND window)
-{
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, ARRAYSIZE(name));
-    return name;
-}
 
 std::wstring TextOf(HWND window)
 {
@@ -40,12 +35,12 @@ std::vector<HWND> PartsOf(HWND box)
 
 bool IsIcon(HWND part)
 {
-    return ClassOf(part) == L"Static" && (GetWindowLongW(part, GWL_STYLE) & SS_TYPEMASK) == SS_ICON;
+    return IsOfClass(part, "Static") && (GetWindowLongW(part, GWL_STYLE) & SS_TYPEMASK) == SS_ICON;
 }
 
 BOOL CALLBACK FindBox(HWND window, LPARAM found)
 {
-    if (ClassOf(window) != L"#32770" || !IsWindowVisible(window))
+    if (!IsOfClass(window, "#32770") || !IsWindowVisible(window))
         return TRUE;
     *reinterpret_cast<HWND*>(found) = window;
     return FALSE;
@@ -95,7 +90,7 @@ void MessageBoxWatcher::Answer(HWND box)
     HWND firstButton = nullptr;
     for (const HWND part : PartsOf(box))
     {
-        if (ClassOf(part) == L"Button")
+        if (IsOfClass(part, "Button"))
         {
             shown.Buttons.push_back(TextOf(part));
             firstButton = firstButton ? firstButton : part;

@@ -1,6 +1,8 @@
 #include "tests/support/Picker.h"
 
 #include "tests/support/Input.h"
+#include "tests/support/Thread.h"
+#include "tests/support/WindowClass.h"
 
 #include <gtest/gtest.h>
 
@@ -14,16 +16,9 @@ namespace
 constexpr ULONGLONG LimitMilliseconds = 30000;
 constexpr DWORD PollMilliseconds = 2;
 
-std::wstring ClassOf(HWND window)
-{
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, ARRAYSIZE(name));
-    return name;
-}
-
 BOOL CALLBACK FindShown(HWND window, LPARAM found)
 {
-    if (ClassOf(window) != L"KivControls.Form" || !IsWindowVisible(window))
+    if (!IsOfClass(window, "KivControls.Form") || !IsWindowVisible(window))
         return TRUE;
     *reinterpret_cast<HWND*>(found) = window;
     return FALSE;
@@ -260,6 +255,25 @@ void Picker::DoubleClickItem(int item)
         ReleaseButton(MouseButton::Left);
     }
     Settle();
+}
+
+void Pick(const PumpingUntil& pumpUntil, const std::function<void()>& open,
+          const std::function<void(Picker&)>& user)
+{
+    std::atomic<bool> done = false;
+    std::atomic<bool> over = false;
+    const Thread thread([&, picking = GetCurrentThreadId()] {
+        Picker picker(picking);
+        if (picker.WaitUntilShown())
+            user(picker);
+        picker.CloseIfShown();
+        done = true;
+        picker.CloseUntil(over);
+    });
+    open();
+    constexpr DWORD limit = 60000;
+    EXPECT_TRUE(pumpUntil([&] { return done.load(); }, limit));
+    over = true;
 }
 
 } // namespace kiv::test

@@ -66,4 +66,12 @@ private:
     HWND window_ = nullptr;
 };
 
+// Lets the calling thread handle messages until the condition holds or the time is over.
+using PumpingUntil = std::function<bool(const std::function<bool()>& condition, DWORD limitMilliseconds)>;
+
+// Opens the picker by input that open sends, and lets a user at another thread answer it; returns when both
+// are done.
+void Pick(const PumpingUntil& pumpUntil, const std::function<void()>& open,
+          const std::function<void(Picker&)>& user);
+
 } // namespace kiv::test

@@ -1,16 +1,11 @@
 #include "tests/support/StrayMessages.h"
 
+#include "tests/support/WindowClass.h"
+
 #include <algorithm>
 
 namespace kiv::test
 {
-
-bool IsOfClass(HWND window, const char* className)
-{
-    char name[64] = {};
-    GetClassNameA(window, name, ARRAYSIZE(name));
-    return lstrcmpiA(name, className) == 0;
-}
 
 namespace
 {

@@ -10,9 +10,6 @@ namespace kiv::test
 // A window and all windows in it, a combo box's list included.
 std::vector<HWND> WindowsOf(HWND window);
 
-// Whether a window is of a class of the system's or another; class names have no case.
-bool IsOfClass(HWND window, const char* className);
-
 // What a program that sends messages about may send: every message of the system's own, with nothing in it,
 // as a window of that class takes it. Left out are those that are meant to end a window or to keep the user
 // busy in it, and the few that a plain window of the class does not survive either.

@@ -1,5 +1,7 @@
 #include "tests/support/ToolTips.h"
 
+#include "tests/support/WindowClass.h"
+
 #include <commctrl.h>
 
 namespace kiv::test
@@ -10,9 +12,7 @@ namespace
 
 BOOL CALLBACK AddToolTip(HWND window, LPARAM tips)
 {
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, ARRAYSIZE(name));
-    if (wcscmp(name, TOOLTIPS_CLASSW) == 0)
+    if (IsOfClass(window, TOOLTIPS_CLASSA))
         reinterpret_cast<std::vector<HWND>*>(tips)->push_back(window);
     return TRUE;
 }

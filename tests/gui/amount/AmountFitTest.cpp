@@ -27,7 +27,7 @@ void AmountFitTest::GiveRoom(HostedBox& box, int pixels)
     // The label is two pixels from either side, and the border as wide.
     constexpr int beside = 2 * (2 + 2);
     box.Site().Move({20, 20, 20 + pixels + beside, 45});
-    TheForm().PumpPending();
+    PumpPending(TheForm());
 }
 
 int AmountFitTest::WidthOf(std::wstring_view text)

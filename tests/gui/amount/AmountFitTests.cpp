@@ -158,11 +158,11 @@ TEST_F(AmountFitTest, ItFollowsTheFont)
         ExpectLabel(row.Box, row.Text);
         const Pixels whole = PixelsOfWindow(row.Box.Site().Window());
         ASSERT_HRESULT_SUCCEEDED(font->put_Bold(TRUE));
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_NE(Difference(whole, PixelsOfWindow(row.Box.Site().Window())), "");
         EXPECT_EQ(row.Box.Site().Get(L"Text").Text(), row.Text);
         ASSERT_HRESULT_SUCCEEDED(font->put_Bold(FALSE));
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_EQ(Difference(whole, PixelsOfWindow(row.Box.Site().Window())), "");
     });
 }

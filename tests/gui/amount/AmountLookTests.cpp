@@ -55,7 +55,7 @@ protected:
     {
         box.Select(0, 0);
         HideCaret(box.Edit());
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         return PixelsOfWindow(box.Edit());
     }
     // Of a picture of the control's inside, what is where the box is.
@@ -118,10 +118,10 @@ TEST_F(AmountLookTest, LabelAndBoxHaveItsColours)
         box.Site().Put(L"BackColor", Variant(0x00C0FFL));
         box.Site().Put(L"ForeColor", Variant(0xFF0000L));
         EXPECT_EQ(RecordOf(box.Site()).Notifications(), (Texts{L"BackColor", L"ForeColor"}));
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         ExpectLabel(box, label);
         box.Site().Focus();
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_EQ(Corner(box.Edit()), 0x00C0FFU);
         EXPECT_EQ(Corner(box.Site().Window()), 0x00C0FFU) << "the surface around it";
     }
@@ -138,7 +138,7 @@ TEST_F(AmountLookTest, LabelAndBoxLookAlike)
                 AssignUnrounded(box, number);
             else
                 box.Site().Put(L"Value", Variant(number));
-            TheForm().PumpPending();
+            PumpPending(TheForm());
             const Pixels label = PixelsOfWindow(box.Site().Window());
             box.Site().Focus();
             EXPECT_EQ(Difference(Beneath(box, label), Unselected(box)), "") << number;
@@ -157,7 +157,7 @@ TEST_F(AmountLookTest, ASlantedAmountHasRoomForAllOfItsLastDigit)
         ASSERT_HRESULT_SUCCEEDED(FontOf(box)->put_Italic(TRUE));
         ASSERT_HRESULT_SUCCEEDED(FontOf(box)->put_Size({{120000, 0}}));
         AssignUnrounded(box, L"0.4444");
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         int reach = 0;
         for (const wchar_t character : std::wstring_view(L"0123456789#-.,"))
             reach = std::max(reach, InkOf(FontHandleOf(box), character).End - WidthIn(box, character));
@@ -241,7 +241,7 @@ TEST_F(AmountLookTest, AColumnOfAmountsLinesUp)
             SCOPED_TRACE(Narrow(amounts[i]));
             HostedBox& box = column[i % column.size()];
             AssignUnrounded(box, amounts[i]);
-            TheForm().PumpPending();
+            PumpPending(TheForm());
             const Pixels shown = PixelsOfWindow(box.Site().Window());
             const std::wstring text = box.Site().Get(L"Text").Text();
             ExpectLabel(box, text);
@@ -268,7 +268,7 @@ TEST_F(AmountLookTest, GrowsWithItsFontAndCentresBoth)
         box.Site().Put(L"Value", Variant(short{1}));
         const LONG before = HeightOf(box.Site().Window());
         EXPECT_HRESULT_SUCCEEDED(FontOf(box)->put_Size({{300000, 0}}));
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         const LONG after = HeightOf(box.Site().Window());
         EXPECT_GT(after, before);
         EXPECT_EQ(Inside(box).cy, HeightOf(box.Edit()) + 2) << "a pixel above and below the box";
@@ -287,7 +287,7 @@ TEST_F(AmountLookTest, ResizingParksTheBox)
     {
         box.Site().Put(L"Value", Variant(short{1}));
         box.Site().Move({10, 50, 140, 100});
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         ExpectLabel(box, box.Site().Get(L"Text").Text());
         RECT edit = {};
         GetWindowRect(box.Edit(), &edit);

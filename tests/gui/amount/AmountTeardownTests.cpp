@@ -40,8 +40,8 @@ protected:
                 Strike(GetParam().What, TheForm(), box.Site());
         });
         act(box);
-        EXPECT_TRUE(TheForm().PumpUntil([&] { return struck; }));
-        TheForm().PumpPending();
+        EXPECT_TRUE(PumpUntil(TheForm(), [&] { return struck; }));
+        PumpPending(TheForm());
     }
 };
 

@@ -32,7 +32,7 @@ protected:
     void PointElsewhere()
     {
         PointAt({0, 0});
-        TheForm().PumpPending();
+        PumpPending(TheForm());
     }
     static void PointAtMiddleOf(HWND window)
     {
@@ -44,14 +44,15 @@ protected:
     void ExpectTip(const HostedBox& box, const std::wstring& text)
     {
         PointAtMiddleOf(box.Site().Window());
-        EXPECT_TRUE(TheForm().PumpUntil([&] { return !ShownToolTip().empty(); }));
+        EXPECT_TRUE(PumpUntil(TheForm(), [&] { return !ShownToolTip().empty(); }));
         EXPECT_EQ(ShownToolTip(), text);
         EXPECT_EQ(ToolTips().size(), 1U);
     }
     void ExpectNoTip(const HostedBox& box)
     {
         PointAtMiddleOf(box.Site().Window());
-        EXPECT_FALSE(TheForm().PumpUntil([] { return !ToolTips().empty(); }, LongerThanATipTakes));
+        EXPECT_FALSE(PumpUntil(
+            TheForm(), [] { return !ToolTips().empty(); }, LongerThanATipTakes));
     }
     void ForBothCut(const std::function<void(Row& row)>& test)
     {
@@ -73,7 +74,7 @@ TEST_F(AmountToolTipTest, TellsTheAmountWhereThePointerRests)
         EXPECT_EQ(GetActiveWindow(), TheForm().Window());
         EXPECT_EQ(GetForegroundWindow(), TheForm().Window());
         PointElsewhere();
-        EXPECT_TRUE(TheForm().PumpUntil([] { return ShownToolTip().empty(); }));
+        EXPECT_TRUE(PumpUntil(TheForm(), [] { return ShownToolTip().empty(); }));
         // A second time it is the same window.
         const std::vector<HWND> before = ToolTips();
         ExpectTip(row.Box, row.Text);
@@ -94,7 +95,8 @@ TEST_F(AmountToolTipTest, IsNotThereBeforeThePointerRests)
             EXPECT_TRUE(ToolTips().empty());
         }
         PointElsewhere();
-        EXPECT_FALSE(TheForm().PumpUntil([] { return !ToolTips().empty(); }, LongerThanATipTakes));
+        EXPECT_FALSE(PumpUntil(
+            TheForm(), [] { return !ToolTips().empty(); }, LongerThanATipTakes));
     });
 }
 

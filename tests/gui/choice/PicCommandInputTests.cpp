@@ -306,8 +306,8 @@ protected:
     }
     void ExpectSurvival()
     {
-        EXPECT_TRUE(TheForm().PumpUntil([this] { return struck_; }));
-        TheForm().PumpPending();
+        EXPECT_TRUE(PumpUntil(TheForm(), [this] { return struck_; }));
+        PumpPending(TheForm());
     }
 
 private:

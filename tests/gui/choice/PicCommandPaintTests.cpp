@@ -47,7 +47,7 @@ protected:
     // All that waits is handled first.
     void ExpectPicture()
     {
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         ExpectPicture(button_->Look());
     }
     void Show(const PictureRow& row)
@@ -58,7 +58,7 @@ protected:
     void FocusElsewhere()
     {
         elsewhere_->Focus();
-        TheForm().PumpPending();
+        PumpPending(TheForm());
     }
 
 private:
@@ -105,10 +105,10 @@ TEST_F(PicCommandPaint, ALinkLooksTheSameWithTheFocusAndWithout)
     {
         FocusElsewhere();
         Show({type, 0});
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         const Pixels without = button.Shown();
         button.Site().Focus();
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_EQ(Difference(without, button.Shown()), "") << type;
     }
 }
@@ -120,7 +120,7 @@ TEST_F(PicCommandPaint, ShowsEachPicturePressed)
     {
         Show(row);
         button.Site().Focus();
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         PointAt(button.Middle());
         PressButton(MouseButton::Left);
         Settle();
@@ -148,7 +148,7 @@ TEST_F(PicCommandPaint, FramesItselfInTheSystemsColours)
     EXPECT_EQ(rest.At(118, 1), GetSysColor(COLOR_BTNSHADOW));
     EXPECT_EQ(rest.At(1, 26), GetSysColor(COLOR_BTNSHADOW));
     button.Site().Focus();
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     const Pixels focused = button.Shown();
     for (const POINT corner : {POINT{0, 0}, POINT{119, 0}, POINT{0, 27}, POINT{119, 27}})
         EXPECT_EQ(focused.At(corner.x, corner.y), black);
@@ -188,7 +188,7 @@ TEST_F(PicCommandPaint, SurvivesEverySmallSize)
             button.Site().Move({20, 20, 20 + size, 48});
             button.Site().Move({20, 20, 140, 20 + size});
             button.Site().Move({20, 20, 20 + size, 20 + size});
-            TheForm().PumpPending();
+            PumpPending(TheForm());
         }
     }
     button.Site().Move({20, 20, 140, 48});

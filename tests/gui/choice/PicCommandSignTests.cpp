@@ -44,12 +44,12 @@ protected:
     void FocusElsewhere()
     {
         elsewhere_->Focus();
-        TheForm().PumpPending();
+        PumpPending(TheForm());
     }
     // All that waits is handled first.
     Pixels Look()
     {
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         return button_->Shown();
     }
 
@@ -104,7 +104,7 @@ TEST_P(PicCommandSign, LeavesTheFocusRectangleWholeWhilePressed)
         StartAnew();
         HostedButton& button = Shown(height);
         button.Site().Focus();
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         PointAt(button.Middle());
         PressButton(MouseButton::Left);
         Settle();

@@ -56,7 +56,7 @@ TEST_F(PicEndurance, CreatesButtons)
         button.Put(L"PictureType", turn % 6);
         button.SetCaption(L"&Details");
         button.Site().Focus();
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         TheForm().Remove(button.Site());
         if (turn == 100)
             handles = Handles();
@@ -108,7 +108,7 @@ TEST_F(PicEndurance, CreatesRecolouredPictures)
     {
         host::ControlSite& site = TheForm().Add(Library::UnderTest().Create(CLSID_PicLite).Get(), Placed());
         ASSERT_HRESULT_SUCCEEDED(site.Query<_PicLite>()->putref_Picture(picture.Get()));
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         TheForm().Remove(site);
     }
     EXPECT_EQ(ControlWindows(), 0);

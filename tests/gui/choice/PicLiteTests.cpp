@@ -90,7 +90,7 @@ TEST_F(PicLiteShown, ShowsWhatFitsOfALargePicture)
     PutPicture(TwoColours(200, 60));
     EXPECT_EQ(At(59, 29), Red);
     EXPECT_EQ(At(59, 30), Green);
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(At(59, 39), Green);
 }
 
@@ -100,11 +100,11 @@ TEST_F(PicLiteShown, IsPaintedAgain)
     host::ControlSite& site = Shown();
     PutPicture(TwoColours(30, 20));
     InvalidateRect(site.Window(), nullptr, TRUE);
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(At(0, 0), Red);
     site.SetVisible(false);
     site.SetVisible(true);
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(At(0, 0), Red);
 }
 

@@ -65,15 +65,15 @@ protected:
 
     void BringInFront(host::Form& form)
     {
-        ASSERT_TRUE(form.PumpUntil([&] {
+        ASSERT_TRUE(PumpUntil(form, [&] {
             return GetForegroundWindow() == form.Window() || (SetForegroundWindow(form.Window()), false);
         }));
-        form.PumpPending();
+        PumpPending(form);
     }
     void Leave()
     {
         SetFocus(elsewhere_->Window());
-        TheForm().PumpPending();
+        PumpPending(TheForm());
     }
 
     host::Form& Other() { return *other_; }
@@ -130,21 +130,22 @@ TEST_P(BoxLeaving, AnotherProgramInFrontLeavesTheEntryAsItIs)
             {
                 host::Form form(L"Program", {100, 60});
                 form.Show();
-                form.PumpUntil([&] {
+                PumpUntil(form, [&] {
                     return GetForegroundWindow() == form.Window() ||
                            (SetForegroundWindow(form.Window()), false);
                 });
                 shown = true;
-                form.PumpUntil([&] { return done.load(); }, 20000);
+                PumpUntil(
+                    form, [&] { return done.load(); }, 20000);
             }
             OleUninitialize();
         });
-        EXPECT_TRUE(TheForm().PumpUntil([&] { return shown && GetFocus() == nullptr; }));
+        EXPECT_TRUE(PumpUntil(TheForm(), [&] { return shown && GetFocus() == nullptr; }));
         ExpectUntouched(box, look);
         BringInFront(TheForm());
         done = true;
     }
-    TheForm().PumpUntil([&] { return GetFocus() == box.Edit(); });
+    PumpUntil(TheForm(), [&] { return GetFocus() == box.Edit(); });
     EXPECT_EQ(GetFocus(), box.Edit());
     ExpectUntouched(box, look);
     Leave();
@@ -177,7 +178,7 @@ TEST_P(BoxLeaving, AMessageInsideAnEventLeavesTheEntryAsItIs)
     });
     MessageBoxWatcher watcher;
     TapKey('A');
-    ASSERT_TRUE(TheForm().PumpUntil([&] { return asked; }));
+    ASSERT_TRUE(PumpUntil(TheForm(), [&] { return asked; }));
     EXPECT_EQ(watcher.Stop().size(), 1U);
     Settle();
     EXPECT_EQ(GetFocus(), box.Edit());
@@ -215,7 +216,7 @@ TEST_P(BoxLeaving, AClickElsewhereInTheFormLeaves)
     PointAt({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
     PressButton(MouseButton::Left);
     ReleaseButton(MouseButton::Left);
-    ASSERT_TRUE(TheForm().PumpUntil([&] { return GetFocus() == Elsewhere().Window(); }));
+    ASSERT_TRUE(PumpUntil(TheForm(), [&] { return GetFocus() == Elsewhere().Window(); }));
     ExpectLeft(box);
 }
 
@@ -230,7 +231,7 @@ TEST_P(BoxLeaving, AControlThatIsTakenAwayMeanwhileIsLeft)
     box.TakeEvents();
     BringInFront(TheForm());
     box.Site().Focus();
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(GetFocus(), box.Edit());
     const std::wstring text = box.Text();
     EXPECT_EQ(box.Look(), (BoxLook{text, 0, static_cast<int>(text.size())}));
@@ -251,7 +252,7 @@ TEST_P(BoxLeaving, AControlMayGoMeanwhile)
         host::Button& there = AddThere();
         SetFocus(there.Window());
         SetFocus(Other().Window());
-        Other().PumpPending();
+        PumpPending(Other());
         StartAnew();
     }
 }

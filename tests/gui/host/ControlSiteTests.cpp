@@ -217,7 +217,7 @@ TEST_F(ControlSite, LeavesNothingWithAControlThatLivesOn)
         host::SiteOptions options = Placed();
         options.quickActivate = quick;
         host::ControlSite& site = Add(options);
-        const ComPtr<IUnknown> control(site.Unknown());
+        const auto control = site.Query<IUnknown>();
         const auto points = site.Query<IConnectionPointContainer>();
         const auto object = site.Query<IOleObject>();
         const auto view = site.Query<IViewObject>();
@@ -246,10 +246,11 @@ TEST_F(ControlSite, SavesAndLoadsThroughABag)
 {
     host::ControlSite& site = Add();
     site.Put(L"YesText", Variant(L"Oui"));
-    EXPECT_TRUE(site.Dirty());
+    const auto persist = site.Query<IPersistStreamInit>();
+    EXPECT_EQ(persist->IsDirty(), S_OK);
     const auto bag = MakeCom<host::PropertyBag>();
     ASSERT_HRESULT_SUCCEEDED(site.Save(*bag.Get()));
-    EXPECT_FALSE(site.Dirty());
+    EXPECT_EQ(persist->IsDirty(), S_FALSE);
     host::SiteOptions options = Placed();
     options.load = bag.Get();
     EXPECT_EQ(Add(options).Get(L"YesText").Text(), L"Oui");

@@ -205,7 +205,7 @@ TEST_F(FormKeyboard, ADefaultButtonWithoutAHandlerClosesTheForm)
     EXPECT_EQ(asked, 1);
     EXPECT_FALSE(TheForm().Closed());
     TapKey(VK_RETURN);
-    EXPECT_TRUE(TheForm().PumpUntil([this] { return TheForm().Closed(); }));
+    EXPECT_TRUE(PumpUntil(TheForm(), [this] { return TheForm().Closed(); }));
 }
 
 TEST_F(FormKeyboard, TheFocusComesBackWithTheWindow)
@@ -218,11 +218,11 @@ TEST_F(FormKeyboard, TheFocusComesBackWithTheWindow)
     {
         host::Form other(L"Other", {100, 100});
         other.Show();
-        ASSERT_TRUE(TheForm().PumpUntil([&] { return GetForegroundWindow() == other.Window(); }));
+        ASSERT_TRUE(PumpUntil(TheForm(), [&] { return GetForegroundWindow() == other.Window(); }));
         EXPECT_EQ(Focused(), L"nothing");
     }
     SetForegroundWindow(TheForm().Window());
-    EXPECT_TRUE(TheForm().PumpUntil([&] { return Focused() == L"second"; })) << "the focus stayed away";
+    EXPECT_TRUE(PumpUntil(TheForm(), [&] { return Focused() == L"second"; })) << "the focus stayed away";
 }
 
 } // namespace

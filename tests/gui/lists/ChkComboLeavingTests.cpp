@@ -88,7 +88,7 @@ protected:
     // Of what the user does next the form hears.
     void ExpectFirstClickHeard()
     {
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         if (TheForm().Closed())
         {
             StartAnew();
@@ -150,13 +150,13 @@ TEST_P(ChkComboLeaving, InDropDownLeavesNoListBehind)
     TheOpening().Open(combo);
     if (left)
         ExpectClosed("at once");
-    EXPECT_TRUE(TheForm().PumpUntil([&] { return left; }));
+    EXPECT_TRUE(PumpUntil(TheForm(), [&] { return left; }));
     if (TheOpening().ByMouse)
     {
         EXPECT_FALSE(IsWindow(combo.List()) && IsWindowVisible(combo.List()));
         ReleaseButton(MouseButton::Left);
     }
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     ExpectOpenedAndClosed(combo);
     ExpectFirstClickHeard();
 }

@@ -280,7 +280,7 @@ TEST_F(ChkComboPaint, DrawsNothingWhereItIsNotToldWhat)
     HostedCombo combo = AddCombo(OneOfEach());
     ASSERT_HRESULT_SUCCEEDED(combo->put_ListIndex(1));
     ShowForm();
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     const Pixels before = PixelsOfWindow(combo.Window());
     const DRAWITEMSTRUCT empty = {};
     for (const HWND window : {combo.Window(), combo.Combo(), combo.ScrollBar()})
@@ -290,7 +290,7 @@ TEST_F(ChkComboPaint, DrawsNothingWhereItIsNotToldWhat)
     }
     SendMessageA(combo.Window(), WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&empty));
     ASSERT_HRESULT_SUCCEEDED(combo->Refresh());
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(Difference(before, PixelsOfWindow(combo.Window())), "");
     EXPECT_EQ(combo.Item(2), L"item 2");
 }
@@ -348,7 +348,7 @@ TEST_F(ChkComboPaint, IsDrawnInactiveAsOnTheScreen)
     HostedCombo combo = AddCombo(OneOfEach());
     ShowForm();
     const auto difference = [&] {
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         const Pixels shown = PixelsOfWindow(combo.Window());
         const Canvas canvas(shown.Size());
         EXPECT_HRESULT_SUCCEEDED(combo.Site().Draw(canvas.Dc(), {0, 0, shown.Size().cx, shown.Size().cy}));
@@ -385,7 +385,7 @@ TEST_F(ChkComboPaint, ShowsADisabledFieldInGrey)
     ShowForm();
     const auto shown = [&](bool enabled) {
         EXPECT_HRESULT_SUCCEEDED(combo->put_Enabled(enabled ? VARIANT_TRUE : VARIANT_FALSE));
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         const Pixels control = PixelsOfWindow(combo.Window());
         const Canvas canvas(control.Size());
         EXPECT_HRESULT_SUCCEEDED(
@@ -423,7 +423,7 @@ TEST_F(ChkComboPaint, ShowsAFieldThatIsLoadedDisabledInGrey)
     HostedCombo combo = AddCombo(OneOfEach(), options);
     ASSERT_HRESULT_SUCCEEDED(combo->put_ListIndex(0));
     ShowForm();
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(FieldOf(combo).Count(0x0000C0), 0);
     EXPECT_GT(FieldOf(combo).Count(GetSysColor(COLOR_GRAYTEXT)), 10);
 }
@@ -434,14 +434,14 @@ TEST_F(ChkComboPaint, TakesNewColoursUpWithTheNextDrawing)
     HostedCombo combo = AddCombo(OneOfEach());
     ASSERT_HRESULT_SUCCEEDED(combo->put_ListIndex(0));
     ShowForm();
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     const auto inside = [&] { return PixelsOfWindow(combo.Combo()).At(80, 12); };
     EXPECT_EQ(inside(), GetSysColor(COLOR_WINDOW));
     ASSERT_HRESULT_SUCCEEDED(combo->put_BackColor(0x80FFFF));
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(inside(), GetSysColor(COLOR_WINDOW));
     ASSERT_HRESULT_SUCCEEDED(combo->Refresh());
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(inside(), 0x80FFFFU);
 }
 

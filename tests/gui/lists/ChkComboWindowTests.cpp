@@ -5,6 +5,7 @@
 #include "tests/support/NamedRow.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/TestFont.h"
+#include "tests/support/WindowClass.h"
 
 #include <algorithm>
 
@@ -73,9 +74,7 @@ TEST_F(ChkComboFocus, IsHeldByAScrollBarThatNobodySees)
 {
     HostedCombo combo = ShownCombo(OneOfEach());
     EXPECT_EQ(GetFocus(), combo.ScrollBar());
-    char name[16] = {};
-    GetClassNameA(combo.ScrollBar(), name, sizeof name);
-    EXPECT_STRCASEEQ(name, "ScrollBar");
+    EXPECT_TRUE(IsOfClass(combo.ScrollBar(), "ScrollBar"));
     RECT place = {};
     RECT control = {};
     GetWindowRect(combo.ScrollBar(), &place);
@@ -101,7 +100,7 @@ TEST_F(ChkComboFocus, ArrivingTwiceAtOnceIsHandedOnOnce)
     HostedCombo combo = AddCombo(OneOfEach());
     ShowForm();
     SendMessageA(combo.Combo(), WM_SETFOCUS, 0, 0);
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     // The two have to arrive within ten milliseconds, which a busy machine does not always manage.
     bool inTime = false;
     for (int attempt = 0; attempt < 100 && !inTime; ++attempt)
@@ -155,7 +154,7 @@ TEST_F(ChkComboFocus, DoesNotComeBackOnceItIsElsewhere)
     WaitForTheNextHandOver();
     SetFocus(combo.ScrollBar());
     SetFocus(elsewhere.Window());
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(GetFocus(), elsewhere.Window());
 }
 
@@ -166,7 +165,7 @@ TEST_F(ChkComboFocus, ShowsInTheComboBox)
     ASSERT_HRESULT_SUCCEEDED(combo->put_ListIndex(0));
     ShowForm();
     const auto inside = [&] {
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         return PixelsOfWindow(combo.Combo()).At(80, 12);
     };
     EXPECT_EQ(inside(), GetSysColor(COLOR_WINDOW));
@@ -338,8 +337,8 @@ protected:
                 Strike(combo.Site());
         });
         act(combo);
-        EXPECT_TRUE(TheForm().PumpUntil([&] { return struck; }));
-        TheForm().PumpPending();
+        EXPECT_TRUE(PumpUntil(TheForm(), [&] { return struck; }));
+        PumpPending(TheForm());
         EXPECT_FALSE(IsWindow(combo.List()) && IsWindowVisible(combo.List()));
     }
 

@@ -66,7 +66,7 @@ protected:
     void GiveRoom(host::ControlSite& list, int pixels)
     {
         list.Move({20, 20, 20 + pixels + ButtonWidth(list) + 2 * Edge, 45});
-        TheForm().PumpPending();
+        PumpPending(TheForm());
     }
     // What is beside the button.
     static Pixels LabelOf(const Pixels& inside, const host::ControlSite& list)
@@ -102,7 +102,7 @@ protected:
     void PointElsewhere()
     {
         PointAt({0, 0});
-        TheForm().PumpPending();
+        PumpPending(TheForm());
     }
     static void PointAtLabelOf(const host::ControlSite& list)
     {
@@ -113,13 +113,14 @@ protected:
     void ExpectTip(const host::ControlSite& list, const std::wstring& text)
     {
         PointAtLabelOf(list);
-        EXPECT_TRUE(TheForm().PumpUntil([] { return !ShownToolTip().empty(); }));
+        EXPECT_TRUE(PumpUntil(TheForm(), [] { return !ShownToolTip().empty(); }));
         EXPECT_EQ(ShownToolTip(), text);
     }
     void ExpectNoTip(const host::ControlSite& list)
     {
         PointAtLabelOf(list);
-        EXPECT_FALSE(TheForm().PumpUntil([] { return !ToolTips().empty(); }, LongerThanATipTakes));
+        EXPECT_FALSE(PumpUntil(
+            TheForm(), [] { return !ToolTips().empty(); }, LongerThanATipTakes));
     }
 };
 
@@ -169,7 +170,7 @@ TEST_F(EnumListLookTest, ItIsDrawnElsewhereAsOnTheScreen)
     for (const bool enabled : {true, false})
     {
         list.Put(L"Enabled", Variant(enabled));
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         const Pixels shown = PixelsOfWindow(list.Window());
         const Canvas canvas({shown.Size().cx + 2 * Edge, shown.Size().cy + 2 * Edge});
         EXPECT_HRESULT_SUCCEEDED(

@@ -1,9 +1,5 @@
 #include "tests/gui/lists/ListsTest.h"
 
-#include "tests/support/Thread.h"
-
-#include <atomic>
-
 namespace kiv::test
 {
 
@@ -39,20 +35,10 @@ HWND ListsTest::ButtonOf(const host::ControlSite& list)
 
 void ListsTest::Pick(const std::function<void()>& open, const std::function<void(Picker&)>& user)
 {
-    std::atomic<bool> done = false;
-    std::atomic<bool> over = false;
-    const Thread thread([&, picking = GetCurrentThreadId()] {
-        Picker picker(picking);
-        if (picker.WaitUntilShown())
-            user(picker);
-        picker.CloseIfShown();
-        done = true;
-        picker.CloseUntil(over);
-    });
-    open();
-    constexpr DWORD limit = 60000;
-    EXPECT_TRUE(TheForm().PumpUntil([&] { return done.load(); }, limit));
-    over = true;
+    const auto pumpUntil = [this](const std::function<bool()>& condition, DWORD limit) {
+        return PumpUntil(TheForm(), condition, limit);
+    };
+    test::Pick(pumpUntil, open, user);
 }
 
 void ListsTest::Pick(const std::function<void(Picker&)>& user)

@@ -317,7 +317,7 @@ TEST_F(PickerFormTest, SurvivesThatTheDatabaseTakesTheControlAway)
                 TheForm().Remove(list);
         });
         TapKey(VK_SPACE);
-        EXPECT_TRUE(TheForm().PumpUntil([&] { return done; }));
+        EXPECT_TRUE(PumpUntil(TheForm(), [&] { return done; }));
         Settle();
         Database().OnCall({});
         EXPECT_EQ(Database().StillOpen(), 0);

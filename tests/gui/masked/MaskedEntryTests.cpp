@@ -170,7 +170,7 @@ TEST_F(MaskedEntryTest, ComplaintsBelongToTheFormAndGiveTheFocusBack)
     const std::vector<ShownMessageBox> shown = watcher.Stop();
     ASSERT_EQ(shown.size(), 1U);
     EXPECT_EQ(shown[0].Owner, TheForm().Window());
-    EXPECT_TRUE(TheForm().PumpUntil([&] { return GetFocus() == box.Edit(); }));
+    EXPECT_TRUE(PumpUntil(TheForm(), [&] { return GetFocus() == box.Edit(); }));
     EXPECT_EQ(box.Look(), (BoxLook{L"123-45-678_", 0, 11}));
 }
 

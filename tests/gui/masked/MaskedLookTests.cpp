@@ -66,17 +66,17 @@ TEST_F(MaskedLookTest, HasItsColours)
         EXPECT_EQ(Corner(box->Edit()), GetSysColor(COLOR_WINDOW));
         box->Site().Put(L"BackColor", Variant(0x00C0FFL));
         box->Site().Put(L"ForeColor", Variant(0xFF0000L));
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_EQ(Corner(box->Edit()), 0x00C0FFU);
         EXPECT_EQ(box->Site().Get(L"BackColor").Long(), 0x00C0FFL);
         EXPECT_TRUE(Shows(box->Edit(), 0xFF0000)) << "the text's colour";
         box->Site().Put(L"BackColor", Variant(static_cast<long>(0x8000000F)));
-        TheForm().PumpPending();
+        PumpPending(TheForm());
         EXPECT_EQ(Corner(box->Edit()), GetSysColor(COLOR_BTNFACE));
     }
     number.SetStyle(2);
     number.Site().Put(L"BackColor", Variant(0x80FF80L));
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     EXPECT_EQ(Corner(number.Edit()), 0x80FF80U) << "the other box has them as well";
 }
 

@@ -176,7 +176,7 @@ TEST_F(MaskedStyleTest, DateStyleLeavesTheTextAlone)
 TEST_F(MaskedStyleTest, SwitchesTenThousandTimes)
 {
     HostedBox box = ShownNumberBox();
-    TheForm().PumpPending();
+    PumpPending(TheForm());
     const int windows = Windows();
     const LONG_PTR hook = ProcedureOf(box.Edit());
     const ComPtr<_NumberBox> control = box.Site().Query<_NumberBox>();

@@ -6,6 +6,7 @@
 #include "tests/hostile/fuzz/OddValues.h"
 #include "tests/support/StrayMessages.h"
 #include "tests/support/ToolTips.h"
+#include "tests/support/WindowClass.h"
 
 #include <oleacc.h>
 

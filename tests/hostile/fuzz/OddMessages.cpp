@@ -2,6 +2,7 @@
 
 #include "tests/hostile/fuzz/PlatformFaults.h"
 #include "tests/support/StrayMessages.h"
+#include "tests/support/WindowClass.h"
 
 #include <commctrl.h>
 #include <dde.h>
@@ -181,13 +182,6 @@ HWND AnyWindow(Random& random, HWND root)
 }
 
 } // namespace
-
-std::string ClassNameOf(HWND window)
-{
-    char name[64] = {};
-    GetClassNameA(window, name, ARRAYSIZE(name));
-    return name;
-}
 
 std::string OddMessage::Describe(HWND target) const
 {

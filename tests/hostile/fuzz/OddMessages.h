@@ -50,7 +50,4 @@ private:
     HDC dc_;
 };
 
-// The name of a window's class, in the system's spelling.
-std::string ClassNameOf(HWND window);
-
 } // namespace kiv::test

@@ -1,6 +1,7 @@
 #include "tests/hostile/fuzz/PlainWindow.h"
 
 #include "tests/hostile/fuzz/OddMessages.h"
+#include "tests/support/WindowClass.h"
 
 #include <string_view>
 

@@ -1,5 +1,7 @@
 #include "tests/hostile/fuzz/PlatformFaults.h"
 
+#include "tests/support/WindowClass.h"
+
 #include <algorithm>
 
 namespace kiv::test
