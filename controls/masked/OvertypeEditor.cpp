@@ -80,7 +80,6 @@ private:
         if (selected_ == 0)
             return false;
         Restore(caret_, selected_);
-        selected_ = 0;
         return true;
     }
 
@@ -109,7 +108,7 @@ private:
     // What the box will show: what it shows, completed from the template.
     std::wstring text_;
     std::size_t caret_;
-    std::size_t selected_;
+    const std::size_t selected_;
     std::vector<std::wstring> edits_;
 };
 

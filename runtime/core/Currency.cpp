@@ -18,9 +18,6 @@ constexpr int Decimals = 4;
 std::optional<Currency> Currency::From(const Decimal& number)
 {
     const Decimal units = number.Rounded(Decimals, Halves::ToEven).Shifted(Decimals);
-    // More digits than 64 bits can hold.
-    if (units.Point() > std::numeric_limits<std::int64_t>::digits10 + 1)
-        return std::nullopt;
     std::string text = units.IsNegative() ? "-0" : "0";
     for (int power = units.Point() - 1; power >= 0; --power)
         text.push_back(units.DigitOf(power));

@@ -46,8 +46,6 @@ Decimal ExactVal(std::wstring_view text)
     const int point = static_cast<int>(digits.size());
     if (Take(rest, L'.'))
         digits += TakeDigits(rest);
-    if (digits.empty())
-        return {};
     return Decimal(negative, digits, point + TakeExponent(rest));
 }
 

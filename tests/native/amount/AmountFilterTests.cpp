@@ -1,3 +1,4 @@
+#include "controls/amount/AmountText.h"
 #include "controls/amount/CurrencyRules.h"
 #include "controls/amount/PercentRules.h"
 
@@ -99,6 +100,15 @@ TEST(AmountFilterTest, LetsNothingElseThrough)
         EXPECT_EQ(CurrencyRules().Filter(box, key), (FilteredKey{box, isPassed ? key : short{0}})) << key;
         const bool isPercentKey = isPassed && key != '-';
         EXPECT_EQ(PercentRules().Filter(box, key), (FilteredKey{box, isPercentKey ? key : short{0}})) << key;
+    }
+}
+
+TEST(AmountTextTest, EndsAtASeparatorOfGroups)
+{
+    for (const NumberLocale& locale : {NumberLocale{}, NumberLocale{L',', L'.', L"\u20AC"}})
+    {
+        EXPECT_EQ(ValOf(std::wstring(1, locale.GroupSeparator) + L"5", locale), Decimal());
+        EXPECT_EQ(ValOf(std::wstring(1, locale.DecimalPoint) + L"5", locale), Decimal(false, "5", 0));
     }
 }
 

@@ -120,6 +120,14 @@ TEST(CurrencyLimitsTest, ResetsHalfWayWhereTheLowerBoundIsInTheWay)
     EXPECT_EQ(change.Limits, limits);
 }
 
+TEST(CurrencyLimitsTest, TakesNoBoundBeyondAllAmountsForAStoredDigitCount)
+{
+    CurrencyLimits limits;
+    limits.NumIntDigits = 15;
+    ExpectRefused(LetMaxValue(limits, Whole(100'000'000'000'000)), limits);
+    ExpectRefused(LetMinValue(limits, Whole(-100'000'000'000'000)), limits);
+}
+
 TEST(CurrencyLimitsTest, LosesTheSignOfTheUpperBoundWhereTheResetIsRefused)
 {
     // As stored in a form by hand: no let would have taken these bounds in this order.

@@ -135,6 +135,13 @@ TEST(CurrencyRulesTest, ChecksTheRangeToTheUnit)
         EXPECT_FALSE(CurrencyRules(limits).IsValid(text)) << text;
 }
 
+TEST(CurrencyRulesTest, TakesNoAmountAtAllAlsoWhereZeroIsOutOfTheRange)
+{
+    const CurrencyRules rules(Bounded(1, 100));
+    EXPECT_TRUE(rules.IsValid(L""));
+    EXPECT_FALSE(rules.IsValid(L"0"));
+}
+
 TEST(CurrencyRulesTest, TellsTheRange)
 {
     EXPECT_EQ(CurrencyRules().RangeMessage(),

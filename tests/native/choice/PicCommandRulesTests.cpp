@@ -101,6 +101,7 @@ const LayoutRow LayoutRows[] = {
     {{0, 0, 100, 20}, Note, 3, 40, {{35, 0, 100, 20}, {14, -1}}},
     // A record that does not begin at the corner.
     {{10, 40, 110, 65}, Check, 0, 40, {{26, 40, 110, 65}, {13, 47}}},
+    {{10, 40, 110, 65}, Plus, 1, 40, {{42, 40, 110, 65}, {26, 43}}},
 };
 
 TEST(PicCommandRulesTest, PlacesCaptionAndIcon)
@@ -127,12 +128,15 @@ std::vector<std::string> Drawn(const ButtonFrame& frame, int width, int height)
         {
             const PixelPoint from = stroke.Points[at - 1];
             const PixelPoint to = stroke.Points[at];
+            EXPECT_TRUE(from.X == to.X || from.Y == to.Y) << "slanted";
             const int length = std::max(std::abs(to.X - from.X), std::abs(to.Y - from.Y));
             for (int step = 0; step < length; ++step)
             {
                 const int x = from.X + (to.X - from.X) / length * step;
                 const int y = from.Y + (to.Y - from.Y) / length * step;
-                if (x >= 0 && y >= 0 && x < width && y < height)
+                const bool inside = x >= 0 && y >= 0 && x < width && y < height;
+                EXPECT_TRUE(inside) << x << ", " << y;
+                if (inside)
                     picture[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] =
                         letters.at(stroke.Color);
             }

@@ -121,6 +121,25 @@ std::vector<std::uint8_t> WithEntriesExchanged(std::size_t bits, std::size_t cou
     return pixels;
 }
 
+// The first entry has become the second one, and that the third.
+std::vector<std::uint8_t> WithEntriesInARow(std::size_t bits)
+{
+    std::vector<std::uint8_t> pixels = EntryExchange::EveryEntry(bits);
+    if (bits == 4)
+        pixels[0] = 0x12;
+    else
+        std::copy_n(pixels.begin() + 1, 2, pixels.begin());
+    return pixels;
+}
+
+// The last entry, of which every bit is set, has become the first one.
+std::vector<std::uint8_t> WithTheLastEntryCleared(std::size_t bits)
+{
+    std::vector<std::uint8_t> pixels = EntryExchange::EveryEntry(bits);
+    pixels.back() &= static_cast<std::uint8_t>(~((1U << bits) - 1));
+    return pixels;
+}
+
 // What lies between rows stays as it is.
 void ExpectEntriesExchanged(const Shape& shape, std::span<const std::uint8_t> exchanged, std::mt19937& random)
 {
@@ -158,6 +177,11 @@ TEST(PixelExchangeTest, GoesThroughEveryEntryOfEveryRowAndNoFurther)
         for (const std::size_t count : {0U, 1U, 2U, 5U, 16U, 100U, 256U})
             if (count <= std::size_t{1} << bits)
                 exchanges.push_back(WithEntriesExchanged(bits, count));
+        if (bits != 1)
+        {
+            exchanges.push_back(WithEntriesInARow(bits));
+            exchanges.push_back(WithTheLastEntryCleared(bits));
+        }
         for (const std::vector<std::uint8_t>& exchanged : exchanges)
             for (const std::size_t width : {1U, 2U, 3U, 7U, 8U, 9U, 17U, 33U, 131U})
                 for (const std::size_t height : {1U, 3U})
@@ -183,6 +207,24 @@ TEST(PixelExchangeTest, LeavesAllAloneForAColourThatThereIsNot)
         std::vector<std::uint8_t> bytes(48);
         Exchange({bytes, 48, 48 * 8 / bits, bits}, {colorBits, ~colorBits, 0, 0x11223344});
         EXPECT_EQ(bytes, std::vector<std::uint8_t>(48)) << bits << " bits, all black";
+    }
+}
+
+TEST(PixelExchangeTest, LeavesAllAloneForAColourOfMoreBitsThanAPixel)
+{
+    std::vector<std::uint8_t> bytes(48);
+    Exchange({bytes, 48, 24, 16}, {0xFFFFFF, 0x120000, 0, 0x1234});
+    EXPECT_EQ(bytes, std::vector<std::uint8_t>(48));
+}
+
+TEST(PixelExchangeTest, KnowsAColourByItsHighestBit)
+{
+    for (const std::size_t bits : {16U, 24U, 32U})
+    {
+        std::vector<std::uint8_t> bytes(bits / 8);
+        bytes.back() = 0x80;
+        Exchange({bytes, bits / 8, 1, bits}, {~0U >> (32 - bits), 1U << (bits - 1), 0, 5});
+        EXPECT_EQ(PixelAt(bytes, 0, bits / 8), 5U) << bits << " bits";
     }
 }
 

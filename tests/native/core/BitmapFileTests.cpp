@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <ostream>
 #include <vector>
 
@@ -71,9 +72,13 @@ const FieldRow Rows[] = {
     {"WidestThatFits", 18, 4, 32, true},
     {"Wider", 18, 4, 33, false},
     {"VeryWide", 18, 4, 0x08040000, false},
+    {"OnePixelWide", 18, 4, 1, true},
+    {"NoWidth", 18, 4, 0, false},
     {"NegativeWidth", 18, 4, static_cast<std::uint32_t>(-4), false},
     {"MoreBitsThanThereAre", 28, 2, 24, false},
     {"ColoursBeyondTheEnd", 28, 2, 8, false},
+    {"ColoursInUseToTheEnd", 46, 4, 5, true},
+    {"OneColourMore", 46, 4, 6, false},
     {"ColoursInUseBeyondTheEnd", 46, 4, 100, false},
     {"BitsPerPixelBeyondAll", 28, 2, 64, false},
     {"LargeHeader", 14, 4, 0x08000028, false},
@@ -105,9 +110,85 @@ TEST(BitmapFile, OfTheOldKindIsKnown)
     Put(bytes, 14, 4, 12);
     Put(bytes, 18, 2, 8);
     Put(bytes, 20, 2, 1);
+    Put(bytes, 22, 2, 1);
     Put(bytes, 24, 2, 1);
     EXPECT_TRUE(HoldsItsBitmap(bytes));
     Put(bytes, 20, 2, 2);
+    EXPECT_FALSE(HoldsItsBitmap(bytes));
+}
+
+TEST(BitmapFile, OfTheOldKindHasColoursOfThreeBytes)
+{
+    Bytes bytes(14 + 12 + 16 * 3 + 4);
+    bytes[0] = 'B';
+    bytes[1] = 'M';
+    Put(bytes, 10, 4, 14 + 12 + 16 * 3);
+    Put(bytes, 14, 4, 12);
+    Put(bytes, 18, 2, 8);
+    Put(bytes, 20, 2, 1);
+    Put(bytes, 24, 2, 4);
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
+}
+
+TEST(BitmapFile, OfTheNewestKindIsTheLastThatIsKnown)
+{
+    Bytes bytes(14 + 125 + 8 + 12);
+    const Bytes small = Small();
+    std::copy(small.begin(), small.begin() + 14 + 40, bytes.begin());
+    Put(bytes, 10, 4, 14 + 125 + 8);
+    Put(bytes, 14, 4, 124);
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
+    Put(bytes, 14, 4, 125);
+    EXPECT_FALSE(HoldsItsBitmap(bytes));
+}
+
+// Four lines are one more than there are: what counts is how large the bits say to be.
+TEST(BitmapFile, ThatIsCompressedHasItsSizeInItsHeader)
+{
+    Bytes bytes = Small();
+    Put(bytes, 22, 4, 4);
+    Put(bytes, 30, 4, 1);
+    Put(bytes, 34, 4, 12);
+    // Of no matter, and no part of its neighbours: the resolution, and the colours that are important.
+    Put(bytes, 38, 4, 0x10);
+    Put(bytes, 46, 4, 5);
+    Put(bytes, 50, 4, 0x10);
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
+    Put(bytes, 34, 4, 13);
+    EXPECT_FALSE(HoldsItsBitmap(bytes));
+    // Bit fields are no compression.
+    Put(bytes, 34, 4, 12);
+    Put(bytes, 30, 4, 3);
+    EXPECT_FALSE(HoldsItsBitmap(bytes));
+    Put(bytes, 22, 4, 3);
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
+}
+
+TEST(BitmapFile, HasNoMoreThan32767PixelsALineOrLines)
+{
+    Bytes bytes = Small();
+    bytes.resize(14 + 40 + 8 + 32767 * 4);
+    Put(bytes, 18, 4, 1);
+    Put(bytes, 22, 4, 32767);
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
+    bytes.resize(bytes.size() + 4);
+    Put(bytes, 22, 4, 32768);
+    EXPECT_FALSE(HoldsItsBitmap(bytes));
+    Put(bytes, 22, 4, 1);
+    Put(bytes, 18, 4, 32767);
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
+    Put(bytes, 18, 4, 32768);
+    EXPECT_FALSE(HoldsItsBitmap(bytes));
+}
+
+TEST(BitmapFile, HasNoMoreThan32BitsAPixel)
+{
+    Bytes bytes = Small();
+    Put(bytes, 18, 4, 1);
+    Put(bytes, 22, 4, 1);
+    Put(bytes, 28, 2, 32);
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
+    Put(bytes, 28, 2, 33);
     EXPECT_FALSE(HoldsItsBitmap(bytes));
 }
 

@@ -42,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(
         // The window of two-digit years.
         DateInText{L"1/5/29", year(2029) / 1 / 5}, DateInText{L"1/5/30", year(1930) / 1 / 5},
         DateInText{L"1/5/00", year(2000) / 1 / 5}, DateInText{L"1/5/99", year(1999) / 1 / 5},
-        DateInText{L"1/5/100", year(100) / 1 / 5}));
+        DateInText{L"1/5/100", year(100) / 1 / 5}, DateInText{L"100/1/5", year(100) / 1 / 5}));
 
 INSTANTIATE_TEST_SUITE_P(
     Others, ParseDateTest,

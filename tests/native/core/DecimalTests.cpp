@@ -32,6 +32,14 @@ TEST(DecimalTest, ZeroHasNoSign)
     EXPECT_EQ(Decimal().Negated(), Decimal());
 }
 
+TEST(DecimalTest, ChangesItsSign)
+{
+    EXPECT_EQ(Of(5).Negated(), Of(-5));
+    EXPECT_EQ(Of(-5).Negated(), Of(5));
+    EXPECT_EQ(Of(5).Absolute(), Of(5));
+    EXPECT_EQ(Of(-5).Absolute(), Of(5));
+}
+
 TEST(DecimalTest, TakesTheShortestDigitsOfBinaryNumbers)
 {
     EXPECT_EQ(Of(0.1), Decimal(false, "1", 0));

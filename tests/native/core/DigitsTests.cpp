@@ -13,6 +13,7 @@ TEST(DigitsTest, ReadsDigitsAndNothingElse)
     EXPECT_EQ(ReadDigits(L"0"), 0);
     EXPECT_EQ(ReadDigits(L"007"), 7);
     EXPECT_EQ(ReadDigits(L"2004"), 2004);
+    EXPECT_EQ(ReadDigits(L"99999990"), 99'999'990);
     EXPECT_EQ(ReadDigits(L"99999999"), LargestRead);
     for (const wchar_t* text :
          {L"", L" ", L"1 ", L" 1", L"+1", L"-1", L"1.0", L"1e2", L"0x1", L"/", L":", L"１"})

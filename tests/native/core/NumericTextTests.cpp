@@ -96,6 +96,8 @@ INSTANTIATE_TEST_SUITE_P(Exponents, NumericTextTest,
 
 INSTANTIATE_TEST_SUITE_P(Radix, NumericTextTest,
                          testing::Values(NumericRow{L"&H10", 16}, NumericRow{L"&hfF", 255},
+                                         NumericRow{L"&HaA", 170}, NumericRow{L"&H`", NotNumeric},
+                                         NumericRow{L"&Hg", NotNumeric}, NumericRow{L"&H@", NotNumeric},
                                          NumericRow{L"&O17", 15}, NumericRow{L"&o17", 15},
                                          NumericRow{L" &H10 ", 16}, NumericRow{L"&HFFFF", 65535},
                                          NumericRow{L"&HFFFFFFFF", 4294967295},
@@ -108,7 +110,8 @@ INSTANTIATE_TEST_SUITE_P(Radix, NumericTextTest,
 
 INSTANTIATE_TEST_SUITE_P(Blanks, NumericTextTest,
                          testing::Values(NumericRow{L" 5 ", 5}, NumericRow{L"\t5\t", 5},
-                                         NumericRow{L"\r\n5\r\n", 5}, NumericRow{L"\u00A05\u00A0", 5}));
+                                         NumericRow{L"\r\n5\r\n", 5}, NumericRow{L"\x0E 5", NotNumeric},
+                                         NumericRow{L"\u00A05\u00A0", 5}));
 
 TEST(NumericTextTest, TakesOnlyTheLocalesOwnSeparators)
 {

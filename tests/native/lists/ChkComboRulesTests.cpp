@@ -256,6 +256,7 @@ TEST(ChkComboLook, MasksSystemColoursDifferently)
     EXPECT_EQ(ItemBackground(0x80000012U), (ItemColor{true, 2})) << "the background keeps four bits";
     EXPECT_EQ(ItemForeground(0x80000012U), (ItemColor{true, 18}));
     EXPECT_EQ(ItemForeground(0x80000112U), (ItemColor{true, 18})) << "the text keeps eight bits";
+    EXPECT_EQ(ItemBackground(0x00000001U), (ItemColor{false, 1}));
     EXPECT_EQ(ItemBackground(0x00FF8040U), (ItemColor{false, 0xFF8040}));
     EXPECT_EQ(ItemBackground(0x7FFF8040U), (ItemColor{false, 0xFF8040}));
     EXPECT_EQ(ItemForeground(0x02FF8040U), (ItemColor{false, 0xFF8040}));

@@ -120,6 +120,7 @@ inline const std::vector<DateEntryRow> DateEntryRows = {
     {"MonthDayWithoutMonth", 3, false, L"__/12", Judgement::NoDate},
     {"MonthDayVarious", 3, true, L"99/99", Judgement::NoDate},
     {"MonthDayFebruary29", 3, false, L"02/29", Judgement::NoDate},
+    {"MonthDayFebruary29OfAYear", 3, false, L"02/29/2004", Judgement::NoDate},
     {"MonthDayFebruary28", 3, false, L"02/28", Judgement::Valid, L"02/28"},
     {"MonthDayBeforeThePeriod", 3, false, L"01/05", Judgement::OutsidePeriod, L"01/05", 36897},
     {"MonthDayAfterThePeriod", 3, false, L"01/05", Judgement::OutsidePeriod, L"01/05", 1828, 36895},

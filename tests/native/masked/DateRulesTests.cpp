@@ -238,6 +238,13 @@ TEST(DateRulesTest, ABoundWithTwoDigitsOfTheYearIsReadByTheirWindow)
     EXPECT_EQ(rules.AsShown(ToAutomationDate(year(2030) / 1 / 1)), ToAutomationDate(year(1930) / 1 / 1));
 }
 
+TEST(DateRulesTest, KeepsTheCenturyOfABoundThatShowsIt)
+{
+    DateRules rules;
+    rules.SetStyle(DateFormat::MonthDayFullYear);
+    EXPECT_EQ(rules.AsShown(ToAutomationDate(year(1876) / 5 / 4)), ToAutomationDate(year(1876) / 5 / 4));
+}
+
 TEST(DateRulesTest, February29IsNoBoundWithoutAYear)
 {
     DateRules rules;

@@ -118,6 +118,26 @@ TEST(NumberRulesTest, CustomKeepsTheLengthOfRoutingNumbers)
     EXPECT_FALSE(rules.UsesRoutingBox());
 }
 
+TEST(NumberRulesTest, EveryOtherStyleLeavesTheRoutingBox)
+{
+    for (const NumberFormat style : {NumberFormat::SSN, NumberFormat::FederalId, NumberFormat::Custom})
+    {
+        NumberRules rules;
+        rules.SetStyle(NumberFormat::Routing);
+        rules.SetStyle(style);
+        EXPECT_FALSE(rules.UsesRoutingBox());
+    }
+}
+
+TEST(NumberRulesTest, CustomMayBeASingleDigit)
+{
+    NumberRules rules;
+    rules.SetStyle(NumberFormat::Custom);
+    rules.SetMaxLength(1);
+    EXPECT_TRUE(rules.IsComplete(L"1"));
+    EXPECT_FALSE(rules.IsComplete(L"12"));
+}
+
 TEST(NumberRulesTest, ANumberThatIsNoStyleKeepsTheRoutingBox)
 {
     NumberRules rules;
