@@ -109,6 +109,17 @@ TEST(NumberFormatTest, TakesTheDigitsThatADoubleShows)
     EXPECT_EQ(Format(*Decimal::FromDouble(12345678901234.56), L"#,###.00", {}), L"12,345,678,901,234.56");
 }
 
+// Beyond what is kept room for in advance.
+TEST(NumberFormatTest, WritesNumbersOfAnyLength)
+{
+    std::wstring text = L"-1";
+    for (int groups = 0; groups < 100; ++groups, text += L",000")
+    {
+        const std::string digits = "1" + std::string(static_cast<std::size_t>(3 * groups), '0') + "5";
+        EXPECT_EQ(Format(Decimal(true, digits, 3 * groups + 1), L"#,##0.00", {}), text + L".50");
+    }
+}
+
 } // namespace
 
 } // namespace kiv::test
