@@ -152,7 +152,7 @@ bool AmountBox::IsValidInput(bool ShowMessage)
 
 void AmountBox::ShowInLabel()
 {
-    lblRight.Caption(Rules()->CaptionOf(txtLeft.Text()));
+    lblRight.Caption(Caption());
     // Under the box nobody sees it, and painting takes longer than all the rest of a key stroke.
     if (isParked_)
         Refresh();
@@ -172,13 +172,13 @@ double AmountBox::BoxHeight() const
 AmountLayout AmountBox::Layout() const
 {
     const Surface& surface = TheSurface();
-    return Rules()->CalcLayout({.ScaleWidth = surface.ScaleWidth(),
-                                .ScaleHeight = surface.ScaleHeight(),
-                                .Height = surface.OuterSize().cy * Screen::TwipsPerPixelY(),
-                                .BoxHeight = BoxHeight(),
-                                .LabelHeight = lblRight.LineHeight() * Screen::TwipsPerPixelY(),
-                                .TwipsPerPixelX = Screen::TwipsPerPixelX(),
-                                .TwipsPerPixelY = Screen::TwipsPerPixelY()});
+    return CalcLayout({.ScaleWidth = surface.ScaleWidth(),
+                       .ScaleHeight = surface.ScaleHeight(),
+                       .Height = surface.OuterSize().cy * Screen::TwipsPerPixelY(),
+                       .BoxHeight = BoxHeight(),
+                       .LabelHeight = lblRight.LineHeight() * Screen::TwipsPerPixelY(),
+                       .TwipsPerPixelX = Screen::TwipsPerPixelX(),
+                       .TwipsPerPixelY = Screen::TwipsPerPixelY()});
 }
 
 void AmountBox::PlaceBox(const AmountPlace& place)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/amount/AmountLayout.h"
 #include "controls/amount/AmountRules.h"
 #include "controls/entry/EntryControl.h"
 #include "runtime/constituents/Label.h"
@@ -42,7 +43,10 @@ protected:
     const Window& FocusWindow() const override { return txtLeft; }
     const Label* TippedLabel() const override { return isParked_ ? &lblRight : nullptr; }
 
-    // As limits and the user's settings are now.
+    virtual AmountLayout CalcLayout(const AmountSizes& sizes) const = 0;
+    // What the label shows.
+    virtual std::wstring Caption() const = 0;
+    // As limits and the user's settings are now, which the system is asked for each time.
     virtual std::unique_ptr<const AmountRules> Rules() const = 0;
     // Value let, of a number or of none.
     virtual void Assign(const std::optional<Decimal>& value) = 0;

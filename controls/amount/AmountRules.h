@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controls/amount/AmountLayout.h"
 #include "controls/amount/AmountText.h"
 #include "controls/entry/BoxState.h"
 
@@ -29,7 +28,6 @@ class AmountRules
 public:
     virtual ~AmountRules() = default;
 
-    virtual AmountLayout CalcLayout(const AmountSizes& sizes) const = 0;
     // keyAscii is what the host's KeyPress left of the character. "." and the locale's own decimal point both
     // stand for the point, and the box gets the latter.
     virtual FilteredKey Filter(BoxState box, short keyAscii) const = 0;
@@ -38,8 +36,6 @@ public:
     // The box's text for a value that the host assigns; none for Null, Empty and what is not numeric. Neither
     // range nor digit counts are looked at.
     virtual std::wstring TextOf(const std::optional<Decimal>& value) const = 0;
-    // The text as the label shows it.
-    virtual std::wstring CaptionOf(std::wstring_view text) const = 0;
     // The focus leaves.
     virtual AmountExit Exit(std::wstring_view text) const = 0;
     // IsValidInput, and what it tells the user about a text that is not.

@@ -38,7 +38,7 @@ struct CurrencyBox::Properties
         Part<L"MinValue">(&CurrencyBox::limits_, &CurrencyLimits::MinValue)
             .LetBy([](auto& box, Currency bound) { box.Let(LetMinValue(box.limits_, bound)); }),
         Unstored<L"hwnd">([](const auto& box) { return box.TheSurface().hWnd(); }),
-        Unstored<L"Text">([](const auto& box) { return box.Text(); }),
+        Unstored<L"Text">([](const auto& box) { return box.Caption(); }),
         ValueProperty(),
     };
 };

@@ -25,11 +25,12 @@ private:
     void UserControl_WriteProperties(PropertyBag& PropBag) override;
 
     // Properties.
-    std::wstring Text() const { return CurrentRules().CaptionOf(txtLeft.Text()); }
     Variant Value() const override;
     void Value(const Variant& newAmount) override;
     void Let(const CurrencyLimitsChange& change);
 
+    AmountLayout CalcLayout(const AmountSizes& sizes) const override { return CalcCurrencyLayout(sizes); }
+    std::wstring Caption() const override { return CurrentRules().CaptionOf(txtLeft.Text()); }
     CurrencyRules CurrentRules() const;
     std::unique_ptr<const AmountRules> Rules() const override;
     void Assign(const std::optional<Decimal>& value) override;

@@ -33,11 +33,6 @@ bool IsInRange(Currency amount, const CurrencyLimits& limits)
 
 } // namespace
 
-AmountLayout CurrencyRules::CalcLayout(const AmountSizes& sizes) const
-{
-    return CalcCurrencyLayout(sizes);
-}
-
 FilteredKey CurrencyRules::Filter(BoxState box, short keyAscii) const
 {
     return FilterCurrencyKey(std::move(box), keyAscii, limits_, locale_);

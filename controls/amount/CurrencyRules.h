@@ -33,17 +33,16 @@ public:
     {
     }
 
-    AmountLayout CalcLayout(const AmountSizes& sizes) const override;
     FilteredKey Filter(BoxState box, short keyAscii) const override;
     std::optional<Decimal> Pasted(std::wstring_view clipboard) const override;
     std::wstring TextOf(const std::optional<Decimal>& value) const override;
-    // The Text property as well. Empty if the box's text is not numeric.
-    std::wstring CaptionOf(std::wstring_view text) const override;
     AmountExit Exit(std::wstring_view text) const override;
     bool IsValid(std::wstring_view text) const override;
     std::wstring RangeMessage() const override;
 
     CurrencyReading Read(std::wstring_view text) const;
+    // The text as the label shows it, and the Text property. Empty if it is not numeric.
+    std::wstring CaptionOf(std::wstring_view text) const;
 
 private:
     CurrencyLimits limits_;

@@ -28,6 +28,8 @@ private:
     Variant Value() const override;
     void Value(const Variant& newRate) override;
 
+    AmountLayout CalcLayout(const AmountSizes& sizes) const override { return CalcPercentLayout(sizes); }
+    std::wstring Caption() const override { return txtLeft.Text(); }
     PercentRules CurrentRules() const;
     std::unique_ptr<const AmountRules> Rules() const override;
     void Assign(const std::optional<Decimal>& value) override;

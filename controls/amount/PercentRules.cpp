@@ -92,11 +92,6 @@ std::wstring PercentPattern(const PercentLimits& limits)
     return Repeated(limits.MaxDigits - 1, L'#') + L"0." + Repeated(limits.MaxDecimals, L'#');
 }
 
-AmountLayout PercentRules::CalcLayout(const AmountSizes& sizes) const
-{
-    return CalcPercentLayout(sizes);
-}
-
 FilteredKey PercentRules::Filter(BoxState box, short keyAscii) const
 {
     return FilterPercentKey(std::move(box), keyAscii, limits_, locale_);

@@ -34,11 +34,9 @@ public:
     {
     }
 
-    AmountLayout CalcLayout(const AmountSizes& sizes) const override;
     FilteredKey Filter(BoxState box, short keyAscii) const override;
     std::optional<Decimal> Pasted(std::wstring_view clipboard) const override;
     std::wstring TextOf(const std::optional<Decimal>& value) const override;
-    std::wstring CaptionOf(std::wstring_view text) const override { return std::wstring(text); }
     AmountExit Exit(std::wstring_view text) const override;
     bool IsValid(std::wstring_view text) const override { return CheckPercentRange(text); }
     std::wstring RangeMessage() const override;

@@ -1,5 +1,4 @@
-#include "controls/amount/CurrencyRules.h"
-#include "controls/amount/PercentRules.h"
+#include "controls/amount/AmountLayout.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +13,7 @@ constexpr AmountSizes Roomy = {1500, 375, 435, 255, 195, 15, 15};
 
 TEST(AmountLayoutTest, CentresTheLabelOfACurrencyBoxByTheBox)
 {
-    const AmountLayout layout = CurrencyRules().CalcLayout(Roomy);
+    const AmountLayout layout = CalcCurrencyLayout(Roomy);
     EXPECT_EQ(layout.Label, (AmountPlace{30, 60, 1440}));
     EXPECT_EQ(layout.Box, (AmountPlace{15, 10000, 1470}));
     EXPECT_EQ(layout.Height, std::nullopt);
@@ -22,7 +21,7 @@ TEST(AmountLayoutTest, CentresTheLabelOfACurrencyBoxByTheBox)
 
 TEST(AmountLayoutTest, CentresTheLabelOfAPercentBoxByItself)
 {
-    const AmountLayout layout = PercentRules().CalcLayout(Roomy);
+    const AmountLayout layout = CalcPercentLayout(Roomy);
     EXPECT_EQ(layout.Label, (AmountPlace{30, 90, 1440}));
     EXPECT_EQ(layout.Box, (AmountPlace{15, 10000, 1470}));
     EXPECT_EQ(layout.Height, std::nullopt);
@@ -38,12 +37,12 @@ TEST(AmountLayoutTest, GrowsToTheBoxItsBorderAndAPixelAboveAndBelow)
 {
     AmountSizes sizes = Roomy;
     sizes.BoxHeight = 345;
-    EXPECT_EQ(CurrencyRules().CalcLayout(sizes).Height, std::nullopt);
+    EXPECT_EQ(CalcCurrencyLayout(sizes).Height, std::nullopt);
     sizes.BoxHeight = 360;
-    EXPECT_EQ(CurrencyRules().CalcLayout(sizes).Height, 360 + 60 + 30);
-    EXPECT_EQ(PercentRules().CalcLayout(sizes).Height, 360 + 60 + 30);
+    EXPECT_EQ(CalcCurrencyLayout(sizes).Height, 360 + 60 + 30);
+    EXPECT_EQ(CalcPercentLayout(sizes).Height, 360 + 60 + 30);
     // The label's top follows from the height before it grew.
-    EXPECT_EQ(CurrencyRules().CalcLayout(sizes).Label.Top, 7.5);
+    EXPECT_EQ(CalcCurrencyLayout(sizes).Label.Top, 7.5);
 }
 
 TEST(AmountLayoutTest, ComparesInSinglePrecision)
@@ -51,9 +50,9 @@ TEST(AmountLayoutTest, ComparesInSinglePrecision)
     AmountSizes sizes = Roomy;
     // Too little for a single to show.
     sizes.BoxHeight = 345.000001;
-    EXPECT_EQ(CurrencyRules().CalcLayout(sizes).Height, std::nullopt);
+    EXPECT_EQ(CalcCurrencyLayout(sizes).Height, std::nullopt);
     sizes.BoxHeight = 345.001;
-    EXPECT_TRUE(CurrencyRules().CalcLayout(sizes).Height);
+    EXPECT_TRUE(CalcCurrencyLayout(sizes).Height);
 }
 
 TEST(AmountLayoutTest, TakesPixelsThatAreNotSquare)
@@ -62,7 +61,7 @@ TEST(AmountLayoutTest, TakesPixelsThatAreNotSquare)
     sizes.TwipsPerPixelX = 12;
     sizes.TwipsPerPixelY = 10;
     sizes.ScaleHeight = 274;
-    const AmountLayout layout = CurrencyRules().CalcLayout(sizes);
+    const AmountLayout layout = CalcCurrencyLayout(sizes);
     EXPECT_EQ(layout.Label, (AmountPlace{24, 9.5, 1452}));
     EXPECT_EQ(layout.Box, (AmountPlace{12, 10000, 1476}));
     EXPECT_EQ(layout.Height, 255 + (435 - 274) + 20);
