@@ -28,19 +28,11 @@ public:
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override
     {
-        if (!count)
-            return E_POINTER;
-        *count = 1;
-        return S_OK;
+        return DispatchTable::GetTypeInfoCount(count);
     }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** typeInfo) noexcept override
     {
-        if (!typeInfo)
-            return E_POINTER;
-        *typeInfo = nullptr;
-        if (index != 0)
-            return DISP_E_BADINDEX;
-        return Boundary([&] { *typeInfo = LoadTypeInfo(__uuidof(ISubClass)).Detach(); });
+        return DispatchTable::GetTypeInfo(__uuidof(ISubClass), index, typeInfo);
     }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
                                             DISPID* ids) noexcept override

@@ -1,5 +1,6 @@
 #include "runtime/com/DispatchTable.h"
 
+#include "runtime/com/Boundary.h"
 #include "runtime/com/LateBound.h"
 #include "runtime/com/Module.h"
 #include "runtime/com/PerThread.h"
@@ -195,6 +196,24 @@ DISPID DispatchTable::IdOf(const wchar_t* name) const
     LPOLESTR names[] = {const_cast<wchar_t*>(name)};
     DISPID id = DISPID_UNKNOWN;
     return SUCCEEDED(typeInfo_->GetIDsOfNames(names, 1, &id)) ? id : DISPID_UNKNOWN;
+}
+
+HRESULT DispatchTable::GetTypeInfoCount(UINT* count) noexcept
+{
+    if (!count)
+        return E_POINTER;
+    *count = 1;
+    return S_OK;
+}
+
+HRESULT DispatchTable::GetTypeInfo(REFIID iid, UINT index, ITypeInfo** typeInfo) noexcept
+{
+    if (!typeInfo)
+        return E_POINTER;
+    *typeInfo = nullptr;
+    if (index != 0)
+        return DISP_E_BADINDEX;
+    return Boundary([&] { Check(Of(iid).typeInfo_.CopyTo(typeInfo)); });
 }
 
 HRESULT DispatchTable::GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const noexcept

@@ -22,10 +22,12 @@ public:
     // does not have it.
     static DispatchTable& Of(REFIID iid);
 
-    ITypeInfo* TypeInfo() const { return typeInfo_.Get(); }
-
     // The dispatch identifier of a member, DISPID_UNKNOWN when there is none.
     DISPID IdOf(const wchar_t* name) const;
+
+    // IDispatch's questions for its description, of which there is one.
+    static HRESULT GetTypeInfoCount(UINT* count) noexcept;
+    static HRESULT GetTypeInfo(REFIID iid, UINT index, ITypeInfo** typeInfo) noexcept;
 
     HRESULT GetIDsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const noexcept;
     // An object that is given where a value is expected stands for its default member; an error in asking it

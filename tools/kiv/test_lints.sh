@@ -100,12 +100,6 @@ expect find_misnamed controls/x/A.h 'class A\n{\nprivate:\n    Label lbl{*this};
 expect find_misnamed controls/x/A.h 'class A\n{\nprivate:\n    ComboBox combo_{*this};\n};\n' 'controls/x/A.h:4: the name of a ComboBox begins with cbo'
 
 expect find_long_files tools/a/A.cpp "$(printf 'x\\n%.0s' {1..600})" ''
-expect find_raw_window_calls runtime/control/A.cpp 'void F() { SetFocus(w); }\n' 'runtime/control/A.cpp:1: SetFocus takes'
-expect find_raw_window_calls controls/x/A.cpp '\nauto dc = GetDC(nullptr);\n' ''
-expect find_raw_window_calls controls/x/A.cpp '\nInvalidateRect(w, nullptr, TRUE);\n' 'controls/x/A.cpp:2: InvalidateRect takes'
-expect find_raw_window_calls runtime/constituents/Window.cpp 'void F() { SetFocus(w); }\n' ''
-expect find_raw_window_calls host/A.cpp 'void F() { SetFocus(w); }\n' ''
-
 expect find_long_files tools/a/A.cpp "$(printf 'x\\n%.0s' {1..601})" 'tools/a/A.cpp:601: over 600 lines'
 
 expect find_blanks tools/a/A.cpp 'int a;\n' ''
