@@ -1,6 +1,7 @@
 #include "host/formfile/FormBlock.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kiv::host
 {
@@ -23,6 +24,17 @@ std::vector<FormEntry>::iterator PlaceForNew(std::vector<FormEntry>& entries)
     return last == entries.rend() ? entries.begin() : last.base();
 }
 
+// A number without a fraction is written as such where one stood before.
+FormValue InTheStyleOf(const FormValue& before, FormValue value)
+{
+    constexpr double Exact = 9007199254740992; // 2^53: above, not every whole number is one
+    const double* const number = std::get_if<double>(&value);
+    if (number && std::get_if<std::int64_t>(&before) && std::trunc(*number) == *number &&
+        std::abs(*number) <= Exact)
+        return static_cast<std::int64_t>(*number);
+    return value;
+}
+
 } // namespace
 
 bool SameFormName(std::string_view one, std::string_view other)
@@ -42,16 +54,29 @@ const FormValue* FormBlock::Find(std::string_view key) const
     return found == Entries.end() ? nullptr : &found->Value;
 }
 
+int FormBlock::LineOf(std::string_view name) const
+{
+    for (const FormEntry& entry : Entries)
+        if (kiv::host::IsProperty(entry, name) || (!entry.Key.empty() && SameFormName(entry.Key, name)))
+            return entry.Line;
+    return Line;
+}
+
 void FormBlock::Set(std::string_view key, FormValue value)
 {
     for (FormEntry& entry : Entries)
         if (!entry.Key.empty() && SameFormName(entry.Key, key))
         {
-            if (entry.Value != value)
+            value = InTheStyleOf(entry.Value, std::move(value));
+            if (entry.Value == value)
+                return;
+            if (!entry.Source.empty())
             {
-                entry.Value = std::move(value);
-                entry.Source.clear();
+                const std::string written = FormatFormValue(value);
+                entry.Source.replace(entry.ValueAt, entry.ValueLength, written);
+                entry.ValueLength = written.size();
             }
+            entry.Value = std::move(value);
             return;
         }
     FormEntry added;

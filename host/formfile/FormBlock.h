@@ -2,6 +2,7 @@
 
 #include "host/formfile/FormValue.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,14 +20,17 @@ struct FormBlock
     std::string Class;
     std::string Name;
     std::vector<FormEntry> Entries;
-    // As read, so that what nobody changes is written back unchanged; empty for new blocks.
+    // As read, with their line ends, so that what nobody changes is written back unchanged; empty for new
+    // blocks.
     std::string OpeningLine;
     std::string ClosingLine;
     int Line = 0; // in the file, from 1; 0 for new blocks
 
     const FormValue* Find(std::string_view key) const;
+    // The line of a key or of a nested property; that of the block itself when it has no such entry.
+    int LineOf(std::string_view name) const;
     // Replaces the value where the key stands, or adds it behind the last key. The same value leaves the line
-    // as it was written.
+    // as it was written, another one all of it but the value.
     void Set(std::string_view key, FormValue value);
     const FormBlock* FindProperty(std::string_view name) const;
     FormBlock* FindProperty(std::string_view name);
@@ -43,7 +47,9 @@ struct FormEntry
     std::string Key;
     FormValue Value;
     std::vector<FormBlock> Block; // one, or none
-    std::string Source;           // the line as read; empty for new or changed ones
+    std::string Source;           // the line as read, with its end; empty for new ones
+    std::size_t ValueAt = 0;      // where in it the value stands
+    std::size_t ValueLength = 0;
     int Line = 0;
 };
 
@@ -53,7 +59,8 @@ struct FormDocument
     std::vector<std::string> LinesBefore;
     FormBlock Form;
     std::vector<std::string> LinesBehind;
-    bool CarriageReturns = false; // lines end with CR LF
+    bool CarriageReturns = false; // new lines end with CR LF
+    bool ByteOrderMark = false;
 };
 
 bool SameFormName(std::string_view one, std::string_view other);

@@ -7,11 +7,10 @@
 namespace kiv::host
 {
 
-// Throws FormError when the file cannot be read or holds a mistake.
+// Throws FileError when the file cannot be read, FormError when it holds a mistake.
 FormDocument LoadFormFile(const std::filesystem::path& path);
 
-// Writes beside the file first and then takes its place, so that whatever goes wrong leaves the old one.
-// Throws FormError.
+// As WriteFile: whatever goes wrong leaves the old file. Throws FileError.
 void SaveFormFile(const std::filesystem::path& path, const FormDocument& document);
 
 } // namespace kiv::host

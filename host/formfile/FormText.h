@@ -9,7 +9,10 @@
 namespace kiv::host
 {
 
-// What is wrong with a form file: "file:line: what", or "file: what" for the file as a whole.
+// What a text in UTF-8 may begin with.
+inline constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+
+// What is wrong in a form file: "file:line: what", or "file: what" where no line is to blame.
 struct FormError : std::runtime_error
 {
     FormError(std::string_view file, int line, std::string_view what);
@@ -18,8 +21,11 @@ struct FormError : std::runtime_error
 // Reads the text of a form file; file is its name for messages. Throws FormError at the first mistake.
 FormDocument ParseForm(std::string_view text, std::string_view file);
 
-// The text of a form file. What was read and not changed since comes out byte for byte, except that lines end
-// in one way and a byte order mark is dropped.
+// What ParseForm takes and no form can use: throws FormError, at the key's line, for keys of the form itself
+// whose value has a wrong type or is out of range, and for a second default or cancel button.
+void CheckForm(const FormDocument& document, std::string_view file);
+
+// The text of a form file. What was read and not changed since comes out byte for byte.
 std::string WriteForm(const FormDocument& document);
 
 } // namespace kiv::host

@@ -12,6 +12,9 @@ namespace
 // Deep enough for any form; keeps hostile input from exhausting the stack when the tree is walked.
 constexpr std::size_t DeepestNesting = 64;
 
+// Old editors and copy commands end a text with this character (Ctrl+Z).
+constexpr std::string_view EndOfText = "\x1A";
+
 std::string Message(std::string_view file, int line, std::string_view what)
 {
     std::string message(file);
@@ -27,6 +30,15 @@ std::string_view Trim(std::string_view text)
     if (start == std::string_view::npos)
         return {};
     return text.substr(start, text.find_last_not_of(" \t") - start + 1);
+}
+
+std::string_view WithoutEnd(std::string_view line)
+{
+    if (line.ends_with('\n'))
+        line.remove_suffix(1);
+    if (line.ends_with('\r'))
+        line.remove_suffix(1);
+    return line;
 }
 
 // Without the comment that starts with an apostrophe outside quotes.
@@ -91,20 +103,19 @@ public:
 
     FormDocument Read(std::string_view text)
     {
-        if (text.starts_with("\xEF\xBB\xBF"))
-            text.remove_prefix(3);
+        document_.ByteOrderMark = text.starts_with(ByteOrderMark);
+        if (document_.ByteOrderMark)
+            text.remove_prefix(ByteOrderMark.size());
         if (!IsUtf8(text))
             Refuse(0, "is not a text in UTF-8");
         document_.CarriageReturns = text.find("\r\n") != std::string_view::npos;
         while (!text.empty())
         {
-            const std::size_t end = text.find('\n');
-            std::string_view line = text.substr(0, end);
-            text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-            if (line.ends_with('\r'))
-                line.remove_suffix(1);
+            const std::size_t end = std::min(text.find('\n'), text.size() - 1);
+            const std::string_view line = text.substr(0, end + 1);
+            text.remove_prefix(line.size());
             ++line_;
-            ReadLine(line);
+            ReadLine(line, text.empty());
         }
         if (!open_.empty())
             Refuse(open_.back()->Line, Opening(*open_.back()) + " has no " + Closing(*open_.back()));
@@ -120,14 +131,21 @@ private:
         return block.IsProperty ? "BeginProperty " + block.Name : "Begin " + block.Class + " " + block.Name;
     }
 
+    static bool IsContainer(const FormBlock& block)
+    {
+        return SameFormName(block.Class, "Form") || SameFormName(block.Class, "Frame");
+    }
+
     [[noreturn]] void Refuse(int line, std::string_view what) const { throw FormError(file_, line, what); }
 
-    void ReadLine(std::string_view line)
+    void ReadLine(std::string_view line, bool isLast)
     {
-        const std::string_view content = WithoutComment(line);
+        if (line.find('\0') != std::string_view::npos)
+            Refuse(line_, "holds a character with the code 0, which no text does");
+        const std::string_view content = WithoutComment(WithoutEnd(line));
         std::string_view rest = content;
         const std::string_view word = TakeWord(rest);
-        if (content.empty())
+        if (content.empty() || (isLast && content == EndOfText))
             Keep(line);
         else if (rest.starts_with('=')) // whatever the key is called
             ReadValue(line, content);
@@ -186,6 +204,7 @@ private:
             Refuse(line_, "only one form can be in a file, and it ends above");
         if (isProperty || !SameFormName(block.Class, "Form"))
             Refuse(line_, "a file starts with \"Begin Form <name>\"");
+        names_.insert(LowerCase(block.Name));
         document_.Form = std::move(block);
         open_.push_back(&document_.Form);
     }
@@ -195,6 +214,10 @@ private:
         FormBlock& parent = *open_.back();
         if (parent.IsProperty && !block.IsProperty)
             Refuse(line_, "a control cannot stand inside " + Opening(parent));
+        if (!block.IsProperty && !IsContainer(parent))
+            Refuse(line_, block.Name + " cannot stand inside " + Opening(parent) + " of line " +
+                              std::to_string(parent.Line) +
+                              ": only a form or a frame holds others (is an End missing?)");
         if (block.IsProperty && (parent.Find(block.Name) || parent.FindProperty(block.Name)))
             Refuse(line_, block.Name + " is set twice in " + Opening(parent));
         if (!block.IsProperty && !names_.insert(LowerCase(block.Name)).second)
@@ -223,7 +246,7 @@ private:
     {
         if (open_.empty())
             Refuse(line_, "only comments can stand outside the form");
-        const std::string key = TakeKey(content);
+        const std::string key = TakeKey(content); // which leaves the value
         FormBlock& block = *open_.back();
         if (block.Find(key) || block.FindProperty(key))
             Refuse(line_, key + " is set twice in " + Opening(block));
@@ -233,6 +256,8 @@ private:
             FormEntry& entry = AddEntry(line);
             entry.Key = key;
             entry.Value = std::move(value);
+            entry.ValueAt = static_cast<std::size_t>(content.data() - line.data());
+            entry.ValueLength = content.size();
         }
         catch (const std::invalid_argument& mistake)
         {

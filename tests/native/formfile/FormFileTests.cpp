@@ -1,15 +1,43 @@
 #include "host/formfile/FormFile.h"
 
+#include "host/files/FileError.h"
+
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <sstream>
+
+#include <csignal>
+#include <sys/resource.h>
 
 namespace kiv::host
 {
 
 namespace
 {
+
+// As if the disk had no room left, for as long as it lives.
+class FullDisk
+{
+public:
+    FullDisk()
+    {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit none = {0, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &none);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+
+private:
+    rlimit before_ = {};
+    void (*handler_)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
 
 class FormFile : public testing::Test
 {
@@ -29,6 +57,27 @@ protected:
         return text.str();
     }
 
+    static FormDocument Page()
+    {
+        FormDocument document;
+        document.Form.Class = "Form";
+        document.Form.Name = "page";
+        return document;
+    }
+
+    static std::string MessageOfSaving(const std::filesystem::path& path)
+    {
+        try
+        {
+            SaveFormFile(path, Page());
+            return "saved";
+        }
+        catch (const FileError& error)
+        {
+            return error.what();
+        }
+    }
+
     static std::string MessageOfLoading(const std::filesystem::path& path)
     {
         try
@@ -36,7 +85,7 @@ protected:
             LoadFormFile(path);
             return "loaded";
         }
-        catch (const FormError& error)
+        catch (const std::runtime_error& error)
         {
             return error.what();
         }
@@ -58,30 +107,73 @@ TEST_F(FormFile, LoadsAndSavesTheSameBytes)
 TEST_F(FormFile, ReplacesAnOlderFileAndLeavesNothingElse)
 {
     Write(folder_ / "page.form", "older");
-    FormDocument document;
-    document.Form.Class = "Form";
-    document.Form.Name = "page";
-    SaveFormFile(folder_ / "page.form", document);
+    SaveFormFile(folder_ / "page.form", Page());
     EXPECT_EQ(Read(folder_ / "page.form"), "Begin Form page\nEnd\n");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 1);
 }
 
-TEST_F(FormFile, LeavesTheOldOneWhenItCannotWrite)
+TEST_F(FormFile, LeavesWhatLiesBesideIt)
 {
-    // A folder in the way of the fresh file, whoever runs the test.
-    std::filesystem::create_directories(folder_ / "page.form.new" / "inside");
     Write(folder_ / "page.form", "older");
-    FormDocument document;
-    try
+    Write(folder_ / "page.form.new", "somebody's");
+    SaveFormFile(folder_ / "page.form", Page());
+    EXPECT_EQ(Read(folder_ / "page.form"), "Begin Form page\nEnd\n");
+    EXPECT_EQ(Read(folder_ / "page.form.new"), "somebody's");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 2);
+}
+
+TEST_F(FormFile, KeepsWhoMayReadIt)
+{
+    using std::filesystem::perms;
+    for (const perms mode : {perms(0600), perms(0644), perms(0755)})
     {
-        SaveFormFile(folder_ / "page.form", document);
-        ADD_FAILURE() << "was written";
+        Write(folder_ / "page.form", "older");
+        std::filesystem::permissions(folder_ / "page.form", mode);
+        SaveFormFile(folder_ / "page.form", Page());
+        EXPECT_EQ(std::filesystem::status(folder_ / "page.form").permissions(), mode);
     }
-    catch (const FormError& error)
-    {
-        EXPECT_EQ(error.what(), (folder_ / "page.form").string() + ": cannot be written");
-    }
+}
+
+TEST_F(FormFile, RefusesWhatIsMarkedAsReadOnly)
+{
+    Write(folder_ / "page.form", "older");
+    std::filesystem::permissions(folder_ / "page.form", std::filesystem::perms(0444));
+    EXPECT_EQ(MessageOfSaving(folder_ / "page.form"),
+              (folder_ / "page.form").string() + ": is marked as read-only");
     EXPECT_EQ(Read(folder_ / "page.form"), "older");
+}
+
+TEST_F(FormFile, GoesWhereALinkLeads)
+{
+    std::filesystem::create_directories(folder_ / "other");
+    Write(folder_ / "other" / "page.form", "older");
+    std::filesystem::create_symlink(folder_ / "other" / "page.form", folder_ / "page.form");
+    SaveFormFile(folder_ / "page.form", Page());
+    EXPECT_TRUE(std::filesystem::is_symlink(folder_ / "page.form"));
+    EXPECT_EQ(Read(folder_ / "other" / "page.form"), "Begin Form page\nEnd\n");
+}
+
+TEST_F(FormFile, LeavesTheOldOneWhenTheDiskIsFull)
+{
+    Write(folder_ / "page.form", "older");
+    const FullDisk full;
+    EXPECT_EQ(MessageOfSaving(folder_ / "page.form"),
+              (folder_ / "page.form").string() + ": cannot be written");
+    EXPECT_EQ(Read(folder_ / "page.form"), "older");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 1);
+}
+
+TEST_F(FormFile, DoesNotReplaceADevice)
+{
+    SaveFormFile("/dev/null", Page());
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+    EXPECT_EQ(MessageOfSaving("/dev/full"), "/dev/full: cannot be written");
+}
+
+TEST_F(FormFile, SaysWhenThereIsNoSuchFolder)
+{
+    const std::string place = (folder_ / "nowhere" / "page.form").string();
+    EXPECT_EQ(MessageOfSaving(place), place + ": cannot be written");
 }
 
 TEST_F(FormFile, NamesTheFileInItsMessages)

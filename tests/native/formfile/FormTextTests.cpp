@@ -59,7 +59,13 @@ TEST(FormText, WritesBackWhatItReadUnchanged)
     for (std::size_t at = 0; (at = windows.find('\n', at)) != std::string::npos; at += 2)
         windows.replace(at, 1, "\r\n");
     EXPECT_EQ(WriteForm(ParseForm(windows, "page.form")), windows);
-    EXPECT_EQ(WriteForm(ParseForm("\xEF\xBB\xBF" + std::string(Sample), "page.form")), Sample);
+    const std::string marked = std::string(ByteOrderMark) + Sample;
+    EXPECT_EQ(WriteForm(ParseForm(marked, "page.form")), marked);
+    EXPECT_EQ(WriteForm(ParseForm(windows + "' one\n' other\r\n", "page.form")),
+              windows + "' one\n' other\r\n");
+    for (const char* end : {"End", "End \t", "End ' here", "End\n\n\n", "End\n\x1A", "End\r\n"})
+        EXPECT_EQ(WriteForm(ParseForm("Begin Form a\n" + std::string(end), "page.form")),
+                  "Begin Form a\n" + std::string(end));
 }
 
 TEST(FormText, ChangesOnlyTheLineOfAChangedValue)
@@ -73,6 +79,66 @@ TEST(FormText, ChangesOnlyTheLineOfAChangedValue)
     std::string expected(Sample);
     expected.replace(expected.find("Left = &H78"), 11, "Left = 240");
     EXPECT_EQ(WriteForm(document), expected);
+}
+
+TEST(FormText, KeepsTheSpacingAndTheCommentOfAChangedValue)
+{
+    const std::string text = "Begin Form a\r\n"
+                             "\tCaption=\"it's 'this'\"  ' said \"so\"\r\n"
+                             "  \"odd = key\"\t=  5 ' five\r\n"
+                             "  Last = True\r\n"
+                             "End";
+    FormDocument document = ParseForm(text, "f");
+    document.Form.Set("caption", std::string("say \"hi\""));
+    document.Form.Set("odd = key", std::int64_t(-1));
+    document.Form.Set("odd = key", 7.5);
+    document.Form.Set("New", true);
+    EXPECT_EQ(WriteForm(document), "Begin Form a\r\n"
+                                   "\tCaption=\"say \"\"hi\"\"\"  ' said \"so\"\r\n"
+                                   "  \"odd = key\"\t=  7.5 ' five\r\n"
+                                   "  Last = True\r\n"
+                                   "\tNew = True\r\n"
+                                   "End");
+}
+
+TEST(FormText, WritesAWholeNumberWhereOneStood)
+{
+    FormDocument document = ParseForm("Begin Form a\nx = 5\ny = 5.5\nz = 5\nEnd\n", "f");
+    document.Form.Set("x", 5.0); // the same: nothing to write
+    document.Form.Set("y", 6.0);
+    document.Form.Set("z", 1e300);
+    EXPECT_EQ(WriteForm(document), "Begin Form a\nx = 5\ny = 6.0\nz = 1e+300\nEnd\n");
+    document.Form.Set("x", 6.0);
+    EXPECT_EQ(*document.Form.Find("x"), FormValue(std::int64_t(6)));
+}
+
+// What stood at the end of the file without a line end gets one when something comes behind it.
+TEST(FormText, EndsTheLastLineWhenMoreFollows)
+{
+    FormDocument document = ParseForm("Begin Form a\nEnd", "f");
+    document.LinesBehind.push_back("' more");
+    EXPECT_EQ(WriteForm(document), "Begin Form a\nEnd\n' more");
+}
+
+TEST(FormText, TellsTheLineOfAKey)
+{
+    const FormDocument document = ParseForm(Sample, "page.form");
+    const FormBlock& control = document.Form.Entries[2].Block.at(0);
+    EXPECT_EQ(control.LineOf("left"), 7);
+    EXPECT_EQ(control.LineOf("Font"), 8);
+    EXPECT_EQ(control.FindProperty("Font")->LineOf("SIZE"), 10);
+    EXPECT_EQ(control.LineOf("nothing"), 6);
+}
+
+TEST(FormText, NestsInFrames)
+{
+    const std::string text =
+        "Begin Form a\nBegin Frame f\nBegin Frame g\nBegin Maker.Answer yn\nEnd\nEnd\nEnd\nEnd\n";
+    const FormDocument document = ParseForm(text, "f");
+    const FormBlock& inner = document.Form.Entries.at(0).Block.at(0).Entries.at(0).Block.at(0);
+    EXPECT_EQ(inner.Name, "g");
+    EXPECT_EQ(inner.Entries.at(0).Block.at(0).Name, "yn");
+    EXPECT_EQ(WriteForm(document), text);
 }
 
 TEST(FormText, LaysOutNewBlocks)
@@ -149,6 +215,15 @@ TEST(FormText, SaysWhereAndWhatIsWrong)
         {"Begin Form a\nBeginProperty Font\nEndProperty\nFont = 1\nEnd\n",
          "f:4: Font is set twice in Begin Form a"},
         {"Begin Form a\nBegin Label b\nEnd\nBegin Label B\nEnd\nEnd\n", "f:4: the name B is taken already"},
+        {"Begin Form a\nBegin Label A\nEnd\nEnd\n", "f:2: the name A is taken already"},
+        {"Begin Form a\nx = \"\1\"\n\n\n\2\nEnd\n",
+         "f:5: \"\2\" is not understood: \"Key = value\" is expected"},
+        {"Begin Form a\nBegin Label b\nBegin Label c\nEnd\nEnd\nEnd\n",
+         "f:3: c cannot stand inside Begin Label b of line 2: only a form or a frame holds others (is an End "
+         "missing?)"},
+        {"Begin Form a\nBegin Maker.Answer b\nLeft = 1\n\nBegin Button c\nEnd\nEnd\nEnd\n",
+         "f:5: c cannot stand inside Begin Maker.Answer b of line 2: only a form or a frame holds others (is "
+         "an End missing?)"},
         {"Begin Form a\nBeginProperty Font\nBegin Label b\nEnd\nEndProperty\nEnd\n",
          "f:3: a control cannot stand inside BeginProperty Font"},
     };
@@ -162,6 +237,19 @@ TEST(FormText, SaysWhereAndWhatIsWrong)
         {
             EXPECT_STREQ(error.what(), mistake.Message) << mistake.Text;
         }
+}
+
+TEST(FormText, RefusesACharacterThatNoTextHolds)
+{
+    try
+    {
+        ParseForm(std::string_view("Begin Form a\n' \0\nEnd\n", 21), "f");
+        ADD_FAILURE() << "was read";
+    }
+    catch (const FormError& error)
+    {
+        EXPECT_STREQ(error.what(), "f:2: holds a character with the code 0, which no text does");
+    }
 }
 
 TEST(FormText, TakesKeywordsAsKeys)
