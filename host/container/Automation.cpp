@@ -1,5 +1,6 @@
 #include "host/container/Automation.h"
 
+#include "runtime/com/Bstr.h"
 #include "runtime/com/Errors.h"
 
 #include <algorithm>
@@ -32,10 +33,11 @@ Variant Invoke(IDispatch* object, DISPID member, WORD kind, DISPPARAMS& argument
     {
         if (exception.pfnDeferredFillIn)
             exception.pfnDeferredFillIn(&exception);
+        std::wstring description(Bstr::ViewOf(exception.bstrDescription));
         SysFreeString(exception.bstrSource);
         SysFreeString(exception.bstrDescription);
         SysFreeString(exception.bstrHelpFile);
-        throw ComError(FAILED(exception.scode) ? exception.scode : hr);
+        throw RaisedError(FAILED(exception.scode) ? exception.scode : hr, std::move(description));
     }
     Check(hr);
     return result;

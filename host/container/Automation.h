@@ -1,15 +1,32 @@
 #pragma once
 
+#include "runtime/com/Errors.h"
 #include "runtime/com/Variant.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace kiv::host
 {
 
-// Late-bound calls. Each throws ComError with the error that the object raised: the code in its EXCEPINFO
-// where it filled one, so a run-time error 380 arrives as RunTimeError(380).
+// What an object raised: the code in its EXCEPINFO, so a run-time error 380 arrives as RunTimeError(380), and
+// the description there.
+class RaisedError final : public ComError
+{
+public:
+    RaisedError(HRESULT result, std::wstring description) :
+        ComError(result), description_(std::move(description))
+    {
+    }
+    const std::wstring& Description() const { return description_; }
+
+private:
+    std::wstring description_;
+};
+
+// Late-bound calls. Each throws ComError with the error of the call, RaisedError where the object filled an
+// EXCEPINFO.
 Variant GetProperty(IDispatch* object, DISPID member);
 Variant GetProperty(IDispatch* object, std::wstring_view name);
 // An object is put by reference first, then by value.

@@ -9,20 +9,20 @@ namespace kiv::host
 {
 
 Button::Button(ItemOwner& owner, const ButtonOptions& options) :
-    FormItem(owner, options.name, options.bounds, options.tabIndex),
+    FormItem(owner, options.container, options.name, options.bounds, options.tabIndex),
     options_(options),
     window_(CreateWindowExW(0, L"BUTTON", options.caption.c_str(),
-                            WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | BS_NOTIFY |
+                            WS_CHILD | WS_CLIPSIBLINGS | BS_NOTIFY |
                                 static_cast<DWORD>(options.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON),
                             options.bounds.left, options.bounds.top, SizeOf(options.bounds).cx,
-                            SizeOf(options.bounds).cy, owner.Window(), nullptr, GetModuleHandleW(nullptr),
+                            SizeOf(options.bounds).cy, owner.Page(), nullptr, GetModuleHandleW(nullptr),
                             nullptr))
 {
     if (!window_)
         ThrowLastError();
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner.Font()), FALSE);
-    if (!options.enabled)
-        SetEnabled(false);
+    enabled_ = options.enabled;
+    ShowAsItIs();
 }
 
 Button::~Button()
@@ -36,7 +36,7 @@ void Button::Press()
     if (const auto onClick = options_.onClick)
         onClick();
     else if (options_.isDefault || options_.isCancel)
-        SendMessageW(Owner().Window(), WM_CLOSE, 0, 0);
+        Owner().CloseBy(*this);
 }
 
 void Button::Move(const RECT& bounds)
@@ -45,21 +45,21 @@ void Button::Move(const RECT& bounds)
     MoveWindow(window_, bounds.left, bounds.top, SizeOf(bounds).cx, SizeOf(bounds).cy, TRUE);
 }
 
-void Button::SetVisible(bool visible)
+void Button::OnContainerChanged()
 {
-    FormItem::SetVisible(visible);
-    ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+    FormItem::OnContainerChanged();
+    ShowAsItIs();
 }
 
-void Button::SetEnabled(bool enabled)
+void Button::ShowAsItIs()
 {
-    FormItem::SetEnabled(enabled);
-    EnableWindow(window_, enabled);
+    ShowWindow(window_, CanBeSeen() ? SW_SHOWNA : SW_HIDE);
+    EnableWindow(window_, CanBeUsed());
 }
 
 bool Button::TakesFocus() const
 {
-    return Visible() && Enabled();
+    return CanBeSeen() && CanBeUsed();
 }
 
 bool Button::HasFocus() const

@@ -8,14 +8,15 @@
 namespace kiv::host
 {
 
-// Bounds are pixels of the form's client area; "&" in a caption marks its mnemonic.
+// Bounds are pixels of the form; "&" in a caption marks its mnemonic.
 struct ButtonOptions
 {
     std::wstring name;
     std::wstring caption;
     RECT bounds = {};
-    bool isDefault = false; // Enter
-    bool isCancel = false;  // Esc
+    FormItem* container = nullptr; // what it stands in; null: the form itself
+    bool isDefault = false;        // Enter
+    bool isCancel = false;         // Esc
     bool enabled = true;
     short tabIndex = -1;
     std::function<void()> onClick; // without one, a default or cancel button closes the form
@@ -35,8 +36,6 @@ public:
     void Press();
 
     void Move(const RECT& bounds) override;
-    void SetVisible(bool visible) override;
-    void SetEnabled(bool enabled) override;
     bool TakesFocus() const override;
     bool HasFocus() const override;
     void Focus() override;
@@ -44,6 +43,9 @@ public:
     void OnMnemonic(MSG& message) override;
 
 private:
+    void OnContainerChanged() override;
+    void ShowAsItIs();
+
     ButtonOptions options_;
     HWND window_;
 };

@@ -16,7 +16,7 @@ namespace kiv::host
 using Microsoft::WRL::ComPtr;
 
 ControlSite::ControlSite(ItemOwner& form, IUnknown* control, SiteOptions options) :
-    FormItem(form, options.name, options.bounds, options.tabIndex),
+    FormItem(form, options.container, options.name, options.bounds, options.tabIndex),
     options_(std::move(options)),
     control_(control),
     site_(MakeCom<ClientSite>(static_cast<SiteCalls&>(*this))),
@@ -104,7 +104,7 @@ void ControlSite::Move(const RECT& bounds)
     if (const auto inPlace = Query<IOleInPlaceObject>())
     {
         RECT clip = {};
-        GetClientRect(Owner().Window(), &clip);
+        GetClientRect(Owner().Page(), &clip);
         inPlace->SetObjectRects(&bounds_, &clip);
     }
 }
@@ -112,7 +112,34 @@ void ControlSite::Move(const RECT& bounds)
 void ControlSite::SetVisible(bool visible)
 {
     FormItem::SetVisible(visible);
-    DoVerb(visible ? OLEIVERB_SHOW : OLEIVERB_HIDE);
+    if (ContainerCanBeSeen() && !Owner().DesignMode())
+        DoVerb(visible ? OLEIVERB_SHOW : OLEIVERB_HIDE);
+}
+
+void ControlSite::OnContainerChanged()
+{
+    FormItem::OnContainerChanged();
+    if (!Container())
+        return;
+    // Shown only when it was not: a control may take the focus when it is shown. What it raises meanwhile may
+    // take it off the form.
+    const std::weak_ptr<const FormItem*> alive = Alive();
+    if (const bool seen = CanBeSeen(); Visible() && seen != containerCanBeSeen_)
+    {
+        containerCanBeSeen_ = seen;
+        DoVerb(seen ? OLEIVERB_SHOW : OLEIVERB_HIDE);
+    }
+    if (!alive.expired())
+        TakeInputAsContainer();
+}
+
+// A control in a frame that is disabled looks as ever, but nothing reaches it.
+void ControlSite::TakeInputAsContainer()
+{
+    if (!Container())
+        return;
+    if (const HWND window = Window())
+        EnableWindow(window, ContainerCanBeUsed());
 }
 
 bool ControlSite::Enabled() const
@@ -135,7 +162,7 @@ void ControlSite::SetEnabled(bool enabled)
 bool ControlSite::TakesFocus() const
 {
     constexpr DWORD neverFocused = OLEMISC_NOUIACTIVATE | OLEMISC_ACTSLIKELABEL | OLEMISC_INVISIBLEATRUNTIME;
-    return state_ >= SiteState::InPlaceActive && Visible() && !(miscStatus_ & neverFocused) && Enabled();
+    return state_ >= SiteState::InPlaceActive && CanBeSeen() && !(miscStatus_ & neverFocused) && CanBeUsed();
 }
 
 bool ControlSite::HasFocus() const

@@ -130,6 +130,8 @@ private:
     IDispatch* Extended() const override;
     std::optional<Variant> Ambient(DISPID ambient) const override;
 
+    void OnContainerChanged() override;
+    void TakeInputAsContainer();
     void Heard(const EventRecord& event, DISPPARAMS& raised);
     HRESULT DoVerb(LONG verb);
     void ReadControlInfo();
@@ -145,6 +147,7 @@ private:
     DWORD notifyCookie_ = 0;
     CONTROLINFO controlInfo_ = {};
     SiteState state_ = SiteState::Closed;
+    bool containerCanBeSeen_ = true; // as the control was told last
 };
 
 } // namespace kiv::host

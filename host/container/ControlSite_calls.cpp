@@ -5,6 +5,8 @@
 #include "host/container/Extender.h"
 #include "host/container/ItemOwner.h"
 
+#include <olectl.h>
+
 #include <algorithm>
 
 namespace kiv::host
@@ -34,6 +36,9 @@ void ControlSite::Heard(const EventRecord& event, DISPPARAMS& raised)
 
 void ControlSite::PropertyChanged(DISPID member)
 {
+    // A control that can be used again takes input only where its container does.
+    if (member == DISPID_ENABLED)
+        TakeInputAsContainer();
     if (const std::shared_ptr<SiteObserver> observer = options_.observer)
         observer->OnNotification(*this, NameOfMember(member));
 }
@@ -59,6 +64,7 @@ void ControlSite::Activated()
 {
     if (state_ < SiteState::InPlaceActive)
         state_ = SiteState::InPlaceActive;
+    TakeInputAsContainer();
 }
 
 // The form last, in each of these: what it does may take this site off it.
@@ -100,8 +106,8 @@ void ControlSite::ControlInfoChanged()
 void ControlSite::ViewChanged()
 {
     // A control with a window paints that itself.
-    if (state_ < SiteState::InPlaceActive && Visible())
-        InvalidateRect(Owner().Window(), &Bounds(), FALSE);
+    if (state_ < SiteState::InPlaceActive && CanBeSeen())
+        InvalidateRect(Owner().Page(), &Bounds(), FALSE);
 }
 
 bool ControlSite::PassedKey(MSG& message)
@@ -111,7 +117,7 @@ bool ControlSite::PassedKey(MSG& message)
 
 SitePlace ControlSite::Place() const
 {
-    return {Owner().Window(), Owner().InPlaceFrame(), Bounds()};
+    return {Owner().Page(), Owner().InPlaceFrame(), Bounds()};
 }
 
 IDispatch* ControlSite::Extended() const

@@ -172,7 +172,7 @@ void ControlSite::AgreeOnSize()
 HRESULT ControlSite::DoVerb(LONG verb)
 {
     const auto object = Query<IOleObject>();
-    return object ? object->DoVerb(verb, nullptr, site_.Get(), 0, Owner().Window(), &bounds_) : S_FALSE;
+    return object ? object->DoVerb(verb, nullptr, site_.Get(), 0, Owner().Page(), &bounds_) : S_FALSE;
 }
 
 HRESULT ControlSite::Activate()

@@ -6,6 +6,10 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
 namespace kiv::host
 {
 
@@ -18,6 +22,38 @@ constexpr int HandleSize = 6;
 long Area(const RECT& bounds)
 {
     return SizeOf(bounds).cx * SizeOf(bounds).cy;
+}
+
+long Snapped(long position, long step)
+{
+    // Towards the nearest line, also left of and above the first.
+    const long nearest = position + step / 2;
+    return (nearest - ((nearest % step) + step) % step);
+}
+
+struct Handle
+{
+    RECT Place;
+    GrabbedEdges Edges;
+};
+
+// Outside the item, so that a control that repaints itself does not wipe them.
+std::vector<Handle> HandlesOf(const FormItem& item)
+{
+    RECT around = item.Bounds();
+    InflateRect(&around, HandleSize, HandleSize);
+    const long columns[] = {around.left, (around.left + around.right - HandleSize) / 2,
+                            around.right - HandleSize};
+    const long rows[] = {around.top, (around.top + around.bottom - HandleSize) / 2,
+                         around.bottom - HandleSize};
+    std::vector<Handle> handles;
+    for (int column = 0; column < 3; ++column)
+        for (int row = 0; row < 3; ++row)
+            if (column != 1 || row != 1)
+                handles.push_back(
+                    {{columns[column], rows[row], columns[column] + HandleSize, rows[row] + HandleSize},
+                     {.Left = column == 0, .Top = row == 0, .Right = column == 2, .Bottom = row == 2}});
+    return handles;
 }
 
 } // namespace
@@ -33,11 +69,10 @@ DesignSurface::DesignSurface(Form& form, SIZE gridPixels) : form_(form), grid_(g
     if (!RegisterClassExW(&surface) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
         ThrowLastError();
     RECT client = {};
-    GetClientRect(form.Window(), &client);
+    GetClientRect(form.Page(), &client);
     // Transparent: what lies below is painted as if this window were not there.
-    window_ =
-        CreateWindowExW(WS_EX_TRANSPARENT, ClassName, nullptr, WS_CHILD | WS_VISIBLE, 0, 0, client.right,
-                        client.bottom, form.Window(), nullptr, surface.hInstance, nullptr);
+    window_ = CreateWindowExW(WS_EX_TRANSPARENT, ClassName, nullptr, WS_CHILD | WS_VISIBLE, 0, 0,
+                              client.right, client.bottom, form.Page(), nullptr, surface.hInstance, nullptr);
     if (!window_)
         ThrowLastError();
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -57,7 +92,7 @@ void DesignSurface::KeepOnTop()
 void DesignSurface::Select(FormItem* item)
 {
     selected_ = item;
-    InvalidateRect(form_.Window(), nullptr, TRUE);
+    InvalidateRect(form_.Page(), nullptr, TRUE);
 }
 
 LRESULT CALLBACK DesignSurface::WindowProcedure(HWND window, UINT message, WPARAM wParam,
@@ -78,6 +113,10 @@ LRESULT CALLBACK DesignSurface::WindowProcedure(HWND window, UINT message, WPARA
     case WM_LBUTTONUP:
         ReleaseCapture();
         return 0;
+    case WM_SETCURSOR:
+        if (surface && LOWORD(lParam) == HTCLIENT && surface->ShowCursor())
+            return TRUE;
+        return DefWindowProcW(window, message, wParam, lParam);
     case WM_ERASEBKGND:
         return 1;
     default:
@@ -87,11 +126,15 @@ LRESULT CALLBACK DesignSurface::WindowProcedure(HWND window, UINT message, WPARA
 
 void DesignSurface::OnButtonDown(POINT point)
 {
-    Select(ItemAt(point));
+    const std::optional<GrabbedEdges> handle = HandleAt(point);
+    if (!handle)
+        Select(ItemAt(point));
     if (!selected_)
         return;
-    const RECT& bounds = selected_->Bounds();
-    grabbed_ = {point.x - bounds.left, point.y - bounds.top};
+    grabbedAt_ = point;
+    grabbedBounds_ = selected_->Bounds();
+    grabbedEdges_ = handle.value_or(GrabbedEdges{true, true, true, true});
+    dragging_ = false;
     SetCapture(window_);
 }
 
@@ -99,12 +142,55 @@ void DesignSurface::OnDrag(POINT point)
 {
     if (!selected_)
         return;
-    const auto snapped = [](long position, long step) { return (position + step / 2) / step * step; };
-    const RECT& bounds = selected_->Bounds();
-    const long left = snapped(std::max(point.x - grabbed_.x, 0L), grid_.cx);
-    const long top = snapped(std::max(point.y - grabbed_.y, 0L), grid_.cy);
-    if (left != bounds.left || top != bounds.top)
-        selected_->Move({left, top, left + SizeOf(bounds).cx, top + SizeOf(bounds).cy});
+    const POINT by = {point.x - grabbedAt_.x, point.y - grabbedAt_.y};
+    // A hand that clicks is not quite still.
+    if (std::abs(by.x) >= GetSystemMetrics(SM_CXDRAG) || std::abs(by.y) >= GetSystemMetrics(SM_CYDRAG))
+        dragging_ = true;
+    if (!dragging_)
+        return;
+    const RECT bounds = grabbedEdges_.Left && grabbedEdges_.Right ? Moved(by) : Sized(by);
+    if (!EqualRect(&bounds, &selected_->Bounds()))
+        selected_->Move(bounds);
+}
+
+RECT DesignSurface::Room(const FormItem& item) const
+{
+    if (item.Container())
+        return item.Container()->Bounds();
+    RECT whole = {};
+    GetClientRect(form_.Page(), &whole);
+    return whole;
+}
+
+RECT DesignSurface::Moved(POINT by) const
+{
+    const RECT room = Room(*selected_);
+    const SIZE size = SizeOf(grabbedBounds_);
+    const long left =
+        std::max(std::min(Snapped(grabbedBounds_.left + by.x, grid_.cx), room.right - size.cx), room.left);
+    const long top =
+        std::max(std::min(Snapped(grabbedBounds_.top + by.y, grid_.cy), room.bottom - size.cy), room.top);
+    return {left, top, left + size.cx, top + size.cy};
+}
+
+RECT DesignSurface::Sized(POINT by) const
+{
+    const RECT room = Room(*selected_);
+    RECT bounds = grabbedBounds_;
+    // No smaller than a step of the grid, so that it can still be seen and grabbed.
+    if (grabbedEdges_.Left)
+        bounds.left =
+            std::min(std::max(Snapped(bounds.left + by.x, grid_.cx), room.left), bounds.right - grid_.cx);
+    if (grabbedEdges_.Top)
+        bounds.top =
+            std::min(std::max(Snapped(bounds.top + by.y, grid_.cy), room.top), bounds.bottom - grid_.cy);
+    if (grabbedEdges_.Right)
+        bounds.right =
+            std::max(std::min(Snapped(bounds.right + by.x, grid_.cx), room.right), bounds.left + grid_.cx);
+    if (grabbedEdges_.Bottom)
+        bounds.bottom =
+            std::max(std::min(Snapped(bounds.bottom + by.y, grid_.cy), room.bottom), bounds.top + grid_.cy);
+    return bounds;
 }
 
 // The smallest one: a frame lies behind what it holds.
@@ -112,16 +198,45 @@ FormItem* DesignSurface::ItemAt(POINT point) const
 {
     FormItem* found = nullptr;
     for (const auto& item : form_.Items())
-        if (item->Visible() && PtInRect(&item->Bounds(), point) &&
-            (!found || Area(item->Bounds()) < Area(found->Bounds())))
+        if (item->CanBeSeen() && PtInRect(&item->Bounds(), point) &&
+            (!found || Area(item->Bounds()) <= Area(found->Bounds())))
             found = item.get();
     return found;
+}
+
+std::optional<GrabbedEdges> DesignSurface::HandleAt(POINT point) const
+{
+    if (selected_)
+        for (const Handle& handle : HandlesOf(*selected_))
+            if (PtInRect(&handle.Place, point))
+                return handle.Edges;
+    return std::nullopt;
+}
+
+// False where the arrow is right.
+bool DesignSurface::ShowCursor() const
+{
+    POINT point = {};
+    GetCursorPos(&point);
+    ScreenToClient(window_, &point);
+    const std::optional<GrabbedEdges> edges = HandleAt(point);
+    if (!edges)
+        return false;
+    auto shape = IDC_SIZENESW;
+    if (!edges->Left && !edges->Right)
+        shape = IDC_SIZENS;
+    else if (!edges->Top && !edges->Bottom)
+        shape = IDC_SIZEWE;
+    else if (edges->Left == edges->Top)
+        shape = IDC_SIZENWSE;
+    SetCursor(LoadCursor(nullptr, shape));
+    return true;
 }
 
 void DesignSurface::PaintGrid(HDC context) const
 {
     RECT client = {};
-    GetClientRect(form_.Window(), &client);
+    GetClientRect(form_.Page(), &client);
     const COLORREF dot = GetSysColor(COLOR_BTNTEXT);
     for (long y = 0; y < client.bottom; y += grid_.cy)
         for (long x = 0; x < client.right; x += grid_.cx)
@@ -130,22 +245,9 @@ void DesignSurface::PaintGrid(HDC context) const
 
 void DesignSurface::PaintHandles(HDC context) const
 {
-    if (!selected_)
-        return;
-    // Outside the item, so that a control that repaints itself does not wipe them.
-    RECT around = selected_->Bounds();
-    InflateRect(&around, HandleSize, HandleSize);
-    const long columns[] = {around.left, (around.left + around.right - HandleSize) / 2,
-                            around.right - HandleSize};
-    const long rows[] = {around.top, (around.top + around.bottom - HandleSize) / 2,
-                         around.bottom - HandleSize};
-    for (const long x : columns)
-        for (const long y : rows)
-        {
-            const RECT handle = {x, y, x + HandleSize, y + HandleSize};
-            if (x != columns[1] || y != rows[1])
-                FillRect(context, &handle, GetSysColorBrush(COLOR_HIGHLIGHT));
-        }
+    if (selected_)
+        for (const Handle& handle : HandlesOf(*selected_))
+            FillRect(context, &handle.Place, GetSysColorBrush(COLOR_HIGHLIGHT));
 }
 
 } // namespace kiv::host

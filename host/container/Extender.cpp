@@ -125,9 +125,17 @@ HRESULT Extender::Invoke(DISPID member, REFIID iid, LCID locale, WORD flags, DIS
     });
 }
 
+POINT Extender::Origin() const
+{
+    const FormItem* const container = site_->Container();
+    return container ? POINT{container->Bounds().left, container->Bounds().top} : POINT{};
+}
+
 Variant Extender::Get(DISPID member) const
 {
-    const RECT& bounds = site_->Bounds();
+    RECT bounds = site_->Bounds();
+    const POINT origin = Origin();
+    OffsetRect(&bounds, -origin.x, -origin.y);
     switch (member)
     {
     case ExtendedName:
@@ -167,14 +175,15 @@ void Extender::Put(DISPID member, const Variant& value)
 {
     RECT bounds = site_->Bounds();
     const SIZE size = SizeOf(bounds);
+    const POINT origin = Origin();
     switch (member)
     {
     case ExtendedLeft:
-        bounds.left = value.Long() / TwipsPerPixelX();
+        bounds.left = origin.x + value.Long() / TwipsPerPixelX();
         bounds.right = bounds.left + size.cx;
         return site_->Move(bounds);
     case ExtendedTop:
-        bounds.top = value.Long() / TwipsPerPixelY();
+        bounds.top = origin.y + value.Long() / TwipsPerPixelY();
         bounds.bottom = bounds.top + size.cy;
         return site_->Move(bounds);
     case ExtendedWidth:

@@ -10,9 +10,9 @@ namespace kiv::host
 
 class ControlSite;
 
-// The extended control: what a form adds to every control (Name, Left, Top, Width and Height in twips,
-// Visible, Enabled, TabIndex, TabStop, Tag, HelpContextID, WhatsThisHelpID, ToolTipText, and Object, the
-// control itself) in front of the control's own members, which are passed on.
+// The extended control: what a form adds to every control (Name, Left, Top, Width and Height in twips of what
+// it stands in, Visible, Enabled, TabIndex, TabStop, Tag, HelpContextID, WhatsThisHelpID, ToolTipText, and
+// Object, the control itself) in front of the control's own members, which are passed on.
 class Extender final : public ComObject<IDispatch>
 {
 public:
@@ -28,6 +28,7 @@ public:
                                      UINT* argument) noexcept override;
 
 private:
+    POINT Origin() const; // of what the control stands in
     Variant Get(DISPID member) const;
     void Put(DISPID member, const Variant& value);
 

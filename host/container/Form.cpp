@@ -39,10 +39,10 @@ ComPtr<IFontDisp> SystemDialogFont()
 
 } // namespace
 
-Form::Form(std::wstring_view title, SIZE clientSize) :
+Form::Form(std::wstring_view title, SIZE size) :
     fontObject_(SystemDialogFont()), frame_(MakeCom<FormFrame>(static_cast<const ItemOwner&>(*this)))
 {
-    CreateFormWindow(title, clientSize);
+    CreateFormWindow(title, size);
 }
 
 Form::~Form()
@@ -76,7 +76,7 @@ ControlSite& Form::Host(IUnknown* control, SiteOptions options)
     auto made = ControlSite::Make(*this, control, std::move(options));
     ControlSite& site = *made;
     items_.push_back(std::move(made));
-    if (site.Options().activate && site.Visible() && (site.MiscStatus() & OLEMISC_ACTIVATEWHENVISIBLE))
+    if (site.Options().activate && site.CanBeSeen() && (site.MiscStatus() & OLEMISC_ACTIVATEWHENVISIBLE))
         Check(site.Activate());
     if (design_)
         design_->KeepOnTop();
@@ -172,6 +172,7 @@ void Form::Destroy()
         items_.pop_back();
     }
     design_.reset();
+    sheet_.reset();
     frame_->Detach();
     const HWND window = std::exchange(window_, nullptr);
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
@@ -188,6 +189,13 @@ void Form::MakeActive(ControlSite* site)
     if (before)
         before->UIDeactivate();
     UpdateDefaultButton();
+}
+
+void Form::SiteActivated(ControlSite& site)
+{
+    MakeActive(&site);
+    if (active_ == &site && sheet_)
+        sheet_->Reveal(site.Bounds());
 }
 
 void Form::SiteDeactivated(ControlSite& site)

@@ -2,6 +2,7 @@
 
 #include "host/container/Button.h"
 #include "host/container/ControlSite.h"
+#include "host/container/FormSheet.h"
 #include "host/container/Frame.h"
 #include "host/container/ItemOwner.h"
 #include "host/container/Label.h"
@@ -19,11 +20,12 @@ class FormFrame;
 
 // A top-level window that holds controls: the whole of a small container. Use it on one thread that has
 // entered a single-threaded apartment (OleInitialize). Errors of creation and loading are thrown as ComError.
-class Form : private ItemOwner
+class Form : private ItemOwner, private SheetOwner
 {
 public:
-    // clientSize in pixels. The window is made at once, hidden.
-    Form(std::wstring_view title, SIZE clientSize);
+    // size in pixels, of what can stand on it. The window is made at once, hidden; it scrolls and can be
+    // sized when the screen is smaller.
+    Form(std::wstring_view title, SIZE size);
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
     ~Form(); // Destroy
@@ -44,6 +46,7 @@ public:
     ControlSite* FindSite(std::wstring_view name) const;
 
     HWND Window() const override { return window_; }
+    HWND Page() const override { return sheet_ ? sheet_->Window() : nullptr; }
     // Of the form, in the system's dialog font; also the default ambient font.
     HFONT Font() const override;
     IFontDisp* FontObject() const override { return fontObject_.Get(); }
@@ -51,14 +54,19 @@ public:
     void Show();    // and brings it to the foreground with the focus on the first item
     void Destroy(); // closes every control first
     bool Closed() const { return window_ == nullptr; }
-    // Asked when the user closes the window (close box, a cancel button without a handler): false keeps it
-    // open.
+    // Closes as a user does who is through.
+    void Close();
+    // Asked when the form is to be closed: false keeps it open. Meanwhile ClosedBy tells the button that was
+    // pressed, null: none was; and Cancelled whether what was answered is to be forgotten, as by a cancel
+    // button, or by the close box of a form that has one.
     std::function<bool()> OnClosing;
+    const Button* ClosedBy() const { return closedBy_; }
+    bool Cancelled() const { return cancelled_; }
 
     // Keyboard. The site whose control is UI-active, or null.
     ControlSite* ActiveSite() const { return active_; }
-    FormItem* FocusedItem() const;
-    void FocusNext(bool backward);
+    FormItem* FocusedItem() const override;
+    void FocusNext(bool backward) override;
     void FocusAfter(const FormItem& item) override; // the next one in tab order that can have it
     // The form's own keys: Tab, Enter, Esc, mnemonics. True when the message was one and is dealt with.
     bool Navigate(MSG& message) override;
@@ -84,20 +92,25 @@ public:
 private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
-    void CreateFormWindow(std::wstring_view title, SIZE clientSize);
-    void Paint();
-    void OnCommand(WORD notification, HWND button);
+    void CreateFormWindow(std::wstring_view title, SIZE size);
+    void LimitSize(MINMAXINFO& limits) const;
+    void PaintItems(HDC context) override;
+    void OnCommand(WORD notification, HWND button) override;
     void OnActivate(bool active);
     void RestoreFocus();
     Button* FindButton(HWND window) const;
+    Button* CancelButton() const;
 
     ControlSite& Host(IUnknown* control, SiteOptions options);
     template<class Item, class Options>
     Item& AddItem(const Options& options);
     void MakeActive(ControlSite* site); // null: the focus is on an item of the form's own
-    void SiteActivated(ControlSite& site) override { MakeActive(&site); }
+    void SiteActivated(ControlSite& site) override;
     void SiteDeactivated(ControlSite& site) override;
     IOleInPlaceFrame* InPlaceFrame() const override;
+
+    void CloseBy(const FormItem& button) override;
+    void AskToClose(const Button* button, bool cancelled);
 
     bool Enter();
     bool Escape();
@@ -107,10 +120,14 @@ private:
     short NextTabIndex() const override;
 
     HWND window_ = nullptr;
+    std::unique_ptr<FormSheet> sheet_;
     Microsoft::WRL::ComPtr<IFontDisp> fontObject_;
     Microsoft::WRL::ComPtr<FormFrame> frame_;
     ControlSite* active_ = nullptr;
     HWND lastFocus_ = nullptr;
+    const Button* closedBy_ = nullptr;
+    bool cancelled_ = false;
+    bool isAsked_ = false;
     std::vector<std::unique_ptr<FormItem>> items_;
     std::unique_ptr<DesignSurface> design_;
 };

@@ -2,32 +2,44 @@
 
 #include <windows.h>
 
+#include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace kiv::host
 {
 
 class ItemOwner;
 
-// Something on a form: a hosted control, or a label, frame or button of the form's own. The form owns it.
+// Something on a form: a hosted control, or a label, frame or button of the form's own. The form owns it;
+// what stands in a frame moves with it, and can be seen and used only where the frame can.
 class FormItem
 {
 public:
     FormItem(const FormItem&) = delete;
     FormItem& operator=(const FormItem&) = delete;
-    virtual ~FormItem() = default;
+    virtual ~FormItem();
 
     ItemOwner& Owner() const { return owner_; }
     const std::wstring& Name() const { return name_; }
+    // What it stands in; null: on the form itself.
+    FormItem* Container() const { return container_; }
 
-    // Pixels of the form's client area.
+    // Pixels of the form, also for what stands in a frame.
     const RECT& Bounds() const { return bounds_; }
     virtual void Move(const RECT& bounds);
 
+    // As the item itself has it.
     bool Visible() const { return visible_; }
     virtual void SetVisible(bool visible);
     virtual bool Enabled() const { return enabled_; }
     virtual void SetEnabled(bool enabled);
+    // With all that it stands in. A form that is being designed shows everything.
+    bool CanBeSeen() const;
+    bool CanBeUsed() const { return Enabled() && ContainerCanBeUsed(); }
+    bool ContainerCanBeSeen() const { return !container_ || container_->CanBeSeen(); }
+    bool ContainerCanBeUsed() const { return !container_ || container_->CanBeUsed(); }
 
     short TabIndex() const { return tabIndex_; }
     void SetTabIndex(short index) { tabIndex_ = index; }
@@ -48,14 +60,26 @@ public:
 
 protected:
     // tabIndex -1: after all that the form holds already.
-    FormItem(ItemOwner& owner, std::wstring name, const RECT& bounds, short tabIndex);
+    FormItem(ItemOwner& owner, FormItem* container, std::wstring name, const RECT& bounds, short tabIndex);
+
+    // Expires with the item: whatever calls a control may take items off the form.
+    std::weak_ptr<const FormItem*> Alive() const { return alive_; }
+
+    // It can be seen or used now, or cannot any more, by itself or by what it stands in.
+    virtual void OnContainerChanged();
 
     RECT bounds_;
     bool visible_ = true;
     bool enabled_ = true;
 
 private:
+    bool HoldsFocus() const; // it, or what stands in it
+    void ForEachContent(const std::function<void(FormItem&)>& work);
+
     ItemOwner& owner_;
+    FormItem* container_;
+    std::shared_ptr<const FormItem*> alive_ = std::make_shared<const FormItem*>(this);
+    std::vector<FormItem*> contents_;
     std::wstring name_;
     short tabIndex_;
     bool tabStop_ = true;

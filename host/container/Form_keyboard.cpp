@@ -134,16 +134,21 @@ bool Form::Enter()
     return true;
 }
 
-bool Form::Escape()
+Button* Form::CancelButton() const
 {
     for (const auto& item : items_)
         if (auto* const button = dynamic_cast<Button*>(item.get());
             button && button->IsCancel() && button->TakesFocus())
-        {
-            button->Press();
-            return true;
-        }
-    return false;
+            return button;
+    return nullptr;
+}
+
+bool Form::Escape()
+{
+    Button* const button = CancelButton();
+    if (button)
+        button->Press();
+    return button != nullptr;
 }
 
 bool Form::RunMnemonic(MSG& message)
@@ -154,7 +159,7 @@ bool Form::RunMnemonic(MSG& message)
     if (focused != order.end())
         std::rotate(order.begin(), focused + 1, order.end());
     for (FormItem* item : order)
-        if (item->Visible() && item->HasMnemonic(message))
+        if (item->CanBeSeen() && item->HasMnemonic(message))
         {
             item->OnMnemonic(message);
             return true;

@@ -8,6 +8,7 @@
 
 #include <oleidl.h>
 
+#include <algorithm>
 #include <exception>
 
 namespace kiv::host
@@ -19,8 +20,24 @@ namespace
 {
 
 constexpr wchar_t ClassName[] = L"KivForm";
-constexpr DWORD FormStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
-constexpr DWORD FormExtendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
+
+struct FormLook
+{
+    DWORD Style;
+    DWORD ExtendedStyle;
+};
+constexpr FormLook FixedLook = {WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
+                                WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME};
+// Of a form that the screen has no room for.
+constexpr FormLook SizableLook = {WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
+
+// Of the window, for a client area of that size.
+SIZE WholeSize(SIZE client, const FormLook& look)
+{
+    RECT bounds = {0, 0, client.cx, client.cy};
+    AdjustWindowRectEx(&bounds, look.Style, FALSE, look.ExtendedStyle);
+    return SizeOf(bounds);
+}
 
 // Work of another thread, see Invoke and Post. lParam holds an Errand or an owned std::function.
 constexpr UINT InvokedWork = WM_APP;
@@ -48,21 +65,40 @@ void RegisterFormClass(WNDPROC procedure)
 
 } // namespace
 
-void Form::CreateFormWindow(std::wstring_view title, SIZE clientSize)
+void Form::CreateFormWindow(std::wstring_view title, SIZE size)
 {
     RegisterFormClass(&Form::WindowProcedure);
-    RECT bounds = {0, 0, clientSize.cx, clientSize.cy};
-    AdjustWindowRectEx(&bounds, FormStyle, FALSE, FormExtendedStyle);
-    const SIZE size = SizeOf(bounds);
     RECT desk = {};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &desk, 0);
-    window_ = CreateWindowExW(FormExtendedStyle, ClassName, std::wstring(title).c_str(), FormStyle,
-                              desk.left + (SizeOf(desk).cx - size.cx) / 2,
-                              desk.top + (SizeOf(desk).cy - size.cy) / 3, size.cx, size.cy, nullptr, nullptr,
-                              GetModuleHandleW(nullptr), nullptr);
+    const SIZE room = SizeOf(desk);
+    FormLook look = FixedLook;
+    SIZE whole = WholeSize(size, look);
+    if (whole.cx > room.cx || whole.cy > room.cy)
+    {
+        look = SizableLook;
+        whole = WholeSize(size, look);
+        // A bar along one edge hides what the other direction had just room for.
+        if (whole.cx > room.cx)
+            whole.cy += GetSystemMetrics(SM_CYHSCROLL);
+        if (whole.cy > room.cy)
+            whole.cx += GetSystemMetrics(SM_CXVSCROLL);
+        whole = {std::min(whole.cx, room.cx), std::min(whole.cy, room.cy)};
+    }
+    window_ = CreateWindowExW(look.ExtendedStyle, ClassName, std::wstring(title).c_str(), look.Style,
+                              desk.left + (room.cx - whole.cx) / 2, desk.top + (room.cy - whole.cy) / 3,
+                              whole.cx, whole.cy, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     if (!window_)
         ThrowLastError();
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    sheet_ = std::make_unique<FormSheet>(window_, static_cast<SheetOwner&>(*this), size);
+}
+
+// No larger than what there is to see.
+void Form::LimitSize(MINMAXINFO& limits) const
+{
+    const SIZE whole = WholeSize(sheet_->Size(), SizableLook);
+    limits.ptMaxTrackSize = {std::max<LONG>(whole.cx, limits.ptMinTrackSize.x),
+                             std::max<LONG>(whole.cy, limits.ptMinTrackSize.y)};
 }
 
 void Form::Show()
@@ -86,11 +122,26 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message)
     {
-    case WM_PAINT:
-        Paint();
+    case WM_SIZE:
+        if (sheet_)
+            sheet_->OnFormSized();
         return 0;
-    case WM_COMMAND:
-        OnCommand(HIWORD(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_GETMINMAXINFO:
+        if (sheet_ && (GetWindowLongPtrW(window_, GWL_STYLE) & WS_THICKFRAME))
+            LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam));
+        return 0;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+        if (sheet_)
+            sheet_->OnScroll(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(wParam));
+        return 0;
+    case WM_MOUSEHWHEEL:
+    case WM_MOUSEWHEEL:
+        // The wheel that goes sideways counts the other way.
+        if (sheet_ && message == WM_MOUSEHWHEEL)
+            sheet_->OnWheel(SB_HORZ, -GET_WHEEL_DELTA_WPARAM(wParam));
+        else if (sheet_)
+            sheet_->OnWheel(SB_VERT, GET_WHEEL_DELTA_WPARAM(wParam));
         return 0;
     case WM_ACTIVATE:
         OnActivate(LOWORD(wParam) != WA_INACTIVE);
@@ -99,8 +150,7 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         RestoreFocus();
         return 0;
     case WM_CLOSE:
-        if (const auto onClosing = OnClosing; !onClosing || onClosing())
-            Destroy();
+        AskToClose(nullptr, CancelButton() != nullptr);
         return 0;
     case WM_DESTROY: // by somebody else: Destroy lets no messages through any more
         Destroy();
@@ -129,23 +179,45 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     return DefWindowProcW(window_, message, wParam, lParam);
 }
 
-void Form::Paint()
+void Form::PaintItems(HDC context)
 {
-    PAINTSTRUCT paint;
-    const HDC context = BeginPaint(window_, &paint);
-    const int saved = SaveDC(context);
     if (design_)
         design_->PaintGrid(context);
     SelectObject(context, Font());
     SetBkMode(context, TRANSPARENT);
     SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
     for (const auto& item : items_)
-        if (item->Visible())
+        if (item->CanBeSeen())
             item->Paint(context);
     if (design_)
         design_->PaintHandles(context);
-    RestoreDC(context, saved);
-    EndPaint(window_, &paint);
+}
+
+void Form::Close()
+{
+    AskToClose(nullptr, false);
+}
+
+void Form::CloseBy(const FormItem& item)
+{
+    const auto& button = dynamic_cast<const Button&>(item);
+    AskToClose(&button, button.IsCancel());
+}
+
+void Form::AskToClose(const Button* button, bool cancelled)
+{
+    // A form that is asked already, and shows a message meanwhile, is not asked again.
+    if (!window_ || isAsked_)
+        return;
+    isAsked_ = true;
+    closedBy_ = button;
+    cancelled_ = cancelled;
+    const auto onClosing = OnClosing;
+    const bool mayClose = !onClosing || onClosing();
+    isAsked_ = false;
+    closedBy_ = nullptr;
+    if (mayClose)
+        Destroy();
 }
 
 Button* Form::FindButton(HWND window) const
@@ -169,6 +241,7 @@ void Form::OnCommand(WORD notification, HWND window)
     case BN_SETFOCUS:
         MakeActive(nullptr);
         UpdateDefaultButton();
+        sheet_->Reveal(button->Bounds());
         break;
     case BN_KILLFOCUS:
         UpdateDefaultButton();

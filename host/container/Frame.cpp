@@ -16,13 +16,14 @@ constexpr int CaptionGap = 2;
 } // namespace
 
 Frame::Frame(ItemOwner& owner, const FrameOptions& options) :
-    FormItem(owner, options.name, options.bounds, options.tabIndex), options_(options)
+    FormItem(owner, options.container, options.name, options.bounds, options.tabIndex), options_(options)
 {
+    enabled_ = options.enabled;
 }
 
 bool Frame::HasMnemonic(const MSG& message) const
 {
-    return HasMnemonicOf(options_.caption, message);
+    return CanBeUsed() && HasMnemonicOf(options_.caption, message);
 }
 
 void Frame::OnMnemonic(MSG&)
@@ -44,7 +45,9 @@ void Frame::Paint(HDC context)
                         caption.bottom);
     DrawEdge(context, &border, EDGE_ETCHED, BF_RECT);
     RestoreDC(context, saved);
+    const COLORREF colour = SetTextColor(context, GetSysColor(CanBeUsed() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
     DrawTextW(context, options_.caption.c_str(), -1, &caption, DT_SINGLELINE);
+    SetTextColor(context, colour);
 }
 
 } // namespace kiv::host

@@ -7,16 +7,18 @@
 namespace kiv::host
 {
 
-// Bounds are pixels of the form's client area; "&" in a caption marks its mnemonic.
+// Bounds are pixels of the form; "&" in a caption marks its mnemonic.
 struct FrameOptions
 {
     std::wstring name;
     std::wstring caption;
     RECT bounds = {};
+    FormItem* container = nullptr; // what it stands in; null: the form itself
+    bool enabled = true;
     short tabIndex = -1;
 };
 
-// An etched group frame with its caption in the top line.
+// An etched group frame with its caption in the top line. Others can stand in it.
 class Frame final : public FormItem
 {
 public:

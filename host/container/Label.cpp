@@ -7,14 +7,14 @@ namespace kiv::host
 {
 
 Label::Label(ItemOwner& owner, const LabelOptions& options) :
-    FormItem(owner, options.name, options.bounds, options.tabIndex), options_(options)
+    FormItem(owner, options.container, options.name, options.bounds, options.tabIndex), options_(options)
 {
     enabled_ = options.enabled;
 }
 
 bool Label::HasMnemonic(const MSG& message) const
 {
-    return Enabled() && HasMnemonicOf(options_.caption, message);
+    return CanBeUsed() && HasMnemonicOf(options_.caption, message);
 }
 
 void Label::OnMnemonic(MSG&)
@@ -36,7 +36,7 @@ void Label::Paint(HDC context)
         boldFont = CreateFontIndirectW(&bold);
     }
     const HGDIOBJ before = boldFont ? SelectObject(context, boldFont) : nullptr;
-    const COLORREF colour = SetTextColor(context, GetSysColor(Enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+    const COLORREF colour = SetTextColor(context, GetSysColor(CanBeUsed() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
     RECT bounds = bounds_;
     DrawTextW(context, options_.caption.c_str(), -1, &bounds,
               (options_.alignRight ? DT_RIGHT : DT_LEFT) | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP);

@@ -7,12 +7,13 @@
 namespace kiv::host
 {
 
-// Bounds are pixels of the form's client area; "&" in a caption marks its mnemonic.
+// Bounds are pixels of the form; "&" in a caption marks its mnemonic.
 struct LabelOptions
 {
     std::wstring name;
     std::wstring caption;
     RECT bounds = {};
+    FormItem* container = nullptr; // what it stands in; null: the form itself
     bool alignRight = false;
     bool bold = false;
     bool enabled = true;

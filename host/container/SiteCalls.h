@@ -14,9 +14,9 @@ namespace kiv::host
 // Where a control finds itself on its form.
 struct SitePlace
 {
-    HWND Window; // of the form
+    HWND Window; // the parent of the control's own
     IOleInPlaceFrame* Frame;
-    RECT Bounds; // pixels of the form's client area
+    RECT Bounds; // pixels of that parent
 };
 
 // All that a control's calls on its site come to.

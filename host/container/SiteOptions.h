@@ -14,6 +14,7 @@
 namespace kiv::host
 {
 
+class FormItem;
 class PropertyBag;
 class SiteObserver;
 
@@ -26,8 +27,9 @@ using LoadSource = std::variant<std::monostate, PropertyBag*, Microsoft::WRL::Co
 // How a site treats its control. The defaults are those of an ordinary form at run time.
 struct SiteOptions
 {
-    std::wstring name; // of the control on the form
-    RECT bounds = {};  // pixels of the form's client area; empty: the control's own size, at left and top
+    std::wstring name;             // of the control on the form
+    RECT bounds = {};              // pixels of the form; empty: the control's own size, at left and top
+    FormItem* container = nullptr; // what it stands in; null: the form itself
     LoadSource load;
     short tabIndex = -1; // -1: after all that the form holds already
     bool tabStop = true;

@@ -38,7 +38,8 @@ std::wstring ConnectionStringOf(const std::wstring& source)
         throw DataError(OdbcConnectionFailed, source + L": there is no such database");
     const std::wstring around = NameAroundWine(file.wstring());
     // Otherwise the driver would make a new database where it cannot find one.
-    const std::wstring options = L";NoCreat=1";
+    // While the database is locked, the host waits itself.
+    const std::wstring options = L";NoCreat=1;Timeout=1";
     if (around.empty())
         return L"Driver={SQLite3 ODBC Driver};Database=" + file.wstring() + options;
     return L"Driver=SQLite3;Database=" + around + options;

@@ -25,6 +25,7 @@ private:
 // The numbers that programs know from data access by objects.
 constexpr HRESULT InvalidDataArgument = RunTimeError(3001);
 constexpr HRESULT NoCurrentRecord = RunTimeError(3021);
+constexpr HRESULT DatabaseInUse = RunTimeError(3045);
 constexpr HRESULT QueryNotUnderstood = RunTimeError(3075);
 constexpr HRESULT OdbcCallFailed = RunTimeError(3146);
 constexpr HRESULT OdbcConnectionFailed = RunTimeError(3151);

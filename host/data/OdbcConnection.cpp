@@ -24,6 +24,20 @@ SQLHENV Prepared(const OdbcHandle<SQL_HANDLE_ENV>& environment)
     return environment.Get();
 }
 
+constexpr ULONGLONG PatienceMs = 2000;
+constexpr DWORD RetryMs = 50;
+
+// For a while. No input is taken: what a user does to a window that waits is for later.
+void PaintWindows(DWORD milliseconds)
+{
+    const ULONGLONG end = GetTickCount64() + milliseconds;
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, milliseconds, QS_PAINT | QS_SENDMESSAGE);
+    MSG message;
+    // A window that never says it is painted would have it go on for ever.
+    while (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) && GetTickCount64() < end)
+        DispatchMessageW(&message);
+}
+
 } // namespace
 
 OdbcConnection::OdbcConnection(const std::wstring& connectionString) :
@@ -48,6 +62,24 @@ OdbcConnection::OdbcConnection(const std::wstring& connectionString) :
     {
         SQLDisconnect(connection_.Get());
         throw;
+    }
+}
+
+void OdbcConnection::DoPatiently(const std::function<void()>& work)
+{
+    const ULONGLONG end = GetTickCount64() + PatienceMs;
+    for (;;)
+    {
+        try
+        {
+            return work();
+        }
+        catch (const DataError& error)
+        {
+            if (error.Result() != DatabaseInUse || GetTickCount64() >= end)
+                throw;
+        }
+        PaintWindows(RetryMs);
     }
 }
 

@@ -3,6 +3,8 @@
 #include "host/data/OdbcHandle.h"
 #include "host/data/TranslateQuery.h"
 
+#include <functional>
+
 namespace kiv::host
 {
 
@@ -20,6 +22,10 @@ public:
     SqlDialect Dialect() const { return dialect_; }
 
     void Close() { open_ = false; }
+    // Does it, and while the database is locked by another program does it again, for two seconds in all. The
+    // windows of the program are painted meanwhile.
+    static void DoPatiently(const std::function<void()>& work);
+
     // Throws DataError once it is closed.
     void RequireOpen() const;
 

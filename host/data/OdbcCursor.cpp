@@ -21,6 +21,13 @@ constexpr std::size_t LargestPiece = 65536;
 OdbcCursor::OdbcCursor(std::shared_ptr<const OdbcConnection> connection, const std::wstring& query) :
     connection_(std::move(connection)), statement_(connection_->Get())
 {
+    OdbcConnection::DoPatiently([&] { Start(query); });
+}
+
+void OdbcCursor::Start(const std::wstring& query)
+{
+    columns_.clear();
+    SQLFreeStmt(statement_.Get(), SQL_CLOSE);
     const SQLRETURN result =
         SQLExecDirectW(statement_.Get(), OdbcText(query), static_cast<SQLINTEGER>(query.size()));
     if (result != SQL_NO_DATA)

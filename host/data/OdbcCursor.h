@@ -28,6 +28,7 @@ public:
 
 private:
     void Fetch();
+    void Start(const std::wstring& query);
     void ReadColumnNames();
     Variant ReadValue(std::size_t column) const;
 

@@ -8,6 +8,20 @@
 namespace kiv::host
 {
 
+bool SaysInUse(SQLSMALLINT type, SQLHANDLE handle)
+{
+    // The number of SQLite; what other engines mean by it, their text tells.
+    constexpr SQLINTEGER sqliteBusy = 5;
+    SQLWCHAR state[6] = {};
+    SQLWCHAR message[SQL_MAX_MESSAGE_LENGTH] = {};
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    return SQL_SUCCEEDED(SQLGetDiagRecW(type, handle, 1, state, &native, message,
+                                        static_cast<SQLSMALLINT>(std::size(message)), &length)) &&
+           native == sqliteBusy &&
+           std::wstring(std::begin(message), std::end(message)).find(L"locked") != std::wstring::npos;
+}
+
 std::wstring DescribeOdbcError(SQLSMALLINT type, SQLHANDLE handle)
 {
     std::wstring all;

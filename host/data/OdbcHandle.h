@@ -15,6 +15,9 @@ namespace kiv::host
 // What ODBC has to say of the last call on a handle, or a text of our own where it says nothing.
 std::wstring DescribeOdbcError(SQLSMALLINT type, SQLHANDLE handle);
 
+// Whether the last call on a handle failed because another program writes into the database just now.
+bool SaysInUse(SQLSMALLINT type, SQLHANDLE handle);
+
 // Owner of an ODBC handle: SQL_HANDLE_ENV, SQL_HANDLE_DBC or SQL_HANDLE_STMT.
 template<SQLSMALLINT Type>
 class OdbcHandle
@@ -36,8 +39,11 @@ public:
     // Throws DataError for a call that failed.
     void Check(SQLRETURN result, HRESULT error = OdbcCallFailed) const
     {
-        if (!SQL_SUCCEEDED(result))
-            throw DataError(error, DescribeOdbcError(Type, handle_));
+        if (SQL_SUCCEEDED(result))
+            return;
+        if (SaysInUse(Type, handle_))
+            throw DataError(DatabaseInUse, L"The database is locked by another program.");
+        throw DataError(error, DescribeOdbcError(Type, handle_));
     }
 
 private:

@@ -3,15 +3,62 @@
 #include "host/files/FileError.h"
 
 #ifdef _WIN32
+#include "host/files/WholeFile.h"
+
 #include <windows.h>
 
-#include <vector>
+#include <fstream>
 #endif
 
 namespace kiv::host
 {
 
 namespace fs = std::filesystem;
+
+namespace
+{
+
+void Rename(const fs::path& fresh, const fs::path& file)
+{
+    std::error_code error;
+    fs::rename(fresh, file, error);
+    if (error)
+        throw FileError(file, "cannot be replaced: " + error.message());
+}
+
+#ifdef _WIN32
+bool IsWine()
+{
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+bool Overwrite(const fs::path& file, const std::string& content)
+{
+    std::fstream stream(file, std::ios::binary | std::ios::in | std::ios::out);
+    stream.write(content.data(), static_cast<std::streamsize>(content.size()));
+    stream.close();
+    return !stream.fail();
+}
+
+// Wine's ReplaceFile gives the file the rights of a new one. So it is written over, while the fresh one lies
+// beside it, and nothing is cut off before all is written.
+void TakePlaceUnderWine(const fs::path& fresh, const fs::path& file)
+{
+    const std::string before = ReadFile(file);
+    const std::string after = ReadFile(fresh);
+    std::error_code error;
+    if (!Overwrite(file, after))
+    {
+        Overwrite(file, before);
+        fs::resize_file(file, before.size(), error);
+        throw FileError(file, "cannot be written");
+    }
+    fs::resize_file(file, after.size(), error);
+    fs::remove(fresh, error);
+}
+#endif
+
+} // namespace
 
 void RefuseReadOnly(const fs::path& file)
 {
@@ -21,19 +68,20 @@ void RefuseReadOnly(const fs::path& file)
         throw FileError(file, "is marked as read-only");
 }
 
-void CopyAccess(const fs::path& from, const fs::path& to)
+void TakePlace(const fs::path& fresh, const fs::path& file)
 {
-#ifdef _WIN32
-    DWORD size = 0;
-    GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
-    std::vector<unsigned char> rights(size);
-    if (size != 0 && GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, rights.data(), size, &size))
-        SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, rights.data());
-#else
     std::error_code error;
-    const fs::file_status status = fs::status(from, error);
-    if (fs::exists(status))
-        fs::permissions(to, status.permissions(), error);
+    const fs::file_status before = fs::status(file, error);
+    if (!fs::exists(before))
+        return Rename(fresh, file);
+#ifdef _WIN32
+    if (IsWine())
+        return TakePlaceUnderWine(fresh, file);
+    if (!ReplaceFileW(file.c_str(), fresh.c_str(), nullptr, 0, nullptr, nullptr))
+        throw FileError(file, "cannot be replaced");
+#else
+    fs::permissions(fresh, before.permissions(), error);
+    Rename(fresh, file);
 #endif
 }
 

@@ -9,8 +9,9 @@ namespace kiv::host
 // same, as an administrator, does not count.
 void RefuseReadOnly(const std::filesystem::path& file);
 
-// Gives a file the access rights of another, as far as the system lets it.
-void CopyAccess(const std::filesystem::path& from, const std::filesystem::path& to);
+// Puts a fresh file in the place of another, which need not be there; who may read and write that one stays.
+// Throws FileError, and leaves both as they were.
+void TakePlace(const std::filesystem::path& fresh, const std::filesystem::path& file);
 
 // A name beside the file's that nobody has.
 std::filesystem::path FreeNameBeside(const std::filesystem::path& file, const char* extension);

@@ -15,9 +15,13 @@ LogFile::LogFile(const fs::path& file) : file_(file)
     if (fs::is_regular_file(fs::status(file, error)))
     {
         older_ = FreeNameBeside(file, ".old");
-        fs::rename(file, older_, error);
+        fs::copy_file(file, older_, error);
         if (error)
-            throw FileError(file, "cannot be replaced: " + error.message());
+        {
+            const std::string why = error.message();
+            fs::remove(older_, error);
+            throw FileError(file, "cannot be written: the older one cannot be kept beside it: " + why);
+        }
     }
     stream_.open(file, std::ios::binary | std::ios::trunc);
     failed_ = !stream_;
@@ -26,8 +30,6 @@ LogFile::LogFile(const fs::path& file) : file_(file)
         Close();
         throw FileError(file, "cannot be written");
     }
-    if (!older_.empty())
-        CopyAccess(older_, file);
 }
 
 LogFile::~LogFile()

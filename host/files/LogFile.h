@@ -8,8 +8,8 @@
 namespace kiv::host
 {
 
-// A file that is written line by line, each readable at once. The older one of that name is kept beside it
-// until the new one is whole, and comes back when that fails.
+// A file that is written line by line, each readable at once. A copy of the older one is kept beside it until
+// all is written, and comes back when that fails.
 class LogFile
 {
 public:

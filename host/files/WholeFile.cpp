@@ -59,19 +59,16 @@ void WriteFile(const fs::path& file, std::string_view content)
     const fs::path target = fs::weakly_canonical(file, error);
     const fs::path& place = error ? file : target;
     const fs::path fresh = FreeNameBeside(place, ".new");
-    bool written = Write(fresh, content);
-    std::string why = "cannot be written";
-    if (written)
+    try
     {
-        CopyAccess(place, fresh);
-        fs::rename(fresh, place, error);
-        written = !error;
-        why = "cannot be replaced: " + error.message();
+        if (!Write(fresh, content))
+            throw FileError(file, "cannot be written");
+        TakePlace(fresh, place);
     }
-    if (!written)
+    catch (const FileError&)
     {
         fs::remove(fresh, error);
-        throw FileError(file, why);
+        throw;
     }
 }
 

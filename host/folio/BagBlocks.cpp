@@ -8,6 +8,8 @@
 #include <olectl.h>
 #include <wrl/client.h>
 
+#include <algorithm>
+#include <charconv>
 #include <stdexcept>
 
 namespace kiv::host
@@ -50,19 +52,16 @@ std::optional<FormBlock> WriteFont(IUnknown* object, const std::string& name)
     return block;
 }
 
+// The file's digits are pairs, and nothing else.
 std::string ReadBytes(std::string_view digits)
 {
-    const auto digit = [](char character) -> int {
-        const std::size_t value = std::string_view("0123456789abcdef").find(character);
-        if (value == std::string_view::npos)
-            throw std::invalid_argument("Data holds something else than hexadecimal digits");
-        return static_cast<int>(value);
-    };
-    if (digits.size() % 2 != 0)
-        throw std::invalid_argument("Data ends within a byte");
     std::string bytes;
-    for (std::size_t at = 0; at < digits.size(); at += 2)
-        bytes += static_cast<char>(digit(digits[at]) * 16 + digit(digits[at + 1]));
+    for (std::size_t at = 0; at + 1 < digits.size(); at += 2)
+    {
+        unsigned byte = 0;
+        std::from_chars(digits.data() + at, digits.data() + at + 2, byte, 16);
+        bytes += static_cast<char>(byte);
+    }
     return bytes;
 }
 
@@ -75,11 +74,7 @@ ComPtr<IStream> MemoryStream()
 
 Variant ReadPicture(const FormBlock& block)
 {
-    const FormValue* data = block.Find("Data");
-    const std::string* digits = data ? std::get_if<std::string>(data) : nullptr;
-    if (!digits)
-        throw std::invalid_argument("a picture needs Data = \"…\"");
-    const std::string bytes = ReadBytes(*digits);
+    const std::string bytes = ReadBytes(std::get<std::string>(*block.Find("Data")));
     const ComPtr<IStream> stream = MemoryStream();
     Check(stream->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr));
     Check(stream->Seek({}, STREAM_SEEK_SET, nullptr));
@@ -88,7 +83,8 @@ Variant ReadPicture(const FormBlock& block)
     ComPtr<IDispatch> dispatch;
     Check(OleCreatePictureIndirect(nullptr, __uuidof(IPersistStream), TRUE,
                                    reinterpret_cast<void**>(picture.GetAddressOf())));
-    Check(picture->Load(stream.Get()));
+    if (FAILED(picture->Load(stream.Get())))
+        throw std::invalid_argument("the bytes are no picture that can be read");
     Check(picture.As(&dispatch));
     return Variant(dispatch.Get());
 }
@@ -129,24 +125,32 @@ FormBlock WriteObject(IUnknown* object, const std::string& name)
     throw std::invalid_argument(name + " is an object that a form file cannot hold");
 }
 
-// The same font or picture keeps the lines that it was read from.
-void ReplaceProperty(FormBlock& block, FormBlock fresh)
+bool SameContent(const FormBlock& one, const FormBlock& other)
 {
-    FormBlock* const present = block.FindProperty(fresh.Name);
-    if (!present || !SameFormName(present->Class, fresh.Class))
+    return SameFormName(one.Class, other.Class) &&
+           std::equal(one.Entries.begin(), one.Entries.end(), other.Entries.begin(), other.Entries.end(),
+                      [](const FormEntry& left, const FormEntry& right) {
+                          return left.Key == right.Key && left.Value == right.Value;
+                      });
+}
+
+// A font or picture keeps the lines of what did not change in it.
+void ApplyProperty(const FormBlock* before, const FormBlock& now, FormBlock& block)
+{
+    FormBlock* const present = block.FindProperty(now.Name);
+    if (before && present && SameFormName(present->Class, now.Class))
     {
-        block.Remove(fresh.Name);
-        block.SetProperty(std::move(fresh));
+        ApplyChanges(*before, now, *present);
         return;
     }
-    for (const FormEntry& entry : fresh.Entries)
-        present->Set(entry.Key, entry.Value);
+    block.Remove(now.Name);
+    block.SetProperty(now);
 }
 
 } // namespace
 
-void ReadBlock(const FormBlock& block, const std::function<bool(const std::string&)>& skip, IFontDisp* base,
-               PropertyBag& bag)
+void ReadBlock(const FormBlock& block, std::string_view file,
+               const std::function<bool(const std::string&)>& skip, IFontDisp* base, PropertyBag& bag)
 {
     for (const FormEntry& entry : block.Entries)
     {
@@ -155,34 +159,56 @@ void ReadBlock(const FormBlock& block, const std::function<bool(const std::strin
         if (entry.Block.empty() || !entry.Block.front().IsProperty)
             continue;
         const FormBlock& nested = entry.Block.front();
-        if (SameFormName(nested.Class, "Font"))
-            bag.Set(Wide(nested.Name), ReadFont(nested, base));
-        else if (SameFormName(nested.Class, "Picture"))
-            bag.Set(Wide(nested.Name), ReadPicture(nested));
-        else
-            throw std::invalid_argument(nested.Class +
-                                        " is no class of nested properties: Font and Picture are");
+        try
+        {
+            bag.Set(Wide(nested.Name),
+                    SameFormName(nested.Class, "Font") ? ReadFont(nested, base) : ReadPicture(nested));
+        }
+        catch (const std::invalid_argument& mistake)
+        {
+            throw FormError(file, nested.LineOf("Data"), std::string("Data: ") + mistake.what());
+        }
     }
 }
 
-void WriteBlock(const PropertyBag& bag, const std::vector<std::wstring>& asked, FormBlock& block)
+FormBlock WriteBlock(const PropertyBag& bag)
 {
-    for (const std::wstring& name : asked)
-        if (!bag.Find(name))
-            block.Remove(Utf8(name));
+    FormBlock block;
     for (const auto& [wideName, value] : bag.Entries())
     {
         const std::string name = Utf8(wideName);
         if (const std::optional<FormValue> plain = ToFormValue(value))
-        {
-            if (block.FindProperty(name))
-                block.Remove(name);
             block.Set(name, *plain);
-        }
         else if (IUnknown* const object = value.Object())
-            ReplaceProperty(block, WriteObject(object, name));
-        else // Null, Empty or no object: what a missing key stands for
+            block.SetProperty(WriteObject(object, name));
+        // Null, Empty and no object are what a missing key stands for.
+    }
+    return block;
+}
+
+void ApplyChanges(const FormBlock& before, const FormBlock& now, FormBlock& block)
+{
+    for (const FormEntry& entry : before.Entries)
+    {
+        const std::string& name = entry.Block.empty() ? entry.Key : entry.Block.front().Name;
+        if (!now.Find(name) && !now.FindProperty(name))
             block.Remove(name);
+    }
+    for (const FormEntry& entry : now.Entries)
+    {
+        if (!entry.Block.empty())
+        {
+            const FormBlock* const earlier = before.FindProperty(entry.Block.front().Name);
+            if (!earlier || !SameContent(*earlier, entry.Block.front()))
+                ApplyProperty(earlier, entry.Block.front(), block);
+            continue;
+        }
+        const FormValue* const earlier = before.Find(entry.Key);
+        if (earlier && *earlier == entry.Value)
+            continue;
+        if (block.FindProperty(entry.Key))
+            block.Remove(entry.Key);
+        block.Set(entry.Key, entry.Value);
     }
 }
 

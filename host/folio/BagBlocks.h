@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/container/PropertyBag.h"
-#include "host/formfile/FormBlock.h"
+#include "host/formfile/FormText.h"
 
 #include <functional>
 
@@ -11,14 +11,18 @@ namespace kiv::host
 // Between a control's part of a form file and its property bag. Fonts and pictures are nested properties:
 //   BeginProperty Font … Name, Size, Weight, Charset, Italic, Underline, Strikethrough … EndProperty
 //   BeginProperty Icon Picture … Data = "hexadecimal bytes of the picture's stream" … EndProperty
-// Both throw ComError or std::invalid_argument, which says what cannot be kept.
 
-// Keys for which skip answers true stay out of the bag. base gives a font's missing keys their values.
-void ReadBlock(const FormBlock& block, const std::function<bool(const std::string& key)>& skip,
-               IFontDisp* base, PropertyBag& bag);
+// Of a block that CheckForm has found right. Keys for which skip answers true stay out of the bag. base gives
+// a font's missing keys their values. Throws ComError, and FormError for a picture that cannot be read.
+void ReadBlock(const FormBlock& block, std::string_view file,
+               const std::function<bool(const std::string& key)>& skip, IFontDisp* base, PropertyBag& bag);
 
-// Keys that the bag does not hold stay as they are, except those in asked: what the control knows and no
-// longer writes goes.
-void WriteBlock(const PropertyBag& bag, const std::vector<std::wstring>& asked, FormBlock& block);
+// What the bag holds, as keys and nested properties. Throws ComError or std::invalid_argument, which says
+// what a form file cannot hold.
+FormBlock WriteBlock(const PropertyBag& bag);
+
+// Does to a block of a file what turned one state of a control into another; whatever else stands in it
+// stays.
+void ApplyChanges(const FormBlock& before, const FormBlock& now, FormBlock& block);
 
 } // namespace kiv::host

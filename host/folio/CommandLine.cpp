@@ -11,12 +11,12 @@ const char* const UsageText = R"(FolioHost shows a form file with its controls.
 
   --design           show the form as a designer would: nothing answers, a click selects, a drag moves
   --database SOURCE  give this database to the controls: an SQLite file, or an ODBC connection string
-  --save FILE        when the form is closed, write it into FILE
+  --save FILE        when the form is closed, write it into FILE (not when it is cancelled, or the script fails)
   --script FILE      play FILE with real keys and mouse clicks, then close the form
   --log FILE         write events, message boxes and answers into FILE, as on the terminal
   --shot FILE.png    when the form is closed or the script says so, draw a picture of its window into FILE.png
   --timeout SECONDS  give up after that time (with --script 120, otherwise never)
-  --help             this text
+  --help, -h, /?     this text
 
 The exit status is 0 when all that the script expects came to pass, 1 when it did not, 2 when a file or an
 option is wrong.
@@ -42,6 +42,51 @@ unsigned ReadSeconds(const std::string& text)
     return seconds;
 }
 
+struct NamedFile
+{
+    const char* Option; // empty: the form
+    const std::filesystem::path& Path;
+};
+
+bool SameFile(const std::filesystem::path& one, const std::filesystem::path& other)
+{
+    std::error_code error;
+    if (std::filesystem::equivalent(one, other, error))
+        return true;
+    return std::filesystem::absolute(one, error).lexically_normal() ==
+           std::filesystem::absolute(other, error).lexically_normal();
+}
+
+std::string NameOf(const NamedFile& file)
+{
+    return *file.Option ? file.Option : "the form";
+}
+
+// Nothing that is read may be written over, but for a form that is saved in its place.
+void CheckFiles(const CommandLine& line)
+{
+    const std::filesystem::path database =
+        line.Database.find('=') == std::string::npos ? FromUtf8(line.Database) : std::filesystem::path();
+    const NamedFile inputs[] = {{"", line.Form}, {"--script", line.Script}, {"--database", database}};
+    const NamedFile outputs[] = {{"--save", line.Save}, {"--log", line.Log}, {"--shot", line.Shot}};
+    for (const NamedFile& output : outputs)
+    {
+        const auto refuse = [&](const NamedFile& other) {
+            if (!output.Path.empty() && !other.Path.empty() && SameFile(output.Path, other.Path))
+                throw UsageError(std::string(output.Option) + " would write over " + NameOf(other) + ", " +
+                                 other.Path.string());
+        };
+        for (const NamedFile& input : inputs)
+            if (&output.Path != &line.Save || &input.Path != &line.Form)
+                refuse(input);
+        for (const NamedFile* other = outputs; other != &output; ++other)
+            refuse(*other);
+    }
+    const std::string extension = line.Shot.extension().string();
+    if (!line.Shot.empty() && extension != ".png" && extension != ".PNG")
+        throw UsageError("--shot takes a file whose name ends with .png, not " + line.Shot.string());
+}
+
 } // namespace
 
 CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
@@ -55,7 +100,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
                 throw UsageError(argument + " needs a value");
             return arguments[++at];
         };
-        if (argument == "--help")
+        if (argument == "--help" || argument == "-h" || argument == "/?" || argument == "-?")
             line.Help = true;
         else if (argument == "--design")
             line.Design = true;
@@ -71,7 +116,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
             line.Database = value();
         else if (argument == "--timeout")
             line.TimeoutSeconds = ReadSeconds(value());
-        else if (argument.starts_with("--"))
+        else if (argument.starts_with("-"))
             throw UsageError("there is no option " + argument);
         else if (line.Form.empty())
             line.Form = FromUtf8(argument);
@@ -80,6 +125,8 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
     }
     if (!line.Help && line.Form.empty())
         throw UsageError("which form is to be shown?");
+    if (!line.Help)
+        CheckFiles(line);
     if (line.TimeoutSeconds == 0 && !line.Script.empty())
         line.TimeoutSeconds = ScriptTimeoutSeconds;
     return line;

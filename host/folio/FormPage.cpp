@@ -3,6 +3,7 @@
 #include "host/container/Automation.h"
 #include "host/container/ScreenUnits.h"
 #include "host/folio/BagBlocks.h"
+#include "host/folio/Members.h"
 #include "host/folio/Text.h"
 #include "host/folio/Values.h"
 #include "host/formfile/FormFile.h"
@@ -13,11 +14,15 @@
 namespace kiv::host
 {
 
+using Microsoft::WRL::ComPtr;
+
 namespace
 {
 
-// Dots of the design grid, in twips.
-constexpr long GridTwips = 120;
+// Twips: what a form has that says nothing else.
+constexpr long ClientWidth = 6000;
+constexpr long ClientHeight = 4000;
+constexpr long Grid = 120;
 
 // What a form gives to every control, as opposed to what the control itself persists.
 constexpr const char* PlaceKeys[] = {"Left", "Top", "Width", "Height", "TabIndex", "TabStop", "Visible"};
@@ -30,58 +35,58 @@ bool IsFormKey(const std::string& key)
            std::any_of(std::begin(ExtendedKeys), std::end(ExtendedKeys), same);
 }
 
-// Typed reading of a block's keys; a wrong type is a mistake in the file.
+bool IsItem(const FormEntry& entry)
+{
+    return !entry.Block.empty() && !entry.Block.front().IsProperty;
+}
+
+// Typed reading of a block's keys, whose types the file has been checked for.
 class Keys
 {
 public:
-    Keys(const FormBlock& block, std::string_view file) : block_(block), file_(file) {}
+    explicit Keys(const FormBlock& block) : block_(block) {}
 
     long Number(const char* key, long otherwise) const
     {
-        const FormValue* value = block_.Find(key);
-        if (!value)
-            return otherwise;
-        const std::int64_t* number = std::get_if<std::int64_t>(value);
-        // Positions are twips on a screen; MulDiv and window calls take no more anyway.
-        if (!number || *number < -100000 || *number > 1000000)
-            Refuse(key, "a whole number of reasonable size is expected");
-        return static_cast<long>(*number);
+        const FormValue* const value = block_.Find(key);
+        return value ? static_cast<long>(std::get<std::int64_t>(*value)) : otherwise;
     }
 
     bool Truth(const char* key, bool otherwise) const
     {
-        const FormValue* value = block_.Find(key);
-        if (value && !std::get_if<bool>(value))
-            Refuse(key, "True or False is expected");
+        const FormValue* const value = block_.Find(key);
         return value ? std::get<bool>(*value) : otherwise;
     }
 
     std::wstring Text(const char* key) const
     {
-        const FormValue* value = block_.Find(key);
-        if (value && !std::get_if<std::string>(value))
-            Refuse(key, "a text in quotes is expected");
+        const FormValue* const value = block_.Find(key);
         return value ? Wide(std::get<std::string>(*value)) : std::wstring();
     }
 
-    RECT Bounds() const
+    // On the form, of what stands in a container.
+    RECT BoundsIn(const FormItem* container) const
     {
-        return PixelsFromTwips(Number("Left", 0), Number("Top", 0), Number("Width", 0), Number("Height", 0));
+        RECT bounds =
+            PixelsFromTwips(Number("Left", 0), Number("Top", 0), Number("Width", 0), Number("Height", 0));
+        if (container)
+            OffsetRect(&bounds, container->Bounds().left, container->Bounds().top);
+        return bounds;
     }
 
-    short TabIndex() const { return static_cast<short>(std::clamp(Number("TabIndex", -1), -1L, 32767L)); }
+    short TabIndex() const { return static_cast<short>(Number("TabIndex", -1)); }
 
 private:
-    [[noreturn]] void Refuse(const char* key, const char* what) const
-    {
-        const auto entry = std::find_if(block_.Entries.begin(), block_.Entries.end(),
-                                        [&](const FormEntry& each) { return SameFormName(each.Key, key); });
-        throw FormError(file_, entry->Line, std::string(key) + ": " + what);
-    }
-
     const FormBlock& block_;
-    std::string_view file_;
 };
+
+std::string Joined(const std::multimap<int, std::string>& mistakes)
+{
+    std::string all;
+    for (const auto& [line, mistake] : mistakes)
+        all += (all.empty() ? "" : "\n") + mistake;
+    return all;
+}
 
 // What a control cannot load.
 struct ErrorLog final : SiteObserver
@@ -91,61 +96,146 @@ struct ErrorLog final : SiteObserver
     std::vector<LoggedError> Errors;
 };
 
+// Whether a control made of a whole number or a Boolean something else than what it was given.
+bool IsOther(const FormValue& given, const Variant& taken)
+{
+    const std::optional<FormValue> plain = ToFormValue(taken);
+    if (!plain)
+        return false;
+    const auto number = [](const FormValue& value) -> std::optional<double> {
+        if (const bool* truth = std::get_if<bool>(&value))
+            return *truth ? 1 : 0;
+        if (const std::int64_t* whole = std::get_if<std::int64_t>(&value))
+            return static_cast<double>(*whole);
+        return std::nullopt;
+    };
+    const std::optional<double> one = number(given);
+    const std::optional<double> other = number(*plain);
+    const bool isTruth = std::get_if<bool>(&given) || std::get_if<bool>(&*plain);
+    return one && other && (isTruth ? (*one != 0) != (*other != 0) : *one != *other);
+}
+
+// What a file would say of the item: its place, in twips of what it stands in, and a control's own state.
+FormBlock StateOf(FormItem& item)
+{
+    FormBlock state;
+    RECT bounds = item.Bounds();
+    if (const FormItem* const container = item.Container())
+        OffsetRect(&bounds, -container->Bounds().left, -container->Bounds().top);
+    state.Set("Left", std::int64_t(bounds.left) * TwipsPerPixelX());
+    state.Set("Top", std::int64_t(bounds.top) * TwipsPerPixelY());
+    state.Set("Width", std::int64_t(SizeOf(bounds).cx) * TwipsPerPixelX());
+    state.Set("Height", std::int64_t(SizeOf(bounds).cy) * TwipsPerPixelY());
+    state.Set("TabIndex", std::int64_t(item.TabIndex()));
+    state.Set("Visible", item.Visible());
+    auto* const site = dynamic_cast<ControlSite*>(&item);
+    if (!site)
+        return state;
+    state.Set("TabStop", item.TabStop());
+    for (const char* key : ExtendedKeys)
+        if (const auto value = ToFormValue(GetProperty(site->ExtendedControl(), Wide(key))))
+            state.Set(key, *value);
+    const auto bag = MakeCom<PropertyBag>();
+    Check(site->Save(*bag.Get()));
+    for (FormEntry& entry : WriteBlock(*bag.Get()).Entries)
+        state.Entries.push_back(std::move(entry));
+    return state;
+}
+
 } // namespace
 
 FormPage::FormPage(const std::filesystem::path& file, bool design) :
     fileName_(file.string()), document_(LoadFormFile(file))
 {
-    const Keys keys(document_.Form, fileName_);
-    const RECT client =
-        PixelsFromTwips(0, 0, keys.Number("ClientWidth", 6000), keys.Number("ClientHeight", 4000));
-    form_ = std::make_unique<Form>(keys.Text("Caption"), SizeOf(client));
-    if (design)
-        form_->SetDesignMode(SizeOf(PixelsFromTwips(0, 0, GridTwips, GridTwips)));
-    for (const FormEntry& entry : document_.Form.Entries)
-        if (!entry.Block.empty() && !entry.Block.front().IsProperty)
-            Add(entry.Block.front());
-}
-
-void FormPage::Add(const FormBlock& block)
-{
-    const Keys keys(block, fileName_);
-    if (SameFormName(block.Class, "Label"))
-        form_->AddLabel({.name = Wide(block.Name),
-                         .caption = keys.Text("Caption"),
-                         .bounds = keys.Bounds(),
-                         .alignRight = keys.Truth("AlignRight", false),
-                         .bold = keys.Truth("FontBold", false),
-                         .enabled = keys.Truth("Enabled", true),
-                         .tabIndex = keys.TabIndex()});
-    else if (SameFormName(block.Class, "Frame"))
-        form_->AddFrame({.name = Wide(block.Name),
-                         .caption = keys.Text("Caption"),
-                         .bounds = keys.Bounds(),
-                         .tabIndex = keys.TabIndex()});
-    else if (SameFormName(block.Class, "Button"))
-        form_->AddButton({.name = Wide(block.Name),
-                          .caption = keys.Text("Caption"),
-                          .bounds = keys.Bounds(),
-                          .isDefault = keys.Truth("Default", false),
-                          .isCancel = keys.Truth("Cancel", false),
-                          .enabled = keys.Truth("Enabled", true),
-                          .tabIndex = keys.TabIndex(),
-                          .onClick = {}});
-    else
-        AddControl(block);
-}
-
-void FormPage::AddControl(const FormBlock& block)
-{
-    const Keys keys(block, fileName_);
-    const auto bag = MakeCom<PropertyBag>();
+    const Keys keys(document_.Form);
+    const auto pixels = [](long width, long height) { return SizeOf(PixelsFromTwips(0, 0, width, height)); };
     try
     {
-        ReadBlock(block, IsFormKey, form_->FontObject(), *bag.Get());
+        form_ =
+            std::make_unique<Form>(keys.Text("Caption"), pixels(keys.Number("ClientWidth", ClientWidth),
+                                                                keys.Number("ClientHeight", ClientHeight)));
+    }
+    catch (const ComError& error)
+    {
+        throw std::runtime_error("FolioHost: there is no display that a form can be shown on (" +
+                                 DescribeError(error) + ")");
+    }
+    if (design)
+        form_->SetDesignMode(pixels(keys.Number("GridX", Grid), keys.Number("GridY", Grid)));
+    AddItems(document_.Form, nullptr);
+    if (!mistakes_.empty())
+        throw std::runtime_error(Joined(mistakes_));
+    for (const auto& item : form_->Items())
+        Remember(*item);
+}
+
+void FormPage::AddItems(const FormBlock& container, FormItem* frame)
+{
+    for (const FormEntry& entry : container.Entries)
+        if (IsItem(entry))
+        {
+            const FormBlock& block = entry.Block.front();
+            // Nothing but a frame has items of its own in a file that can be read.
+            if (FormItem* const item = Add(block, frame))
+                AddItems(block, item);
+        }
+}
+
+// Null for a control that could not be made.
+FormItem* FormPage::Add(const FormBlock& block, FormItem* frame)
+{
+    const Keys keys(block);
+    FormItem* item = nullptr;
+    if (SameFormName(block.Class, "Label"))
+        item = &form_->AddLabel({.name = Wide(block.Name),
+                                 .caption = keys.Text("Caption"),
+                                 .bounds = keys.BoundsIn(frame),
+                                 .container = frame,
+                                 .alignRight = keys.Truth("AlignRight", false),
+                                 .bold = keys.Truth("FontBold", false),
+                                 .enabled = keys.Truth("Enabled", true),
+                                 .tabIndex = keys.TabIndex()});
+    else if (SameFormName(block.Class, "Frame"))
+        item = &form_->AddFrame({.name = Wide(block.Name),
+                                 .caption = keys.Text("Caption"),
+                                 .bounds = keys.BoundsIn(frame),
+                                 .container = frame,
+                                 .enabled = keys.Truth("Enabled", true),
+                                 .tabIndex = keys.TabIndex()});
+    else if (SameFormName(block.Class, "Button"))
+        item = &form_->AddButton({.name = Wide(block.Name),
+                                  .caption = keys.Text("Caption"),
+                                  .bounds = keys.BoundsIn(frame),
+                                  .container = frame,
+                                  .isDefault = keys.Truth("Default", false),
+                                  .isCancel = keys.Truth("Cancel", false),
+                                  .enabled = keys.Truth("Enabled", true),
+                                  .tabIndex = keys.TabIndex(),
+                                  .onClick = {}});
+    else
+        return AddControl(block, frame);
+    if (!keys.Truth("Visible", true))
+        item->SetVisible(false);
+    return item;
+}
+
+ControlSite* FormPage::AddControl(const FormBlock& block, FormItem* frame)
+{
+    const Keys keys(block);
+    const auto bag = MakeCom<PropertyBag>();
+    if (!classes_.Knows(Wide(block.Class)))
+    {
+        Mistake(block.Line, "there is no class " + block.Class +
+                                ": Label, Frame, Button or the ProgID of a registered control is expected");
+        return nullptr;
+    }
+    try
+    {
+        ReadBlock(block, fileName_, IsFormKey, form_->FontObject(), *bag.Get());
         SiteOptions options;
         options.name = Wide(block.Name);
-        options.bounds = keys.Bounds();
+        options.bounds = keys.BoundsIn(frame);
+        options.container = frame;
         options.load = bag.Get();
         options.tabIndex = keys.TabIndex();
         options.tabStop = keys.Truth("TabStop", true);
@@ -153,28 +243,79 @@ void FormPage::AddControl(const FormBlock& block)
         options.userMode = !form_->DesignMode();
         const auto log = std::make_shared<ErrorLog>();
         options.observer = log;
-        ControlSite& site = form_->Add(Wide(block.Class).c_str(), options);
-        for (const char* key : ExtendedKeys)
-            if (const FormValue* value = block.Find(key))
-                PutProperty(site.ExtendedControl(), Wide(key), ToVariant(*value));
+        ControlSite& site = form_->Add(classes_.Make(Wide(block.Class)).Get(), options);
         site.Observe(nullptr);
-        for (const LoggedError& error : log->Errors)
-            warnings_.push_back(FormError(fileName_, block.Line,
-                                          block.Name + "." + Utf8(error.Property) + ": " +
-                                              Utf8(error.Description) + " " + DescribeResult(error.Result))
-                                    .what());
+        if (!site.Query<IOleObject>())
+            Mistake(block.Line, block.Class + " " + block.Name + " cannot be made: it is no control");
+        CheckTaken(block, site, log->Errors);
+        NoteUnknownKeys(block, site, *bag.Get());
+        return &site;
     }
     catch (const ComError& error)
     {
-        throw FormError(fileName_, block.Line,
-                        block.Class + " " + block.Name +
-                            " cannot be made: " + DescribeResult(error.Result()));
+        Mistake(block.Line, block.Class + " " + block.Name + " cannot be made: " + DescribeError(error));
+        return nullptr;
     }
-    catch (const std::invalid_argument& mistake)
+}
+
+// A form that shows something else than its file says would be saved as something else.
+void FormPage::CheckTaken(const FormBlock& block, ControlSite& site, const std::vector<LoggedError>& errors)
+{
+    const auto refuse = [&](const std::string& key, const std::string& why) {
+        const std::string written(block.WrittenValue(key));
+        Mistake(block.LineOf(key), key + ": " + block.Name + " does not take " +
+                                       (written.empty() ? "this" : written) + ": " + why);
+    };
+    for (const LoggedError& error : errors)
+        refuse(Utf8(error.Property), WhyRefused(site.Control(), error.Property, ComError(error.Result)));
+    for (const char* key : ExtendedKeys)
+        if (const FormValue* const value = block.Find(key))
+            try
+            {
+                PutProperty(site.ExtendedControl(), Wide(key), ToVariant(*value));
+            }
+            catch (const ComError&)
+            {
+                const bool isNumber = std::string_view(key).ends_with("ID");
+                refuse(key, isNumber ? "a whole number is expected" : "a text in quotes is expected");
+            }
+    for (const FormEntry& entry : block.Entries)
     {
-        throw FormError(fileName_, block.Line, block.Name + ": " + mistake.what());
+        if (entry.Key.empty() || IsFormKey(entry.Key))
+            continue;
+        const std::wstring name = Wide(entry.Key);
+        const bool isTold = std::any_of(errors.begin(), errors.end(), [&](const LoggedError& error) {
+            return SameName(error.Property, name);
+        });
+        if (const std::optional<Variant> taken = isTold ? std::nullopt : TryGet(site, name);
+            taken && IsOther(entry.Value, *taken))
+            refuse(entry.Key, WhatPropertyTakes(site.Control(), name) + " within its range is expected");
     }
-    bags_[block.Name] = bag;
+}
+
+void FormPage::NoteUnknownKeys(const FormBlock& block, const ControlSite& site, const PropertyBag& bag)
+{
+    const auto isAsked = [&](const std::wstring& name) {
+        return std::any_of(bag.Asked().begin(), bag.Asked().end(),
+                           [&](const std::wstring& asked) { return SameName(asked, name); });
+    };
+    for (const FormEntry& entry : block.Entries)
+    {
+        if (entry.Block.empty() && (entry.Key.empty() || IsFormKey(entry.Key)))
+            continue;
+        const std::string& key = entry.Block.empty() ? entry.Key : entry.Block.front().Name;
+        // What begins like this is a designer's own.
+        if (key.starts_with('_') || isAsked(Wide(key)) || site.HasMember(Wide(key)))
+            continue;
+        notes_.push_back(
+            FormError(fileName_, entry.Line, block.Name + " has no property " + key + "; the line is kept")
+                .what());
+    }
+}
+
+void FormPage::Mistake(int line, const std::string& what)
+{
+    mistakes_.emplace(line, FormError(fileName_, line, what).what());
 }
 
 std::vector<ControlSite*> FormPage::Sites() const
@@ -196,59 +337,65 @@ void FormPage::GiveDatabase(IDispatch* database)
             site->Put(L"Database", Variant(database));
 }
 
-void FormPage::SaveItem(FormBlock& block)
+void FormPage::Remember(FormItem& item)
 {
-    FormItem* const item = form_->Find(Wide(block.Name));
-    if (!item)
-        return;
-    // Twips that mean the pixels at hand stay as the file has them.
-    const RECT& now = item->Bounds();
-    const RECT before = Keys(block, fileName_).Bounds();
-    const auto keep = [&](const char* key, long present, long stored, long twipsPerPixel) {
-        if (present != stored)
-            block.Set(key, std::int64_t(present) * twipsPerPixel);
-    };
-    keep("Left", now.left, before.left, TwipsPerPixelX());
-    keep("Top", now.top, before.top, TwipsPerPixelY());
-    keep("Width", SizeOf(now).cx, SizeOf(before).cx, TwipsPerPixelX());
-    keep("Height", SizeOf(now).cy, SizeOf(before).cy, TwipsPerPixelY());
-
-    auto* const site = dynamic_cast<ControlSite*>(item);
-    if (!site)
-        return;
-    for (const char* key : ExtendedKeys)
+    try
     {
-        const std::optional<FormValue> value = ToFormValue(GetProperty(site->ExtendedControl(), Wide(key)));
-        const bool isDefault = value == FormValue(std::string()) || value == FormValue(std::int64_t(0));
-        if (value && (!isDefault || block.Find(key)))
-            block.Set(key, *value);
+        loaded_[Utf8(item.Name())] = StateOf(item);
     }
-    const auto bag = MakeCom<PropertyBag>();
-    Check(site->Save(*bag.Get()));
-    WriteBlock(*bag.Get(), bags_.at(block.Name)->Asked(), block);
+    catch (const std::exception&)
+    {
+        // Save says what is wrong, for those who want to.
+    }
 }
 
-void FormPage::Save(const std::filesystem::path& file)
+void FormPage::TakeChanges()
 {
-    for (FormEntry& entry : document_.Form.Entries)
-        if (!entry.Block.empty() && !entry.Block.front().IsProperty)
+    std::map<std::string, FormItem*> items;
+    for (const auto& item : form_->Items())
+        items[Utf8(item->Name())] = item.get();
+    Update(document_.Form, items);
+}
+
+void FormPage::Save(const std::filesystem::path& file) const
+{
+    SaveFormFile(file, document_);
+}
+
+void FormPage::Update(FormBlock& container, const std::map<std::string, FormItem*>& items)
+{
+    for (FormEntry& entry : container.Entries)
+        if (IsItem(entry))
         {
             FormBlock& block = entry.Block.front();
-            try
-            {
-                SaveItem(block);
-            }
-            catch (const ComError& error)
-            {
-                throw FormError(fileName_, block.Line,
-                                block.Name + " cannot be saved: " + DescribeResult(error.Result()));
-            }
-            catch (const std::invalid_argument& mistake)
-            {
-                throw FormError(fileName_, block.Line, block.Name + ": " + mistake.what());
-            }
+            // One that was taken off the form meanwhile stays in the file.
+            if (const auto item = items.find(block.Name); item != items.end())
+                UpdateItem(block, *item->second);
+            Update(block, items);
         }
-    SaveFormFile(file, document_);
+}
+
+void FormPage::UpdateItem(FormBlock& block, FormItem& item)
+{
+    const auto refuse = [&](const std::string& why) {
+        throw FormError(fileName_, block.Line, block.Name + " cannot be saved: " + why);
+    };
+    try
+    {
+        const FormBlock now = StateOf(item);
+        const auto loaded = loaded_.find(block.Name);
+        if (loaded == loaded_.end())
+            refuse("it does not say what it was when it was loaded");
+        ApplyChanges(loaded->second, now, block);
+    }
+    catch (const ComError& error)
+    {
+        refuse(DescribeError(error));
+    }
+    catch (const std::invalid_argument& mistake)
+    {
+        refuse(mistake.what());
+    }
 }
 
 } // namespace kiv::host

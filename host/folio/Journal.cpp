@@ -2,50 +2,33 @@
 
 #include "host/container/Automation.h"
 #include "host/folio/Json.h"
+#include "host/folio/Members.h"
 #include "host/folio/Text.h"
-#include "runtime/com/Errors.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <stdexcept>
 
 namespace kiv::host
 {
 
-namespace
-{
-
-// What the control answers, or nothing when it has no such property or refuses to tell.
-std::optional<Variant> TryGet(const ControlSite& site, std::wstring_view property)
-{
-    try
-    {
-        if (site.HasMember(property))
-            return site.Get(property);
-    }
-    catch (const ComError&)
-    {
-    }
-    return std::nullopt;
-}
-
-} // namespace
-
 Journal::Journal(const std::filesystem::path& file, bool forScript) : forScript_(forScript)
 {
-    if (file.empty())
-        return;
-    file_.open(file, std::ios::binary | std::ios::trunc);
-    if (!file_)
-        throw std::runtime_error(file.string() + ": cannot be written");
+    if (!file.empty())
+        file_.emplace(file);
 }
 
 void Journal::WriteLine(const std::string& line)
 {
     std::printf("%s\n", line.c_str());
     std::fflush(stdout);
-    if (file_.is_open())
-        file_ << line << "\n" << std::flush;
+    if (file_)
+        file_->WriteLine(line);
+}
+
+void Journal::Finish()
+{
+    if (file_)
+        file_->Finish();
 }
 
 void Journal::OnEvent(ControlSite& site, const EventRecord& event, DISPPARAMS& raised)
@@ -97,6 +80,11 @@ void Journal::WriteAnswer(const ControlSite& site)
                           .Add("property", std::wstring_view(property))
                           .Add("value", *answer)
                           .Text());
+}
+
+void Journal::WriteClosing(std::wstring_view button)
+{
+    WriteLine(JsonObject().Add("closedBy", button).Text());
 }
 
 void Journal::Veto(std::wstring_view control, std::wstring_view event)

@@ -3,9 +3,10 @@
 #include "host/container/ControlSite.h"
 #include "host/container/EventRecord.h"
 #include "host/container/MessageBoxWatch.h"
+#include "host/files/LogFile.h"
 
 #include <filesystem>
-#include <fstream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,7 @@ namespace kiv::host
 class Journal final : public SiteObserver
 {
 public:
-    // An empty path writes to the terminal only. Throws std::runtime_error when the file cannot be written.
+    // An empty path writes to the terminal only. Throws FileError when the file cannot be written.
     // Only a script waits for events: without one they are written and forgotten.
     Journal(const std::filesystem::path& file, bool forScript);
 
@@ -26,6 +27,11 @@ public:
     void Write(const ShownMessageBox& box);
     // The answer that the control holds: its Value, Text or EnumCode, whichever it has.
     void WriteAnswer(const ControlSite& site);
+
+    // Which button closed the form, by its name.
+    void WriteClosing(std::wstring_view button);
+    // Throws FileError when not all could be written into the file.
+    void Finish();
 
     // Sets the first Boolean by-reference argument of the next such event to True.
     void Veto(std::wstring_view control, std::wstring_view event);
@@ -47,7 +53,7 @@ private:
     void WriteLine(const std::string& line);
 
     bool forScript_;
-    std::ofstream file_;
+    std::optional<LogFile> file_;
     std::vector<NamedEvent> vetoes_;
     std::vector<NamedEvent> untaken_;
 };

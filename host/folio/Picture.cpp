@@ -1,5 +1,6 @@
 #include "host/folio/Picture.h"
 
+#include "host/files/WholeFile.h"
 #include "runtime/com/Errors.h"
 
 #include <wincodec.h>
@@ -75,6 +76,19 @@ Bitmap CopyWindow(HWND window)
     return bitmap;
 }
 
+// Of a stream in memory.
+std::string ContentOf(IStream* stream)
+{
+    STATSTG state = {};
+    HGLOBAL memory = nullptr;
+    Check(stream->Stat(&state, STATFLAG_NONAME));
+    Check(GetHGlobalFromStream(stream, &memory));
+    const std::string content(static_cast<const char*>(GlobalLock(memory)),
+                              static_cast<std::size_t>(state.cbSize.QuadPart));
+    GlobalUnlock(memory);
+    return content;
+}
+
 } // namespace
 
 void SavePicture(HWND window, const std::filesystem::path& file)
@@ -82,7 +96,8 @@ void SavePicture(HWND window, const std::filesystem::path& file)
     const Bitmap bitmap = CopyWindow(window);
     ComPtr<IWICImagingFactory> factory;
     ComPtr<IWICBitmap> source;
-    ComPtr<IWICStream> stream;
+    // Into memory first: a picture that cannot be written leaves the older one.
+    ComPtr<IStream> stream;
     ComPtr<IWICBitmapEncoder> encoder;
     ComPtr<IWICBitmapFrameEncode> frame;
     UINT width = 0;
@@ -91,8 +106,7 @@ void SavePicture(HWND window, const std::filesystem::path& file)
     Check(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&factory)));
     Check(factory->CreateBitmapFromHBITMAP(bitmap.get(), nullptr, WICBitmapIgnoreAlpha, &source));
     Check(source->GetSize(&width, &height));
-    Check(factory->CreateStream(&stream));
-    Check(stream->InitializeFromFilename(file.c_str(), GENERIC_WRITE));
+    Check(CreateStreamOnHGlobal(nullptr, TRUE, &stream));
     Check(factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder));
     Check(encoder->Initialize(stream.Get(), WICBitmapEncoderNoCache));
     Check(encoder->CreateNewFrame(&frame, nullptr));
@@ -102,6 +116,7 @@ void SavePicture(HWND window, const std::filesystem::path& file)
     Check(frame->WriteSource(source.Get(), nullptr));
     Check(frame->Commit());
     Check(encoder->Commit());
+    WriteFile(file, ContentOf(stream.Get()));
 }
 
 } // namespace kiv::host

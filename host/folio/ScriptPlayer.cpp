@@ -1,6 +1,7 @@
 #include "host/folio/ScriptPlayer.h"
 
 #include "host/folio/Input.h"
+#include "host/folio/Members.h"
 #include "host/folio/Text.h"
 #include "host/folio/Values.h"
 #include "runtime/com/Errors.h"
@@ -48,6 +49,17 @@ std::string ScriptPlayer::Mistake(const ScriptStep& step, const std::string& wha
     return script_.File + ":" + std::to_string(step.Line) + ": " + what;
 }
 
+// In words; on the thread that the control lives on, if it is to say what it expects.
+std::string ScriptPlayer::WhyFailed(const ScriptStep& step, const ComError& error) const
+{
+    std::string why = DescribeError(error);
+    form_.Invoke([&] {
+        if (const ControlSite* const site = form_.FindSite(Wide(step.Item)))
+            why = WhyRefused(site->Control(), Wide(step.Member), error);
+    });
+    return step.Member.empty() ? why : step.Item + "." + step.Member + ": " + why;
+}
+
 // What a step rests on has to hold, so the first mistake ends the play.
 void ScriptPlayer::Play() noexcept
 {
@@ -57,7 +69,7 @@ void ScriptPlayer::Play() noexcept
     if (!script_.Steps.empty())
         Try(script_.Steps.back(), [this] { CloseWindows(); });
     // A script that leaves the form open is done with it.
-    form_.Post([this] { SendMessageW(form_.Window(), WM_CLOSE, 0, 0); });
+    form_.Post([this] { form_.Close(); });
 }
 
 bool ScriptPlayer::Try(const ScriptStep& step, const std::function<void()>& work)
@@ -73,7 +85,7 @@ bool ScriptPlayer::Try(const ScriptStep& step, const std::function<void()>& work
     }
     catch (const ComError& error)
     {
-        mistakes_.push_back(Mistake(step, "the control answered " + DescribeResult(error.Result())));
+        mistakes_.push_back(Mistake(step, WhyFailed(step, error)));
     }
     catch (const std::exception& error)
     {
@@ -162,7 +174,7 @@ void ScriptPlayer::CheckAnswers()
         }
         catch (const ComError& error)
         {
-            wrongAnswers_.push_back(Mistake(step, "the control answered " + DescribeResult(error.Result())));
+            wrongAnswers_.push_back(Mistake(step, WhyFailed(step, error)));
         }
     }
 }

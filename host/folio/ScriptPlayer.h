@@ -89,6 +89,7 @@ private:
     ControlSite& Site(const std::string& name) const; // on the form's thread
     POINT PointIn(const ScriptStep& step) const;      // on the form's thread
     std::string Mistake(const ScriptStep& step, const std::string& what) const;
+    std::string WhyFailed(const ScriptStep& step, const ComError& error) const;
 
     Form& form_;
     Journal& journal_;

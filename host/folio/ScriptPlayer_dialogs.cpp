@@ -151,8 +151,6 @@ void ScriptPlayer::TakePicture()
 {
     Settle();
     OnForm([this] {
-        if (props_.Shot.empty())
-            return;
         const HWND window = WindowInFront();
         SavePicture(window ? window : form_.Window(), props_.Shot);
         tookPicture_ = true;
@@ -161,11 +159,7 @@ void ScriptPlayer::TakePicture()
 
 void ScriptPlayer::CloseDatabase()
 {
-    OnForm([this] {
-        if (!props_.Database)
-            throw Failure{"there is no database to be closed"};
-        CallMethod(props_.Database.Get(), L"Close", {});
-    });
+    OnForm([this] { CallMethod(props_.Database.Get(), L"Close", {}); });
 }
 
 } // namespace kiv::host

@@ -219,7 +219,7 @@ POINT ScriptPlayer::PointIn(const ScriptStep& step) const
     case ScriptSpot::Place::Middle:
         break;
     }
-    ClientToScreen(form_.Window(), &point);
+    ClientToScreen(form_.Page(), &point);
     return point;
 }
 
@@ -292,7 +292,7 @@ void ScriptPlayer::Call(const ScriptStep& step)
         }
         catch (const ComError& error)
         {
-            failedCall_ = "the control answered " + DescribeResult(error.Result());
+            failedCall_ = WhyFailed(step, error);
         }
         catch (const Failure& failure)
         {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/com/Errors.h"
+
 #include <string>
 #include <string_view>
 
@@ -10,7 +12,8 @@ namespace kiv::host
 std::string Utf8(std::wstring_view text);
 std::wstring Wide(std::string_view text);
 
-// "0x80040154 (Class not registered)"
+// In words, why a call failed: "Class not registered"; what the object itself said of it, if it did.
 std::string DescribeResult(long result);
+std::string DescribeError(const ComError& error);
 
 } // namespace kiv::host

@@ -14,6 +14,7 @@ enum class KeyType
     Text,
     Truth,
     Number,
+    Fraction, // a number, whole or not
 };
 
 // A key that the form itself reads.
@@ -52,6 +53,17 @@ constexpr OwnKey ButtonKeys[] = {
     {"Caption"}, {"Default", KeyType::Truth}, {"Cancel", KeyType::Truth}, {"Enabled", KeyType::Truth}};
 constexpr OwnKey ControlKeys[] = {{"TabStop", KeyType::Truth}};
 
+constexpr std::int64_t LargestFont = 2160;
+constexpr OwnKey FontKeys[] = {
+    {"Name"},
+    {"Size", KeyType::Fraction, 1, LargestFont},
+    {"Weight", KeyType::Number, 0, 1000},
+    {"Charset", KeyType::Number, 0, 255},
+    {"Italic", KeyType::Truth},
+    {"Underline", KeyType::Truth},
+    {"Strikethrough", KeyType::Truth},
+};
+
 class Checker
 {
 public:
@@ -88,7 +100,39 @@ private:
             CheckOnlyOne(item, "Cancel", "the cancel button", cancel_);
         }
         else
+        {
             CheckKeys(item, ControlKeys);
+            CheckProperties(item);
+        }
+    }
+
+    // Those that have parts.
+    void CheckProperties(const FormBlock& control)
+    {
+        for (const FormEntry& entry : control.Entries)
+        {
+            if (entry.Block.empty())
+                continue;
+            const FormBlock& property = entry.Block.front();
+            if (SameFormName(property.Class, "Font"))
+                CheckKeys(property, FontKeys);
+            else if (SameFormName(property.Class, "Picture"))
+                CheckPicture(property);
+            else
+                throw FormError(file_, property.Line,
+                                property.Class + " is no class of nested properties: Font and Picture are");
+        }
+    }
+
+    void CheckPicture(const FormBlock& picture)
+    {
+        const FormValue* const data = picture.Find("Data");
+        if (!data)
+            throw FormError(file_, picture.Line, "a picture needs Data = \"hexadecimal digits\"");
+        const std::string* const digits = std::get_if<std::string>(data);
+        if (!digits || digits->empty() || digits->size() % 2 != 0 ||
+            digits->find_first_not_of("0123456789abcdefABCDEF") != std::string::npos)
+            Refuse(picture, "Data", "hexadecimal digits in quotes, two for each byte, are expected");
     }
 
     template<std::size_t Count>
@@ -117,6 +161,17 @@ private:
                 Refuse(block, key.Name,
                        "a whole number from " + std::to_string(key.Least) + " to " +
                            std::to_string(key.Most) + " is expected");
+            break;
+        }
+        case KeyType::Fraction: {
+            const std::int64_t* const whole = std::get_if<std::int64_t>(&value);
+            const double* const fraction = std::get_if<double>(&value);
+            const double number = whole ? static_cast<double>(*whole) : fraction ? *fraction : -1;
+            if ((!whole && !fraction) || number < static_cast<double>(key.Least) ||
+                number > static_cast<double>(key.Most))
+                Refuse(block, key.Name,
+                       "a number from " + std::to_string(key.Least) + " to " + std::to_string(key.Most) +
+                           " is expected");
             break;
         }
         }

@@ -62,6 +62,14 @@ int FormBlock::LineOf(std::string_view name) const
     return Line;
 }
 
+std::string_view FormBlock::WrittenValue(std::string_view key) const
+{
+    for (const FormEntry& entry : Entries)
+        if (!entry.Key.empty() && SameFormName(entry.Key, key))
+            return std::string_view(entry.Source).substr(entry.ValueAt, entry.ValueLength);
+    return {};
+}
+
 void FormBlock::Set(std::string_view key, FormValue value)
 {
     for (FormEntry& entry : Entries)

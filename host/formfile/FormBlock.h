@@ -29,6 +29,8 @@ struct FormBlock
     const FormValue* Find(std::string_view key) const;
     // The line of a key or of a nested property; that of the block itself when it has no such entry.
     int LineOf(std::string_view name) const;
+    // A key's value as it is written in the file; empty when it has none.
+    std::string_view WrittenValue(std::string_view key) const;
     // Replaces the value where the key stands, or adds it behind the last key. The same value leaves the line
     // as it was written, another one all of it but the value.
     void Set(std::string_view key, FormValue value);

@@ -21,8 +21,9 @@ struct FormError : std::runtime_error
 // Reads the text of a form file; file is its name for messages. Throws FormError at the first mistake.
 FormDocument ParseForm(std::string_view text, std::string_view file);
 
-// What ParseForm takes and no form can use: throws FormError, at the key's line, for keys of the form itself
-// whose value has a wrong type or is out of range, and for a second default or cancel button.
+// What ParseForm takes and no form can use: throws FormError, at the key's line, for keys of the form itself,
+// of fonts and of pictures whose value has a wrong type or is out of range, and for a second default or
+// cancel button.
 void CheckForm(const FormDocument& document, std::string_view file);
 
 // The text of a form file. What was read and not changed since comes out byte for byte.

@@ -42,7 +42,7 @@ TEST_F(YesNoWindowTest, IsTheOneThatTheHostIsTold)
     ShowForm();
     const HWND window = control.Window();
     EXPECT_EQ(WindowProperty(control.Control().Get()), window);
-    EXPECT_EQ(GetParent(window), TheForm().Window());
+    EXPECT_EQ(GetParent(window), TheForm().Page());
     EXPECT_EQ(GetWindow(window, GW_CHILD), nullptr);
     EXPECT_EQ(ControlWindows(), 1);
     RECT place = {};
