@@ -10,7 +10,7 @@ cmd_mutate() {
     MUTATED=("$@")
     (($#)) || MUTATED=("${known[@]}")
     for file in "${MUTATED[@]}"; do
-        [[ " ${known[*]} " == *" $file "* ]] ||
+        one_of "$file" "${known[@]}" ||
             misused "'$file' is no portable source of the library" "There is: ${known[*]}"
     done
 

@@ -128,6 +128,7 @@ install_extra() {
 fetch() {
     local log=$1
     shift
+    must_be_writable
     say "Installing what is missing: $*"
     if ((EUID != 0)) && ! command -v sudo >/dev/null; then
         die "installing packages needs root, and there is no sudo here." \
