@@ -206,6 +206,60 @@ unset COLUMNS
 kiv build
 expect_run 0 '*  Building x86 (KivCtls FolioHost)   *Built: build/x86/KivCtls.ocx and build/x86/FolioHost.exe' ''
 
+# Moved, a tree is built from the sources that are there now, and from nothing.
+cp -a "$tree" "$place/copy"
+cd "$place/copy"
+kiv_here() { hear ./kiv "$@"; }
+touch build/x86/old.o
+mkdir -p build/x86/wine build/fuzz/artifacts
+printf 'CMAKE_HOME_DIRECTORY:INTERNAL=%s\nCMAKE_CACHEFILE_DIR:INTERNAL=%s\n' "$tree" "$tree/build/fuzz" >build/fuzz/CMakeCache.txt
+touch build/fuzz/{build.ninja,old.o,artifacts/kept}
+kiv_here build
+expect_run 0 '*Configuring native *Configuring x86 *Built: *' \
+    "kiv: build/native was made for the sources in $tree; making it anew."$'\n'"kiv: build/x86 was made for the *anew."
+expect 'what was built' "$(<build/x86/built-from)" "$place/copy"
+expect 'what was left' "$(cd build/x86 && echo [ow]*)" '\[ow]\*'
+kiv_here build
+expect_run 0 '  Building*Built: *' ''
+kiv_here fuzz 1 query
+expect 'what it complained of' "$COMPLAINED" 'kiv: build/fuzz was made for the sources *'
+expect 'what fuzzing left' "$(cd build/fuzz && echo artifacts/* [o]*)" 'artifacts/kept \[o]\*'
+
+# As it is where the folder of all that is built is shared.
+sed -i "s|^\(CMAKE_HOME_DIRECTORY:INTERNAL=\).*|\1$tree|" build/x86/CMakeCache.txt
+kiv_here build
+expect_run 0 '*Configuring x86 *Built: *' "kiv: build/x86 was made for the sources in $tree; making it anew."
+
+# Through a link it is still the same tree.
+sed -i "s|=$place/copy|=$place/other|" build/*/CMakeCache.txt
+ln -s copy "$place/other"
+kiv_here build
+expect_run 0 '  Building*Built: *' ''
+
+# Half a configuration is none.
+for half in 'rm build/x86/build.ninja' ': >build/x86/CMakeCache.txt'; do
+    bash -c "$half"
+    touch build/x86/old.o
+    kiv_here build
+    expect_run 0 '*Configuring x86 *Built: *' 'kiv: build/x86 was left half configured; making it anew.'
+    expect 'what was left' "$(cd build/x86 && echo [o]*)" '\[o]\*'
+done
+
+# Another user's build/: for root, who may do anything, there has to be one.
+as_other=()
+((EUID != 0)) || as_other=(setpriv --reuid nobody --regid nogroup --clear-groups)
+for locked in build/x86 build; do
+    chmod a-w $locked
+    hear "${as_other[@]}" ./kiv build
+    expect_run 1 '' "kiv: * cannot write to build/*, which is $(id -un)'s."$'\n     Run kiv *'
+done
+rm -rf build
+chmod a-w .
+hear "${as_other[@]}" ./kiv build
+expect_run 1 '' $'kiv: * cannot make the folder build/ here.\n     Run kiv *'
+chmod u+w .
+cd "$tree"
+
 # Interrupted in the middle of a demo, it leaves nothing behind and says nothing more.
 wait_until() {
     local tries=100
