@@ -3,6 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 source tools/kiv/ui.sh
+source tools/kiv/test.sh
 
 place=$(mktemp -d)
 remove_place() { rm -rf "$place"; }
@@ -212,7 +213,7 @@ cd "$place/copy"
 kiv_here() { hear ./kiv "$@"; }
 touch build/x86/old.o
 mkdir -p build/x86/wine build/fuzz/artifacts
-printf 'CMAKE_HOME_DIRECTORY:INTERNAL=%s\nCMAKE_CACHEFILE_DIR:INTERNAL=%s\n' "$tree" "$tree/build/fuzz" >build/fuzz/CMakeCache.txt
+printf 'CMAKE_%s:INTERNAL=%s\n' HOME_DIRECTORY "$tree" CACHEFILE_DIR "$tree/build/fuzz" >build/fuzz/CMakeCache.txt
 touch build/fuzz/{build.ninja,old.o,artifacts/kept}
 kiv_here build
 expect_run 0 '*Configuring native *Configuring x86 *Built: *' \
@@ -259,6 +260,41 @@ hear "${as_other[@]}" ./kiv build
 expect_run 1 '' $'kiv: * cannot make the folder build/ here.\n     Run kiv *'
 chmod u+w .
 cd "$tree"
+
+# A test is found by the name that people know, wherever it is.
+kiv test 'YesNo*.*' com hostile
+expect_run 0 '*Testing com (x86) *    4 of 7 tests picked*Testing hostile *    4 of 7 tests picked*8 passed, 0 failed' ''
+kiv test native
+expect_run 0 '*7 passed, 0 failed' ''
+expect 'what it said' "${SAID/picked/}" "$SAID"
+kiv test native 'Such.*' 'It*'
+expect_run 1 '*    0 of 7 tests picked*0 passed, 0 failed' "kiv: no test ran: nothing matches 'Such.*' 'It*'."
+
+# picks PATTERN ... = TEST ...
+picks() {
+    local patterns=() picked
+    while [[ $1 != = ]]; do
+        patterns+=("$1")
+        shift
+    done
+    shift
+    picked=$("$place/bin/tests" "--gtest_filter=$(filter_for "${patterns[@]}")" | sed -n 's/^\[ RUN      \] //p')
+    expect "what ${patterns[*]@Q} picks" "${picked//$'\n'/ }" "$*"
+}
+picks 'YesNoKey.*' = Rows/YesNoKey.Types/Up Rows/YesNoKey.Types/Down
+picks YesNoKey.Types = Rows/YesNoKey.Types/Up Rows/YesNoKey.Types/Down
+picks YesNoKey.Types/Up = Rows/YesNoKey.Types/Up
+picks Rows/YesNoKey.Types/Up = Rows/YesNoKey.Types/Up
+picks 'Masked*' = MaskedTest.Shows Rows/MaskedKey.Types/Up
+picks '*.Shows' = YesNoTest.Shows MaskedTest.Shows
+picks '*Key*' = Rows/YesNoKey.Types/Up Rows/YesNoKey.Types/Down Rows/MaskedKey.Types/Up
+picks 'DateBox.*' = Controls/EachView.Draws/DateBox
+picks DateBox.Draws = Controls/EachView.Draws/DateBox
+picks DateBox.Shows =
+picks 'EachView.*' MaskedTest.Shows = MaskedTest.Shows Controls/EachView.Draws/YesNo Controls/EachView.Draws/DateBox
+picks 'MaskedTest.*:DateBox.*' = MaskedTest.Shows Controls/EachView.Draws/DateBox
+picks 'YesNo*.*-YesNoKey.*' 'MaskedTest.*' = YesNoTest.Shows MaskedTest.Shows Controls/EachView.Draws/YesNo
+picks '*.*-YesNo*.*:Masked*' = Controls/EachView.Draws/DateBox
 
 # Interrupted in the middle of a demo, it leaves nothing behind and says nothing more.
 wait_until() {

@@ -57,7 +57,10 @@ one_of() {
     return 1
 }
 
-must_be_number_of() { [[ $2 =~ ^[1-9][0-9]{0,4}$ ]] || misused "'$2' is no number of $1 to go by" "It takes 1 to 99999."; }
+# must_be_number_of UNIT WORD
+must_be_number_of() {
+    [[ $2 =~ ^[1-9][0-9]{0,4}$ ]] || misused "'$2' is no number of $1 to go by" "It takes 1 to 99999."
+}
 
 no_arguments() {
     local command=$1
