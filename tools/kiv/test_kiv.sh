@@ -150,12 +150,17 @@ done
 kiv test such
 expect_run 2 '' "kiv: there is no group 'such'*"
 
-# The command lines of the documents.
+# The command lines of the documents, and the suites of tests that they name.
 while IFS= read -r line; do
     mapfile -t words < <(xargs printf '%s\n' <<<"${line/ FILE/ runtime/core/Decimal.cpp}")
     ONLY_PARSE=yes kiv "${words[@]:1}"
     expect "the complaint of the documented $line" "$COMPLAINED" ''
     expect "the status of the documented $line" "$STATUS" 0
+    for word in "${words[@]:2}"; do
+        [[ $word == *\** ]] || continue
+        suite=${word%%.*}
+        grep -rqE "^TEST(_[FP])?\(${suite//\*/[A-Za-z]*}," tests || complain "what the documented $line names" '' "$suite"
+    done
 done < <(find README.md CONTRIBUTING.md docs -name '*.md' -exec grep -ohE "\./kiv( [^\`#|]*[^\`#| ])?" {} + | sort -u)
 
 # By a link, by another shell, from elsewhere, and without the tree.
@@ -186,7 +191,7 @@ mkdir -p build/native
 touch build/native/CMakeCache.txt
 hear bash -c './kiv build <&- 2>&-'
 expect_run 0 '*Built: *' ''
-hear bash -c 'set -o pipefail; { sleep 0.1; ./kiv help; } | true'
+hear bash -c 'set -o pipefail; { sleep 0.1; env --default-signal=PIPE ./kiv help; } | true'
 expect_run 141 '' ''
 hear bash -c 'trap "" PIPE; set -o pipefail; { sleep 0.1; ./kiv help; } | true'
 expect_run 1 '' 'kiv: its output cannot be written any more.'
@@ -253,6 +258,7 @@ for locked in build/x86 build; do
     chmod a-w $locked
     hear "${as_other[@]}" ./kiv build
     expect_run 1 '' "kiv: * cannot write to build/*, which is $(id -un)'s."$'\n     Run kiv *'
+    chmod u+w $locked
 done
 rm -rf build
 chmod a-w .
@@ -305,7 +311,7 @@ host_is_gone() { ! kill -0 "$(<"$place/host")" 2>/dev/null; }
 for signal in INT:130 TERM:143 HUP:129; do
     rm -f "$place/host"
     set -m
-    ./kiv demo --headless >"$place/said" 2>"$place/complained" &
+    env --default-signal ./kiv demo --headless >"$place/said" 2>"$place/complained" &
     set +m
     wait_until test -s "$place/host"
     kill "-${signal%:*}" -- -$!
