@@ -23,6 +23,7 @@ make_codes() { :; }
 END
 
 export place
+unset COLUMNS
 PATH=$place/bin:$PATH
 fake() {
     printf '#!/bin/bash\n%s\n' "$2" >"$place/bin/$1"
