@@ -17,7 +17,8 @@ mkdir "$tree" "$place/bin" "$place/empty"
 tar -c --exclude ./build --exclude ./.git . | tar -x -C "$tree"
 cat >>"$tree/tools/kiv/mutate.sh" <<'END'
 ensure() { [[ -z ${ONLY_PARSE:-} ]] || exit 0; }
-start_display() { :; }
+start_display() { at_end stop_display; }
+stop_display() { echo display >>"$place/stopped"; }
 make_prefix() { mkdir -p "$WINEPREFIX" && touch "$WINEPREFIX/made-by-kiv"; }
 make_codes() { :; }
 END
@@ -50,7 +51,7 @@ fake() {
         *-tests.exe) exec "$@" ;;
         *FolioHost.exe) echo $$ >"$place/host" && exec sleep 60 ;;
         esac'
-    fake wineserver ''
+    fake wineserver 'echo wine >>"$place/stopped"'
     # A test program, as far as its names, its list and its filter go.
     fake tests 'names=(YesNoTest.Shows YesNoTest.DISABLED_Waits Rows/YesNoKey.Types/Up Rows/YesNoKey.Types/Down
             MaskedTest.Shows Rows/MaskedKey.Types/Up Controls/EachView.Draws/YesNo Controls/EachView.Draws/DateBox)
@@ -309,7 +310,7 @@ wait_until() {
 }
 host_is_gone() { ! kill -0 "$(<"$place/host")" 2>/dev/null; }
 for signal in INT:130 TERM:143 HUP:129; do
-    rm -f "$place/host"
+    rm -f "$place"/{host,stopped}
     set -m
     env --default-signal ./kiv demo --headless >"$place/said" 2>"$place/complained" &
     set +m
@@ -321,6 +322,8 @@ for signal in INT:130 TERM:143 HUP:129; do
     SAID=$(<"$place/said") COMPLAINED=$(<"$place/complained")
     expect_run "${signal#*:}" '*A script answers the interview:' ''
     host_is_gone || complain 'the host of an interrupted demo' running gone
+    # Without its display Wine would complain.
+    expect 'what was stopped' "$(<"$place/stopped")" $'wine\ndisplay'
 done
 
 ((failures == 0))

@@ -179,9 +179,10 @@ seconds_since() {
     printf '%d.%d' $((tenths / 10)) $((tenths % 10))
 }
 
-# Runs before kiv ends, however it ends. Modules that start something redefine nothing: they add a function here.
+# Runs before kiv ends, however it ends: what was started last, on what was there before, is stopped first. Modules that
+# start something redefine nothing: they add a function here.
 AT_END=()
-at_end() { AT_END+=("$1"); }
+at_end() { AT_END=("$1" "${AT_END[@]}"); }
 
 clean_up() {
     local status=$? action
