@@ -30,7 +30,7 @@ cmd_attack() {
     FINDINGS=0 SUMMARY=''
     mkdir -p build/attack
     attack_all
-    printf '\n  %s%-10s %-5s %13s %8s %9s%s\n%s\n' "$BOLD" attack arch tried seconds findings "$PLAIN" "$SUMMARY"
+    put '\n  %s%-10s %-5s %13s %8s %9s%s\n%s\n' "$BOLD" attack arch tried seconds findings "$PLAIN" "$SUMMARY"
     ((FINDINGS == 0)) || die "$FINDINGS findings, above." \
         "Each says how to do it again: the settings in front of the program of build/<arch>/tests/hostile/." \
         "Once mended, it belongs into the rows in tests/hostile/fuzz/, so that it stays mended."
@@ -40,18 +40,19 @@ cmd_attack() {
 # Minutes and attacks stand in any order: MINUTES and CHOSEN_ATTACKS come of them.
 sort_out_attacks() {
     local word known
-    known=$(cut -d '|' -f 1 <<<"$ATTACKS" | paste -sd ' ')
+    mapfile -t known < <(cut -d '|' -f 1 <<<"$ATTACKS")
     MINUTES=10 CHOSEN_ATTACKS=()
     for word in "$@"; do
-        if [[ $word =~ ^[1-9][0-9]{0,4}$ ]]; then
+        if [[ $word =~ ^[0-9]+$ ]]; then
+            must_be_number_of minutes "$word"
             MINUTES=$word
-        elif [[ -n $word && " $known " == *" $word "* ]]; then
+        elif one_of "$word" "${known[@]}"; then
             CHOSEN_ATTACKS+=("$word")
         else
-            misused "there is no attack called '$word'" "There is: $known. A number says for how many minutes."
+            misused "there is no attack called '$word'" "There is: ${known[*]}. A number says for how many minutes."
         fi
     done
-    ((${#CHOSEN_ATTACKS[@]})) || read -r -a CHOSEN_ATTACKS <<<"$known"
+    ((${#CHOSEN_ATTACKS[@]})) || CHOSEN_ATTACKS=("${known[@]}")
     SEED=${KIV_ATTACK_SEED:-$((EPOCHSECONDS % 1000000))}
     [[ $SEED =~ ^[0-9]{1,9}$ ]] || misused "KIV_ATTACK_SEED is '$SEED'" "It takes a number of up to nine digits."
 }
@@ -152,7 +153,7 @@ sum_up_attack() {
     found=${counts#*$'\n'}
     ((row[2] == 0)) || colour=$RED
     ((FINDINGS += row[2])) || true
-    [[ $found == "$counts" ]] || printf '%s\n' "$found"
+    [[ $found == "$counts" ]] || say "$found"
     printf -v row '  %s%-10s %-5s %13s %8s %9s%s' "$colour" "$what" "$arch" "${row[@]}" "$PLAIN"
     SUMMARY+=$row$'\n'
 }

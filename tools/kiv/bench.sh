@@ -7,7 +7,7 @@ cmd_bench() {
     local arch word
     take_arch "$@"
     for word in "${REST[@]}"; do
-        [[ " ${GROUPS_OF_MEASUREMENTS[*]} " == *" $word "* ]] ||
+        one_of "$word" "${GROUPS_OF_MEASUREMENTS[@]}" ||
             misused "there are no measurements '$word'" "There are: ${GROUPS_OF_MEASUREMENTS[*]}."
     done
     ensure build run

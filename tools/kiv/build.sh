@@ -30,12 +30,31 @@ build_product() {
 build_tree() {
     local preset=$1 tree=build/$1
     shift
+    discard_stale "$tree"
     if [[ ! -f $tree/build.ninja || CMakePresets.json -nt $tree/build.ninja ]]; then
         step "Configuring $preset" "$tree/configure.log" cmake --preset "$preset" ||
             build_failed "$tree/configure.log" "configuring $preset failed"
     fi
     step "Building $preset ($*)" "$tree/build.log" cmake --build "$tree" -j "$(nproc)" --target "$@" ||
         build_failed "$tree/build.log" "building $preset failed"
+}
+
+# discard_stale TREE: one that came along when the sources were copied or moved here would go on to build those of its
+# old place, and its Wine prefix to use the library there; half a configuration may hold anything.
+discard_stale() {
+    local cache=$1/CMakeCache.txt sources place
+    [[ -e $cache ]] || return 0
+    sources=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache")
+    place=$(sed -n 's/^CMAKE_CACHEFILE_DIR:INTERNAL=//p' "$cache")
+    if [[ -z $sources || -z $place || ! -f $1/build.ninja ]]; then
+        note "$1 was left half configured; making it anew."
+    elif [[ ! $sources -ef $ROOT || ! $place -ef $1 ]]; then
+        note "$1 was made for the sources in $sources; making it anew."
+    else
+        return 0
+    fi
+    # What fuzzing found stays.
+    find "$1/" -mindepth 1 -maxdepth 1 ! -name corpus ! -name artifacts -exec rm -rf {} +
 }
 
 # Shows what went wrong rather than all that was said: from the first failure on, or else the end.

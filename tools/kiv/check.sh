@@ -14,7 +14,8 @@ Words|lint find_words
 Shell scripts|lint find_shell_mistakes
 The lints themselves|tools/kiv/test_lints.sh
 Setting up|tools/kiv/test_setup.sh
-Counting test results|tools/kiv/test_results.sh"
+Counting test results|tools/kiv/test_results.sh
+The command line|tools/kiv/test_kiv.sh"
 
 source tools/kiv/lints.sh
 

@@ -39,7 +39,7 @@ cmd_demo() {
 # play_script HOST [OPTION ...] BASE PICTURE: BASE.form, answered by BASE.script.
 play_script() {
     local host=("${@:1:$#-2}") base=${*: -2:1} picture=${*: -1}
-    timeout --kill-after=10 "$HOST_LIMIT" wine "${host[@]}" --script "$(windows_path "$base.script")" \
+    timeout --foreground --kill-after=10 "$HOST_LIMIT" wine "${host[@]}" --script "$(windows_path "$base.script")" \
         --shot "$(windows_path "$picture")" "$(windows_path "$base.form")"
 }
 

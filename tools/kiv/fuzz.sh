@@ -5,9 +5,10 @@ cmd_fuzz() {
     local seconds=30 argument known targets=() target failed=()
     mapfile -t known < <(find fuzz/corpus -mindepth 1 -maxdepth 1 -type d -printf '%f\n' | LC_ALL=C sort)
     for argument in "$@"; do
-        if [[ $argument =~ ^[1-9][0-9]*$ ]]; then
+        if [[ $argument =~ ^[0-9]+$ ]]; then
+            must_be_number_of seconds "$argument"
             seconds=$argument
-        elif [[ " ${known[*]} " == *" $argument "* ]]; then
+        elif one_of "$argument" "${known[@]}"; then
             targets+=("$argument")
         else
             misused "there is nothing to fuzz called '$argument'" "There is: ${known[*]}"

@@ -10,7 +10,7 @@ cmd_mutate() {
     MUTATED=("$@")
     (($#)) || MUTATED=("${known[@]}")
     for file in "${MUTATED[@]}"; do
-        [[ " ${known[*]} " == *" $file "* ]] ||
+        one_of "$file" "${known[@]}" ||
             misused "'$file' is no portable source of the library" "There is: ${known[*]}"
     done
 
@@ -61,7 +61,7 @@ test_plain() {
         outcome=found
         if ((status != 0)) || ! build_mutants; then
             outcome=impossible
-        elif timeout 60 "$MUTANTS/tests/mutants/kiv-mutants" --gtest_fail_fast --gtest_brief=1; then
+        elif timeout --foreground 60 "$MUTANTS/tests/mutants/kiv-mutants" --gtest_fail_fast --gtest_brief=1; then
             outcome=survived
         fi
         printf '%s\t%s\n' "$number" "$outcome" >>"$MUTANTS/plain.txt"

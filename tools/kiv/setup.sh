@@ -128,6 +128,7 @@ install_extra() {
 fetch() {
     local log=$1
     shift
+    must_be_writable
     say "Installing what is missing: $*"
     if ((EUID != 0)) && ! command -v sudo >/dev/null; then
         die "installing packages needs root, and there is no sudo here." \
@@ -151,7 +152,7 @@ fetch() {
 # Where the lists of two architectures are out of step, only the versions of the release itself fit together.
 # install_older LOG PACKAGE ...
 install_older() {
-    local log=$1 codename pin
+    local log=$1 codename pin status=0
     codename=$(release_value VERSION_CODENAME)
     shift
     say "The newest versions do not fit together here; trying those of $codename itself."
@@ -161,7 +162,9 @@ install_older() {
     pin=$(mktemp)
     printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$codename" >"$pin"
     step "Packages, taking others back" "$log.older" \
-        apt --allow-downgrades -o Dir::Etc::Preferences="$pin" install "$@"
+        apt --allow-downgrades -o Dir::Etc::Preferences="$pin" install "$@" || status=$?
+    rm "$pin"
+    return "$status"
 }
 
 apt() {

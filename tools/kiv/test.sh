@@ -97,20 +97,41 @@ test_apart() {
     printf '%s\n' "$PASSED $FAILED $SKIPPED" >"build/test/$name/counts.txt"
 }
 
-# Groups and patterns stand in any order: CHOSEN_GROUPS and the GoogleTest filter FILTER come of them.
+# Groups and patterns stand in any order: CHOSEN_GROUPS, PATTERNS and the GoogleTest filter FILTER come of them.
 sort_out_tests() {
-    local word patterns=()
-    CHOSEN_GROUPS=()
+    local word
+    CHOSEN_GROUPS=() PATTERNS=()
     for word in "$@"; do
         case $word in
         native | com | gui | clients | hostile) CHOSEN_GROUPS+=("$word") ;;
         -*) misused "test does not know $word" "./kiv help tells what it takes." ;;
-        *[.*?]*) patterns+=("$word") ;;
+        *[.*?]*) PATTERNS+=("$word") ;;
         *) misused "there is no group '$word'" "The groups are: ${GROUPS_OF_TESTS[*]}. A single test is Suite.Name." ;;
         esac
     done
     ((${#CHOSEN_GROUPS[@]})) || CHOSEN_GROUPS=("${GROUPS_OF_TESTS[@]}")
-    FILTER=$(IFS=:; printf '%s' "${patterns[*]:-*}")
+    FILTER=$(filter_for "${PATTERNS[@]}")
+}
+
+# filter_for [PATTERN ...]: each may hold several, with colons between them, and after a minus sign those to leave out.
+filter_for() {
+    local word picked='' left_out=''
+    for word in "$@"; do
+        picked+=$(spellings "${word%%-*}")
+        [[ $word != *-* ]] || left_out+=$(spellings "${word#*-}")
+    done
+    printf '%s%s' "${picked:-*}" "${left_out:+-$left_out}"
+}
+
+# spellings PATTERN[:PATTERN ...]: GoogleTest writes what people know as Suite.Name as Rows/Suite.Name/Parameter where
+# a suite goes through rows. Where it goes through the controls, the parameter is what people know a test by.
+spellings() {
+    local patterns pattern
+    mapfile -d : -t patterns < <(printf '%s' "$1")
+    for pattern in "${patterns[@]}"; do
+        printf '%s:' "$pattern" "$pattern/*" "*/$pattern" "*/$pattern/*"
+        [[ $pattern != *.* ]] || printf '*.%s/%s:' "${pattern#*.}" "${pattern%%.*}"
+    done
 }
 
 chosen() { [[ " ${CHOSEN_GROUPS[*]} " == *" $1 "* ]]; }
@@ -156,6 +177,7 @@ run_tests() {
         # What it started would disturb the next one.
         stop_wine
     fi
+    tell_picked "$@"
     awk -v status="$status" -v ending="$ending" -v program="$program" -v file="$log" \
         -f tools/kiv/results.awk "$log" >"$log.results"
     tail -n +2 "$log.results"
@@ -166,7 +188,20 @@ run_tests() {
 # run_test_program [RUNNER], for run_tests
 run_test_program() {
     step "Testing $group ($arch)" "$log" \
-        timeout --kill-after=10 "$TEST_LIMIT" "$@" "$program" --gtest_color=no "--gtest_filter=$FILTER"
+        timeout --foreground --kill-after=10 "$TEST_LIMIT" "$@" "$program" --gtest_color=no "--gtest_filter=$FILTER"
+}
+
+# tell_picked [RUNNER], for run_tests: how many of the group's tests the patterns picked.
+tell_picked() {
+    local picked all
+    ((${#PATTERNS[@]})) || return 0
+    picked=$(sed -nE 's/^\[==========\] Running ([0-9]+) tests? .*/\1/p' "$log")
+    # One that did not come so far has said why.
+    [[ -n $picked ]] || return 0
+    launch timeout --foreground 60 "$@" "$program" --gtest_list_tests >"$log.list" 2>&1
+    job_status || return 0
+    all=$(awk '/^  / && !/^  DISABLED_/ { ++tests } END { print tests + 0 }' "$log.list")
+    say "    $picked of $all tests picked"
 }
 
 # never_started LOG: whether Wine could not make the process, see twice. A program that has begun its tests is never
@@ -187,9 +222,9 @@ note_result() {
 sum_up() {
     local counts="$PASSED passed, $FAILED failed"
     ((SKIPPED == 0)) || counts+=", $SKIPPED skipped"
-    printf '\n  %s%-9s %-5s %8s %8s %8s %9s%s\n%s\n' "$BOLD" group arch passed failed skipped seconds "$PLAIN" "$TABLE"
+    put '\n  %s%-9s %-5s %8s %8s %8s %9s%s\n%s\n' "$BOLD" group arch passed failed skipped seconds "$PLAIN" "$TABLE"
     if ((PASSED + FAILED + SKIPPED == 0)); then
-        note "no test ran: nothing matches '$FILTER'."
+        note "no test ran: nothing matches ${PATTERNS[*]@Q}."
         FAILED=1 counts="0 passed, 0 failed"
     fi
     say "$counts"

@@ -8,8 +8,9 @@ export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
 start_display() {
     local number
     export LC_ALL=C.UTF-8 XENVIRONMENT=$ROOT/tools/kiv/display.resources
-    # It dies with kiv, even where kiv is killed without a chance to clean up.
-    exec {XVFB_OUTPUT}< <(exec setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1280x1024x24 \
+    # It dies with kiv, even where kiv is killed without a chance to clean up, but not of the interrupt that ends kiv:
+    # what it shows would complain.
+    exec {XVFB_OUTPUT}< <(exec setsid setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1280x1024x24 \
         -nolisten tcp -noreset 2>build/xvfb.log 9>&-)
     XVFB=$!
     at_end stop_display
@@ -27,7 +28,7 @@ stop_display() {
 
 # use_prefix ARCH [unseen]: the prefix of this build tree is the current one from here on; an unseen one has windows that
 # are shown nowhere, which are there to a program like any other and take Wine two thirds of the time. It is made when it
-# is not there, or when what it is made by has changed since.
+# is not there, or another user's, whom alone Wine would serve, or when what it is made by has changed since.
 use_prefix() {
     local name=wine${2:+-$2} driver=x11
     [[ ${2-} != unseen ]] || driver=null
@@ -35,7 +36,7 @@ use_prefix() {
     if [[ $1 == x86 ]]; then export WINEARCH=win32; else export WINEARCH=win64; fi
     if ((${#WINE_PREFIXES[@]} == 0)); then at_end stop_wine; fi
     WINE_PREFIXES+=("$WINEPREFIX")
-    [[ ! $WINEPREFIX/made-by-kiv -nt tools/kiv/wine.sh ]] || return 0
+    [[ ! -O $WINEPREFIX || ! $WINEPREFIX/made-by-kiv -nt tools/kiv/wine.sh ]] || return 0
     rm -rf "$WINEPREFIX"
     step "Making the Wine prefix $1${2:+, $2} (about 15 s)" "build/$1/$name.log" twice make_prefix $driver || {
         tail -n 10 "build/$1/$name.log" >&2
