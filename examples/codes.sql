@@ -10,6 +10,7 @@ CREATE TABLE "Enum Tables" (
     PRIMARY KEY ("State Code", "Table Name", "Enum Code")
 );
 
+-- Each with what it means, on lines of its own.
 INSERT INTO "Enum Tables" VALUES
     ('US', 'Filing Status', '1', 'Single | Unmarried, or legally separated on December 31'),
     ('US', 'Filing Status', '2', 'Married filing jointly | Both spouses report their income on one return'),
@@ -17,16 +18,26 @@ INSERT INTO "Enum Tables" VALUES
     ('US', 'Filing Status', '4', 'Head of household | Unmarried, and paid more than half of the cost | of a home for a child or relative'),
     ('US', 'Filing Status', '5', 'Qualifying surviving spouse | The spouse died in one of the two years before');
 
+-- A state's own, by name only. The second line of an entry is indented: where no codes stand beside them it would be
+-- taken for another entry.
+INSERT INTO "Enum Tables" VALUES
+    ('MD', 'Filing Status', '1', 'Single'),
+    ('MD', 'Filing Status', '2', 'Married filing jointly'),
+    ('MD', 'Filing Status', '3', 'Married filing separately'),
+    ('MD', 'Filing Status', '4', 'Head of household'),
+    ('MD', 'Filing Status', '5', 'Qualifying surviving spouse |     with a dependent child'),
+    ('MD', 'Filing Status', '6', 'Dependent taxpayer');
+
 INSERT INTO "Enum Tables" VALUES
     ('US', 'Exempt Payee', '1', 'Tax-exempt organization or retirement account'),
     ('US', 'Exempt Payee', '2', 'The United States, its agencies and instrumentalities'),
-    ('US', 'Exempt Payee', '3', 'A state or possession | or one of its political subdivisions'),
+    ('US', 'Exempt Payee', '3', 'A state, a possession or one of their subdivisions'),
     ('US', 'Exempt Payee', '4', 'A foreign government'),
     ('US', 'Exempt Payee', '5', 'A corporation'),
-    ('US', 'Exempt Payee', '6', 'A dealer in securities or commodities | registered in the United States'),
+    ('US', 'Exempt Payee', '6', 'A registered dealer in securities or commodities'),
     ('US', 'Exempt Payee', '7', 'A futures commission merchant'),
     ('US', 'Exempt Payee', '8', 'A real estate investment trust'),
-    ('US', 'Exempt Payee', '9', 'An entity registered for the whole year | as an investment company'),
+    ('US', 'Exempt Payee', '9', 'A registered investment company'),
     ('US', 'Exempt Payee', '10', 'A common trust fund run by a bank'),
     ('US', 'Exempt Payee', '11', 'A financial institution'),
     ('US', 'Exempt Payee', '12', 'A middleman known as a nominee or custodian'),
@@ -39,7 +50,7 @@ INSERT INTO "Enum Tables" VALUES
     ('US', 'Depreciation', '200DB', 'Declining balance, 200 %'),
     ('US', 'Depreciation', 'ACRS''81', 'Accelerated recovery, property of 1981 to 1983'),
     ('US', 'Depreciation', 'ACRS''84', 'Accelerated recovery, property of 1984 to 1986'),
-    ('US', 'Depreciation', 'Amortization', 'Amortization | Start-up costs, goodwill, patents');
+    ('US', 'Depreciation', 'Amortization', 'Start-up costs, goodwill, patents');
 
 -- Counties, and below them some towns with a rate of their own.
 INSERT INTO "Enum Tables" VALUES
@@ -80,7 +91,7 @@ INSERT INTO "Enum Tables" VALUES
     ('PA', 'School District', '09130', 'Bristol Borough'),
     ('PA', 'School District', '21830', 'Mechanicsburg Area'),
     ('PA', 'School District', '22275', 'Harrisburg City'),
-    ('PA', 'School District', '36400', 'Lancaster | Without the townships that | have a district of their own'),
+    ('PA', 'School District', '36400', 'Lancaster'),
     ('PA', 'School District', '51500', 'Philadelphia City');
 
 INSERT INTO "Enum Tables" VALUES
@@ -91,7 +102,7 @@ INSERT INTO "Enum Tables" VALUES
     ('PR', 'Municipality', '23', 'Comerío'),
     ('PR', 'Municipality', '45', 'Loíza'),
     ('PR', 'Municipality', '50', 'Mayagüez'),
-    ('PR', 'Municipality', '56', 'Peñuelas | Región sur'),
+    ('PR', 'Municipality', '56', 'Peñuelas'),
     ('PR', 'Municipality', '61', 'Río Grande'),
     ('PR', 'Municipality', '64', 'San Germán'),
     ('PR', 'Municipality', '66', 'San Juan');
