@@ -57,12 +57,23 @@ bool IsMessage(HWND window)
     return IsOfClass(window, "#32770");
 }
 
+// Wine keeps the system menu of a window whose making is refused. Some ten thousand of them are all that it
+// has, and then it ends altogether.
+void ForgetSystemMenu(HWND window)
+{
+    SetWindowLongW(window, GWL_STYLE, GetWindowLongW(window, GWL_STYLE) & ~WS_SYSMENU);
+    GetSystemMenu(window, TRUE);
+}
+
 LRESULT CALLBACK CloseDialogs(int code, WPARAM wParam, LPARAM lParam) noexcept
 {
     constexpr LRESULT refused = 1;
     const auto window = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_CREATEWND && IsMessage(window) && messagesShown++ > 0)
+    {
+        ForgetSystemMenu(window);
         return refused;
+    }
     if (code == HCBT_ACTIVATE && (IsMessage(window) || IsOfClass(window, "KivControls.Form")))
     {
         if (shownTo)
