@@ -127,7 +127,7 @@ private:
 
     void Items(int depth)
     {
-        const int count = depth == 1 ? 2 : 1;
+        const int count = depth == 1 && Chance(3) ? 2 : 1;
         for (int item = 0; item < count; ++item)
         {
             const std::string name = "item" + std::to_string(++items_);
