@@ -111,6 +111,8 @@ void ControlSite::Move(const RECT& bounds)
 
 void ControlSite::SetVisible(bool visible)
 {
+    // The verb is given here, whatever the control was told before.
+    containerCanBeSeen_ = ContainerCanBeSeen();
     FormItem::SetVisible(visible);
     if (ContainerCanBeSeen() && !Owner().DesignMode())
         DoVerb(visible ? OLEIVERB_SHOW : OLEIVERB_HIDE);

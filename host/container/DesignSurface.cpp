@@ -2,6 +2,7 @@
 
 #include "host/container/Form.h"
 #include "host/container/ScreenUnits.h"
+#include "host/container/WindowClass.h"
 #include "runtime/com/Boundary.h"
 
 #include <windowsx.h>
@@ -60,19 +61,13 @@ std::vector<Handle> HandlesOf(const FormItem& item)
 
 DesignSurface::DesignSurface(Form& form, SIZE gridPixels) : form_(form), grid_(gridPixels)
 {
-    WNDCLASSEXW surface = {};
-    surface.cbSize = sizeof(surface);
-    surface.lpfnWndProc = &DesignSurface::WindowProcedure;
-    surface.hInstance = GetModuleHandleW(nullptr);
-    surface.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
-    surface.lpszClassName = ClassName;
-    if (!RegisterClassExW(&surface) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
-        ThrowLastError();
+    RegisterWindowClass(ClassName, &DesignSurface::WindowProcedure, nullptr);
     RECT client = {};
     GetClientRect(form.Page(), &client);
     // Transparent: what lies below is painted as if this window were not there.
-    window_ = CreateWindowExW(WS_EX_TRANSPARENT, ClassName, nullptr, WS_CHILD | WS_VISIBLE, 0, 0,
-                              client.right, client.bottom, form.Page(), nullptr, surface.hInstance, nullptr);
+    window_ =
+        CreateWindowExW(WS_EX_TRANSPARENT, ClassName, nullptr, WS_CHILD | WS_VISIBLE, 0, 0, client.right,
+                        client.bottom, form.Page(), nullptr, GetModuleHandleW(nullptr), nullptr);
     if (!window_)
         ThrowLastError();
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));

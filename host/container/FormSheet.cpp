@@ -1,7 +1,9 @@
 #include "host/container/FormSheet.h"
 
 #include "host/container/ScreenUnits.h"
+#include "host/container/WindowClass.h"
 #include "runtime/com/Boundary.h"
+#include "runtime/core/Scoped.h"
 
 #include <algorithm>
 
@@ -37,18 +39,10 @@ int PositionToSee(const SCROLLINFO& state, long first, long last)
 
 FormSheet::FormSheet(HWND form, SheetOwner& owner, SIZE size) : form_(form), owner_(owner), size_(size)
 {
-    WNDCLASSEXW sheet = {};
-    sheet.cbSize = sizeof(sheet);
-    sheet.lpfnWndProc = &FormSheet::WindowProcedure;
-    sheet.hInstance = GetModuleHandleW(nullptr);
-    sheet.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
-    sheet.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-    sheet.lpszClassName = ClassName;
-    if (!RegisterClassExW(&sheet) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
-        ThrowLastError();
+    RegisterWindowClass(ClassName, &FormSheet::WindowProcedure, GetSysColorBrush(COLOR_BTNFACE));
     window_ =
         CreateWindowExW(WS_EX_CONTROLPARENT, ClassName, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0,
-                        0, size.cx, size.cy, form, nullptr, sheet.hInstance, nullptr);
+                        0, size.cx, size.cy, form, nullptr, GetModuleHandleW(nullptr), nullptr);
     if (!window_)
         ThrowLastError();
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -89,7 +83,7 @@ void FormSheet::OnFormSized()
     // Scroll bars that come and go size the form again.
     if (fitting_)
         return;
-    fitting_ = true;
+    const Scoped<bool> fitting(fitting_, true);
     RECT client = {};
     GetClientRect(form_, &client);
     const SIZE bars = {GetSystemMetrics(SM_CXVSCROLL), GetSystemMetrics(SM_CYHSCROLL)};
@@ -102,7 +96,6 @@ void FormSheet::OnFormSized()
     SetRange(SB_HORZ, size_.cx, room.cx - (down ? bars.cx : 0));
     SetRange(SB_VERT, size_.cy, room.cy - (across ? bars.cy : 0));
     Place();
-    fitting_ = false;
 }
 
 bool FormSheet::HasBar(LONG style) const

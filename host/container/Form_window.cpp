@@ -4,7 +4,9 @@
 #include "host/container/Form.h"
 #include "host/container/FormFrame.h"
 #include "host/container/ScreenUnits.h"
+#include "host/container/WindowClass.h"
 #include "runtime/com/Boundary.h"
+#include "runtime/core/Scoped.h"
 
 #include <oleidl.h>
 
@@ -50,24 +52,11 @@ struct Errand
     bool Done = false;
 };
 
-void RegisterFormClass(WNDPROC procedure)
-{
-    WNDCLASSEXW formClass = {};
-    formClass.cbSize = sizeof(formClass);
-    formClass.lpfnWndProc = procedure;
-    formClass.hInstance = GetModuleHandleW(nullptr);
-    formClass.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
-    formClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-    formClass.lpszClassName = ClassName;
-    if (!RegisterClassExW(&formClass) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
-        ThrowLastError();
-}
-
 } // namespace
 
 void Form::CreateFormWindow(std::wstring_view title, SIZE size)
 {
-    RegisterFormClass(&Form::WindowProcedure);
+    RegisterWindowClass(ClassName, &Form::WindowProcedure, GetSysColorBrush(COLOR_BTNFACE));
     RECT desk = {};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &desk, 0);
     const SIZE room = SizeOf(desk);
@@ -209,14 +198,14 @@ void Form::AskToClose(const Button* button, bool cancelled)
     // A form that is asked already, and shows a message meanwhile, is not asked again.
     if (!window_ || isAsked_)
         return;
-    isAsked_ = true;
-    closedBy_ = button;
-    cancelled_ = cancelled;
-    const auto onClosing = OnClosing;
-    const bool mayClose = !onClosing || onClosing();
-    isAsked_ = false;
-    closedBy_ = nullptr;
-    if (mayClose)
+    const auto mayClose = [&] {
+        const Scoped<bool> asked(isAsked_, true);
+        const Scoped<const Button*> closedBy(closedBy_, button);
+        cancelled_ = cancelled;
+        const auto onClosing = OnClosing;
+        return !onClosing || onClosing();
+    };
+    if (mayClose())
         Destroy();
 }
 
@@ -238,11 +227,15 @@ void Form::OnCommand(WORD notification, HWND window)
     case BN_CLICKED:
         button->Press();
         break;
-    case BN_SETFOCUS:
+    case BN_SETFOCUS: {
+        const RECT bounds = button->Bounds();
+        // The control that was active may close the form.
         MakeActive(nullptr);
         UpdateDefaultButton();
-        sheet_->Reveal(button->Bounds());
+        if (sheet_)
+            sheet_->Reveal(bounds);
         break;
+    }
     case BN_KILLFOCUS:
         UpdateDefaultButton();
         break;

@@ -121,9 +121,10 @@ private:
 
     void CheckEvent(const ScriptStep& step) const
     {
-        const std::vector<Event> events = EventsOf(Site(step.Item));
+        const ControlSite& site = Site(step.Item);
         if (step.Member.empty()) // any
             return;
+        const std::vector<Event> events = EventsOf(site);
         const std::wstring wanted = Wide(step.Member);
         const auto event = std::find_if(events.begin(), events.end(),
                                         [&](const Event& each) { return SameName(each.Name, wanted); });

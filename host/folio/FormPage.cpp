@@ -144,7 +144,7 @@ FormBlock StateOf(FormItem& item)
 
 } // namespace
 
-FormPage::FormPage(const std::filesystem::path& file, bool design) :
+FormPage::FormPage(const std::filesystem::path& file, bool design, bool toBeSaved) :
     fileName_(file.string()), document_(LoadFormFile(file))
 {
     const Keys keys(document_.Form);
@@ -165,8 +165,9 @@ FormPage::FormPage(const std::filesystem::path& file, bool design) :
     AddItems(document_.Form, nullptr);
     if (!mistakes_.empty())
         throw std::runtime_error(Joined(mistakes_));
-    for (const auto& item : form_->Items())
-        Remember(*item);
+    if (toBeSaved)
+        for (const auto& item : form_->Items())
+            Remember(*item);
 }
 
 void FormPage::AddItems(const FormBlock& container, FormItem* frame)

@@ -19,7 +19,8 @@ namespace kiv::host
 class FormPage
 {
 public:
-    FormPage(const std::filesystem::path& file, bool design);
+    // toBeSaved: what it is like once it is loaded is kept, for Save to tell what was changed.
+    FormPage(const std::filesystem::path& file, bool design, bool toBeSaved = true);
 
     Form& Window() { return *form_; }
     std::vector<ControlSite*> Sites() const; // in tab order

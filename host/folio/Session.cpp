@@ -51,7 +51,7 @@ Session::Session(const CommandLine& line) :
     line_(line),
     script_(LoadScript(line.Script)),
     database_(line.Design ? nullptr : OpenDatabase(line.Database)),
-    page_(line.Form, line.Design),
+    page_(line.Form, line.Design, !line.Save.empty()),
     boxes_([this](const ShownMessageBox& box) { journal_->Write(box); })
 {
     if (script_)
@@ -90,10 +90,10 @@ std::vector<std::string> Session::Run()
 bool Session::MayClose()
 {
     const Form& form = page_.Window();
-    if (!line_.Design && form.ClosedBy() && !form.Cancelled() && !AnswersAreValid())
-        return false;
     try
     {
+        if (!line_.Design && form.ClosedBy() && !form.Cancelled() && !AnswersAreValid())
+            return false;
         WriteLastWords();
     }
     catch (...)

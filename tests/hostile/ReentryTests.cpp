@@ -118,11 +118,12 @@ TEST_P(Reentry, LeavesTheControlWholeOrGone)
                     const Blow blow{position, static_cast<Action>(what), after};
                     if (number++ % Stride() != 0 || GetTickCount() > end)
                         continue;
-                    if (!IsWanted(Describe(operation, blow, calls)))
+                    const std::string description = Describe(operation, blow, calls);
+                    if (!IsWanted(description))
                         continue;
-                    Doing(Describe(operation, blow, calls));
+                    Doing(description);
                     ++cases;
-                    EXPECT_EQ(Try(operation, blow), "") << Describe(operation, blow, calls);
+                    EXPECT_EQ(Try(operation, blow), "") << description;
                 }
             }
         }

@@ -14,34 +14,27 @@ namespace
 
 using FolioHostFiles = HostProcess;
 
-constexpr const char* Question = "Begin Form page\n"
-                                 "    Caption = \"Page\"\n"
-                                 "    ClientWidth = 3000\n"
-                                 "    ClientHeight = 1500\n"
-                                 "    Begin KivControls.NumberBox nbOne\n"
-                                 "        Left = 120\n"
-                                 "        Top = 120\n"
-                                 "        Width = 1800\n"
-                                 "        Height = 315\n"
-                                 "        Tag = \"first\"\n"
-                                 "    End\n"
-                                 "    Begin Button cmdOK\n"
-                                 "        Caption = \"OK\"\n"
-                                 "        Default = True\n"
-                                 "        Left = 120\n"
-                                 "        Top = 900\n"
-                                 "        Width = 1170\n"
-                                 "        Height = 360\n"
-                                 "    End\n"
-                                 "    Begin Button cmdCancel\n"
-                                 "        Caption = \"Cancel\"\n"
-                                 "        Cancel = True\n"
-                                 "        Left = 1500\n"
-                                 "        Top = 900\n"
-                                 "        Width = 1170\n"
-                                 "        Height = 360\n"
-                                 "    End\n"
-                                 "End\n";
+const std::string Question = "Begin Form page\n"
+                             "    Caption = \"Page\"\n"
+                             "    ClientWidth = 3000\n"
+                             "    ClientHeight = 1500\n"
+                             "    Begin KivControls.NumberBox nbOne\n"
+                             "        Left = 120\n"
+                             "        Top = 120\n"
+                             "        Width = 1800\n"
+                             "        Height = 315\n"
+                             "        Tag = \"first\"\n"
+                             "    End\n" +
+                             OkButton() +
+                             "    Begin Button cmdCancel\n"
+                             "        Caption = \"Cancel\"\n"
+                             "        Cancel = True\n"
+                             "        Left = 1500\n"
+                             "        Top = 900\n"
+                             "        Width = 1170\n"
+                             "        Height = 360\n"
+                             "    End\n"
+                             "End\n";
 
 // The script changes a property that is kept, so that saving can be seen.
 constexpr const char* Change = "set nbOne.BackColor = 255\n";

@@ -151,6 +151,20 @@ TEST_F(Frame, HidesWhatStandsInIt)
     EXPECT_TRUE(IsWindowVisible(Inside().Window()));
     EXPECT_TRUE(IsWindowVisible(InsideButton().Window()));
 
+    // A control comes back by itself and with its frame, in whichever order it went.
+    TheFrame().SetVisible(false);
+    Inside().SetVisible(false);
+    TheFrame().SetVisible(true);
+    EXPECT_FALSE(Inside().Window() && IsWindowVisible(Inside().Window()));
+    Inside().SetVisible(true);
+    EXPECT_TRUE(IsWindowVisible(Inside().Window()));
+    Inside().SetVisible(false);
+    TheFrame().SetVisible(false);
+    Inside().SetVisible(true);
+    EXPECT_FALSE(Inside().Window() && IsWindowVisible(Inside().Window()));
+    TheFrame().SetVisible(true);
+    EXPECT_TRUE(IsWindowVisible(Inside().Window()));
+
     // What is hidden by itself stays so.
     InsideButton().SetVisible(false);
     TheFrame().SetVisible(false);

@@ -53,7 +53,19 @@ std::string Lines(std::string text)
     return text;
 }
 
-const char* const OnePage = "' A page with one question.\n"
+std::string OkButton()
+{
+    return "    Begin Button cmdOK\n"
+           "        Caption = \"OK\"\n"
+           "        Default = True\n"
+           "        Left = 120\n"
+           "        Top = 900\n"
+           "        Width = 1170\n"
+           "        Height = 360\n"
+           "    End\n";
+}
+
+const std::string OnePage = "' A page with one question.\n"
                             "Begin Form page\n"
                             "    Caption = \"Page\"\n"
                             "    ClientWidth = 3000\n"
@@ -64,15 +76,7 @@ const char* const OnePage = "' A page with one question.\n"
                             "        Width = 1800\n"
                             "        Height = 300\n"
                             "        Stranger = \"kept\"\n"
-                            "    End\n"
-                            "    Begin Button cmdOK\n"
-                            "        Caption = \"OK\"\n"
-                            "        Default = True\n"
-                            "        Left = 120\n"
-                            "        Top = 900\n"
-                            "        Width = 1170\n"
-                            "        Height = 360\n"
-                            "    End\n"
-                            "End\n";
+                            "    End\n" +
+                            OkButton() + "End\n";
 
 } // namespace kiv::test

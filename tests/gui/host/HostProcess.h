@@ -40,7 +40,9 @@ private:
 // Text that a process wrote, with the line ends of a terminal.
 std::string Lines(std::string text);
 
-// A form with one question and a button that closes it.
-extern const char* const OnePage;
+// In a form file, the button that closes the form.
+std::string OkButton();
+// A form with one question and that button.
+extern const std::string OnePage;
 
 } // namespace kiv::test
