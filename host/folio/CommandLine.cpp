@@ -16,6 +16,7 @@ const char* const UsageText = R"(FolioHost shows a form file with its controls.
   --log FILE         write events, message boxes and answers into FILE, as on the terminal
   --shot FILE.png    when the form is closed or the script says so, draw a picture of its window into FILE.png
   --timeout SECONDS  give up after that time (with --script 120, otherwise never)
+  --patience SECONDS how long what a script expects may take to come true (5)
   --help, -h, /?     this text
 
 The exit status is 0 when all that the script expects came to pass, 1 when it did not, 2 when a file or an
@@ -32,13 +33,13 @@ std::filesystem::path FromUtf8(const std::string& text)
     return std::filesystem::path(std::u8string(text.begin(), text.end()));
 }
 
-unsigned ReadSeconds(const std::string& text)
+unsigned ReadSeconds(const std::string& option, const std::string& text)
 {
     unsigned seconds = 0;
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, seconds);
     if (error != std::errc() || stop != end || seconds == 0 || seconds > 86400)
-        throw UsageError("--timeout takes a number of seconds, not \"" + text + "\"");
+        throw UsageError(option + " takes a number of seconds, not \"" + text + "\"");
     return seconds;
 }
 
@@ -115,7 +116,9 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
         else if (argument == "--database")
             line.Database = value();
         else if (argument == "--timeout")
-            line.TimeoutSeconds = ReadSeconds(value());
+            line.TimeoutSeconds = ReadSeconds(argument, value());
+        else if (argument == "--patience")
+            line.PatienceSeconds = ReadSeconds(argument, value());
         else if (argument.starts_with("-"))
             throw UsageError("there is no option " + argument);
         else if (line.Form.empty())

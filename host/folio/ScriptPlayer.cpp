@@ -14,8 +14,7 @@ namespace kiv::host
 namespace
 {
 
-// How long an expectation may take to come true, and how often it is looked at.
-constexpr ULONGLONG PatienceMs = 5000;
+// How often what is expected is looked at.
 constexpr DWORD LookAgainMs = 5;
 
 } // namespace
@@ -112,7 +111,7 @@ void ScriptPlayer::CloseWindows()
         });
         return isOpen;
     };
-    const ULONGLONG end = GetTickCount64() + PatienceMs;
+    const ULONGLONG end = GetTickCount64() + props_.PatienceMs;
     KeyChord escape;
     escape.VirtualKey = VK_ESCAPE;
     while (open() && GetTickCount64() < end)
@@ -132,7 +131,7 @@ void ScriptPlayer::OnForm(const std::function<void()>& work) const
 
 bool ScriptPlayer::Until(const std::function<bool()>& condition) const
 {
-    const ULONGLONG end = GetTickCount64() + PatienceMs;
+    const ULONGLONG end = GetTickCount64() + props_.PatienceMs;
     for (;;)
     {
         bool holds = false;
@@ -148,7 +147,7 @@ bool ScriptPlayer::Until(const std::function<bool()>& condition) const
 void ScriptPlayer::Settle() const
 {
     // A form that closes on the input takes no more of it.
-    const ULONGLONG end = GetTickCount64() + PatienceMs;
+    const ULONGLONG end = GetTickCount64() + props_.PatienceMs;
     bool waiting = true;
     while (form_.Invoke([&] { waiting = HIWORD(GetQueueStatus(QS_INPUT | QS_POSTMESSAGE)) != 0; }) &&
            waiting && GetTickCount64() < end)

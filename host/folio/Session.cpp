@@ -65,7 +65,8 @@ Session::Session(const CommandLine& line) :
     for (ControlSite* const site : page_.Sites())
         site->Observe(journal_);
     if (script_)
-        player_.emplace(page_.Window(), *journal_, boxes_, ScriptProps{database_, line.Shot},
+        player_.emplace(page_.Window(), *journal_, boxes_,
+                        ScriptProps{database_, line.Shot, line.PatienceSeconds * 1000ULL},
                         std::move(*script_));
 }
 

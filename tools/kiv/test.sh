@@ -28,17 +28,17 @@ cmd_test() {
 }
 
 # test_on_windows GROUP ...: two jobs at a time where the machine has the processors for it, each architecture one, or
-# where there is only one of these, the hostile hosts beside the rest.
+# where there is only one of these, what is shown beside the rest.
 test_on_windows() {
-    local arch group jobs=() seen=()
-    for group in "$@"; do [[ $group == hostile ]] || seen+=("$group"); done
+    local arch group jobs=() unseen=()
+    for group in "$@"; do is_shown "$group" || unseen+=("$group"); done
     for arch in "${ARCHES[@]}"; do
-        if ((${#seen[@]})); then use_prefix "$arch"; fi
-        if chosen hostile; then use_prefix "$arch" unseen; fi
-        if ((${#ARCHES[@]} > 1 || ${#seen[@]} == 0 || ${#seen[@]} == $#)); then
+        if chosen gui; then use_prefix "$arch"; fi
+        if ((${#unseen[@]})); then use_prefix "$arch" unseen; fi
+        if ((${#ARCHES[@]} > 1 || ${#unseen[@]} == 0 || ${#unseen[@]} == $#)); then
             jobs+=("$arch $arch $*")
         else
-            jobs+=("$arch $arch ${seen[*]}" "$arch-hostile $arch hostile")
+            jobs+=("$arch $arch gui" "$arch-unseen $arch ${unseen[*]}")
         fi
     done
     if ((${#jobs[@]} > 1 && $(nproc) > 1)); then
@@ -136,13 +136,15 @@ spellings() {
 
 chosen() { [[ " ${CHOSEN_GROUPS[*]} " == *" $1 "* ]]; }
 
+# Whether a group needs its windows on a screen: it looks at them, or sends them real input.
+is_shown() { [[ $1 == gui ]]; }
+
 # test_windows ARCH GROUP ...
 test_windows() {
     local arch=$1 group
     shift
     for group in "$@"; do
-        # Nobody looks at the windows of hostile hosts, and there are many.
-        if [[ $group == hostile ]]; then use_library "$arch" unseen; else use_library "$arch"; fi
+        if is_shown "$group"; then use_library "$arch"; else use_library "$arch" unseen; fi
         [[ $group != gui ]] || use_test_data "$arch"
         register_once "$arch"
         run_tests "$group" "$arch" "build/$arch/tests/$group/kiv-$group-tests.exe" wine

@@ -30,31 +30,39 @@ stop_display() {
 # are shown nowhere, which are there to a program like any other and take Wine two thirds of the time. It is made when it
 # is not there, or another user's, whom alone Wine would serve, or when what it is made by has changed since.
 use_prefix() {
-    local name=wine${2:+-$2} driver=x11
-    [[ ${2-} != unseen ]] || driver=null
+    local name=wine${2:+-$2} driver=x11 twin=''
+    [[ ${2-} != unseen ]] || { driver=null && twin=$ROOT/build/$1/wine; }
     export WINEPREFIX=$ROOT/build/$1/$name
     if [[ $1 == x86 ]]; then export WINEARCH=win32; else export WINEARCH=win64; fi
     if ((${#WINE_PREFIXES[@]} == 0)); then at_end stop_wine; fi
     WINE_PREFIXES+=("$WINEPREFIX")
-    [[ ! -O $WINEPREFIX || ! $WINEPREFIX/made-by-kiv -nt tools/kiv/wine.sh ]] || return 0
+    is_made "$WINEPREFIX" && return
     rm -rf "$WINEPREFIX"
-    step "Making the Wine prefix $1${2:+, $2} (about 15 s)" "build/$1/$name.log" twice make_prefix $driver || {
+    step "Making the Wine prefix $1${2:+, $2} (about 15 s)" "build/$1/$name.log" twice make_prefix $driver "$twin" || {
         tail -n 10 "build/$1/$name.log" >&2
         die "the Wine prefix build/$1/$name could not be made." "All of Wine's messages: build/$1/$name.log"
     }
 }
 WINE_PREFIXES=()
 
-# make_prefix DRIVER: where windows are shown.
+is_made() { [[ -O $1 && $1/made-by-kiv -nt tools/kiv/wine.sh ]]; }
+
+# make_prefix DRIVER TWIN: where windows are shown, and a prefix that may be there already and differs in nothing else.
 make_prefix() {
+    if [[ -n $2 ]] && is_made "$2"; then
+        cp -a "$2/." "$WINEPREFIX" && show_windows "$1" && wineserver -w
+        return
+    fi
     # A crash is to end a test, not to wait in a dialog for somebody to read it.
     wineboot -i &&
         wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
         manage_windows N kiv-com-tests kiv-gui-tests kiv-clients-tests kiv-hostile-tests kiv-bench cscript FolioHost &&
         check_heap kiv-com-tests kiv-gui-tests kiv-clients-tests &&
-        wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d "$1" /f &&
-        wineserver -w && detach_home && add_fonts && touch "$WINEPREFIX/made-by-kiv"
+        show_windows "$1" && wineserver -w && detach_home && add_fonts && touch "$WINEPREFIX/made-by-kiv"
 }
+
+# show_windows DRIVER
+show_windows() { wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d "$1" /f; }
 
 # Debian's Wine does not look where Debian's package puts Tahoma and MS Sans Serif, without which dialogs are
 # drawn in whatever font the machine has.

@@ -12,7 +12,8 @@ namespace
 {
 
 // A pointer that has rested for as long shows that no tip comes.
-constexpr DWORD LongerThanATipTakes = 1500;
+constexpr DWORD RestsAfter = 100;
+constexpr DWORD LongerThanATipTakes = 600;
 
 class AmountToolTipTest : public AmountFitTest
 {
@@ -20,11 +21,14 @@ protected:
     void SetUp() override
     {
         HostedTest::SetUp();
+        SystemParametersInfoW(SPI_GETMOUSEHOVERTIME, 0, &hoverTime_, 0);
+        SystemParametersInfoW(SPI_SETMOUSEHOVERTIME, RestsAfter, nullptr, 0);
         PointElsewhere();
     }
     void TearDown() override
     {
         PointElsewhere();
+        SystemParametersInfoW(SPI_SETMOUSEHOVERTIME, hoverTime_, nullptr, 0);
         HostedTest::TearDown();
     }
 
@@ -61,6 +65,9 @@ protected:
             test(row);
         });
     }
+
+private:
+    UINT hoverTime_ = 0;
 };
 
 TEST_F(AmountToolTipTest, TellsTheAmountWhereThePointerRests)

@@ -61,7 +61,7 @@ TEST_F(FolioHost, SaysWhatIsNotAsExpected)
     for (const Row& row : rows)
     {
         WriteScript(row.Script);
-        const ProcessOutcome outcome = Play();
+        const ProcessOutcome outcome = Play(L"--patience 1");
         EXPECT_EQ(outcome.ExitCode, 1U) << row.Script;
         EXPECT_NE(Lines(outcome.Output).find(ScriptPath() + row.Mistake), std::string::npos)
             << row.Script << outcome.Output;
@@ -87,8 +87,8 @@ TEST_F(FolioHost, RefusesWhatItCannotUse)
     EXPECT_EQ(outcome.ExitCode, 2U);
     EXPECT_NE(outcome.Output.find(ScriptPath() + ":1: ynOne has no event Clik"), std::string::npos)
         << outcome.Output;
-    for (const wchar_t* arguments :
-         {L"", L"--dance x.form", L"missing.form", L"--timeout soon x.form", L"--log", L"--database"})
+    for (const wchar_t* arguments : {L"", L"--dance x.form", L"missing.form", L"--timeout soon x.form",
+                                     L"--patience 0 x.form", L"--log", L"--database"})
         EXPECT_EQ(Run(arguments).ExitCode, 2U) << Narrow(arguments);
     for (const wchar_t* arguments : {L"--help", L"-h", L"/?", L"x.form --help"})
     {
@@ -164,7 +164,8 @@ TEST_F(FolioHost, SaysWhatIsNotAsExpectedInFrontOfTheForm)
     for (const auto& [script, mistake] : rows)
     {
         WriteScript(script);
-        const ProcessOutcome outcome = Play(L"--database " + Quoted(RequiredVariable(L"KIV_CODES")));
+        const ProcessOutcome outcome =
+            Play(L"--patience 1 --database " + Quoted(RequiredVariable(L"KIV_CODES")));
         EXPECT_EQ(outcome.ExitCode, 1U) << script;
         EXPECT_NE(Lines(outcome.Output).find(ScriptPath() + mistake), std::string::npos)
             << script << outcome.Output;
