@@ -22,8 +22,12 @@ LRESULT AmountBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM 
 {
     if (msg != WM_PASTE)
         return CallPrevious(PrevWndProc, hwnd, msg, wParam, lParam);
+    const std::wstring former = txtLeft.Text();
     if (const std::optional<Decimal> value = Rules()->Pasted(Clipboard::GetText(hwnd)))
+    {
         Assign(value);
+        txtLeft.CanBecome(former);
+    }
     return 0;
 }
 
@@ -67,6 +71,8 @@ void AmountBox::UserControl_KeyDown(short& KeyCode, short Shift)
 void AmountBox::UserControl_KeyPress(short& KeyAscii)
 {
     RaiseKeyEvent(events_.KeyPress, KeyAscii);
+    if (EditBy(txtLeft, KeyAscii))
+        return;
     const BoxState typedInto = StateOf(txtLeft);
     const FilteredKey filtered = Rules()->Filter(typedInto, KeyAscii);
     KeyAscii = filtered.KeyAscii;
@@ -136,6 +142,29 @@ void AmountBox::ApplyFont()
     txtLeft.Font(TheSurface().FontHandle());
     UserControl_Resize();
     Refresh();
+}
+
+// For assistive tools: the amount as it is shown, at rest too.
+
+AccessibleInfo AmountBox::Accessible() const
+{
+    AccessibleInfo info;
+    info.Role = ROLE_SYSTEM_TEXT;
+    info.Value = isParked_ ? lblRight.Caption() : txtLeft.Text();
+    if (!Rules()->IsValid(txtLeft.Text()))
+        info.Description = Rules()->RangeMessage();
+    return info;
+}
+
+bool AmountBox::TakeAccessibleValue(std::wstring_view text)
+{
+    if (!TakesInput())
+        return false;
+    const std::optional<Decimal> value = Rules()->Pasted(text);
+    if (!value)
+        throw ComError(InvalidPropertyValue);
+    Assign(value);
+    return true;
 }
 
 bool AmountBox::IsValidInput(bool ShowMessage)

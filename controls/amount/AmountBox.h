@@ -41,6 +41,8 @@ protected:
     }
 
     const Window& FocusWindow() const override { return txtLeft; }
+    AccessibleInfo Accessible() const override;
+    bool TakeAccessibleValue(std::wstring_view text) override;
     const Label* TippedLabel() const override { return isParked_ ? &lblRight : nullptr; }
 
     virtual AmountLayout CalcLayout(const AmountSizes& sizes) const = 0;

@@ -38,6 +38,7 @@ struct PicCommand::Properties
         Field<L"PictureType">(&PicCommand::PictureType, 0).LetBy([](auto& button, long type) {
             button.PictureType = type;
             button.PropertyChanged(L"PictureType");
+            button.Announce(EVENT_OBJECT_DESCRIPTIONCHANGE);
             button.RepaintButton();
         }),
         // Read as the button's alone.
@@ -160,6 +161,7 @@ void PicCommand::SetDetailStatus(long newStatus)
     DetailStatus = newStatus;
     PropertyChanged(L"DetailStatus");
     PropertyChanged(L"BoundDetailStatus");
+    Announce(EVENT_OBJECT_DESCRIPTIONCHANGE);
     RepaintButton();
 }
 
@@ -186,11 +188,38 @@ void PicCommand::TakeCaption(std::wstring_view newText)
     cmd.Caption(Caption);
     const wchar_t mnemonic = MnemonicOf(Caption);
     SetAccessKeys(std::wstring_view(&mnemonic, mnemonic != 0 ? 1 : 0));
+    Announce(EVENT_OBJECT_NAMECHANGE);
 }
 
 HRESULT PicCommand::Refresh() noexcept
 {
     return Member([&] { RepaintButton(); });
+}
+
+// --- For assistive tools ---
+
+AccessibleInfo PicCommand::Accessible() const
+{
+    const ButtonIcon icon = ButtonPictureOf(PictureType, DetailStatus).Icon;
+    AccessibleInfo info;
+    info.Role = IsLinkStyle(icon) ? ROLE_SYSTEM_LINK : ROLE_SYSTEM_PUSHBUTTON;
+    info.Description = MeaningOf(icon);
+    info.DefaultAction = IsLinkStyle(icon) ? L"Jump" : L"Press";
+    if (const wchar_t mnemonic = MnemonicOf(Caption))
+        info.KeyboardShortcut = std::wstring(L"Alt+") + mnemonic;
+    return info;
+}
+
+std::wstring PicCommand::AccessibleName() const
+{
+    const std::wstring shown = WithoutMnemonic(Caption);
+    return shown.empty() ? PicCommandMembers::AccessibleName() : shown;
+}
+
+// Who asks does not wait for what comes of it.
+bool PicCommand::DoDefaultAction(int)
+{
+    return TakesInput() && cmd.Enabled() && cmd.Post(BM_CLICK);
 }
 
 } // namespace kiv

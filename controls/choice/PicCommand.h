@@ -34,6 +34,9 @@ protected:
         return cmd.Enabled() ? static_cast<const Window&>(cmd) : TheSurface();
     }
     bool TakesReturn() const override { return true; }
+    AccessibleInfo Accessible() const override;
+    std::wstring AccessibleName() const override;
+    bool DoDefaultAction(int part) override;
 
 private:
     // The control's life, in its order.

@@ -64,6 +64,29 @@ ButtonPicture ButtonPictureOf(long pictureType, long detailStatus)
     }
 }
 
+const wchar_t* MeaningOf(ButtonIcon icon)
+{
+    switch (icon)
+    {
+    case ButtonIcon::Partial:
+        return L"partial";
+    case ButtonIcon::CheckMark:
+        return L"complete";
+    case ButtonIcon::Plus:
+        return L"plus";
+    case ButtonIcon::Minus:
+        return L"minus";
+    case ButtonIcon::Note:
+        return L"note";
+    case ButtonIcon::Graph:
+        return L"graph";
+    case ButtonIcon::WebLink:
+        return L"web link";
+    default:
+        return L"";
+    }
+}
+
 bool IsLinkStyle(ButtonIcon icon)
 {
     return icon == ButtonIcon::Note || icon == ButtonIcon::Graph || icon == ButtonIcon::WebLink;

@@ -33,6 +33,9 @@ struct ButtonPicture
 // Any number is taken: one that is no type, or no status, shows no picture.
 ButtonPicture ButtonPictureOf(long pictureType, long detailStatus);
 
+// What the picture says, for those who cannot see it; empty for none.
+const wchar_t* MeaningOf(ButtonIcon icon);
+
 // Such a button never shows that it has the focus.
 bool IsLinkStyle(ButtonIcon icon);
 

@@ -120,6 +120,27 @@ HRESULT PicLite::SetAppTitle(BSTR* NewTitle) noexcept
     return NewTitle ? Member([&] { Module().AppTitle = Bstr::ViewOf(*NewTitle); }) : E_POINTER;
 }
 
+// --- For assistive tools ---
+
+AccessibleInfo PicLite::Accessible() const
+{
+    AccessibleInfo info;
+    info.Role = ROLE_SYSTEM_GRAPHIC;
+    return info;
+}
+
+// What the form says of the picture; none of its labels belongs to it.
+std::wstring PicLite::AccessibleName() const
+{
+    for (const wchar_t* property : {L"AccessibleName", L"ToolTipText", L"Name"})
+    {
+        const std::optional<Variant> text = Extender().Get(property).As(VT_BSTR);
+        if (text && !text->Text().empty())
+            return text->Text();
+    }
+    return Ambient().DisplayName();
+}
+
 // --- The exchange ---
 
 // System colours are resolved here and now: a later change of theirs is not followed.

@@ -20,6 +20,10 @@ public:
     // _PicLite
     HRESULT STDMETHODCALLTYPE SetAppTitle(BSTR* NewTitle) noexcept override;
 
+protected:
+    AccessibleInfo Accessible() const override;
+    std::wstring AccessibleName() const override;
+
 private:
     // The control's life, in its order.
     void UserControl_InitProperties() override;

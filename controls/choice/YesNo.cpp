@@ -222,10 +222,14 @@ void YesNo::Value(long newAnswer)
 {
     if (newAnswer == Value_)
         return;
-    Value_ = newAnswer;
+    const long oldAnswer = std::exchange(Value_, newAnswer);
     PropertyChanged(L"Value");
     PropertyChanged(L"Text");
     Refresh();
+    Announce(EVENT_OBJECT_VALUECHANGE);
+    for (const int option : {Yes, No})
+        if (option == oldAnswer || option == newAnswer)
+            Announce(EVENT_OBJECT_STATECHANGE, option);
     RaiseChange();
 }
 
@@ -256,6 +260,42 @@ bool YesNo::RaiseClick()
 void YesNo::RaiseChange()
 {
     RaiseEvent(YesNoEvents::Change);
+}
+
+// --- For assistive tools: two radio buttons, of which a selected one can be cleared ---
+
+AccessibleInfo YesNo::Accessible() const
+{
+    AccessibleInfo info;
+    info.Role = ROLE_SYSTEM_GROUPING;
+    info.Value = Value_ == Yes ? YesCaption : Value_ == No ? NoCaption : L"";
+    return info;
+}
+
+AccessibleInfo YesNo::AccessiblePart(int option) const
+{
+    const SIZE size = TheSurface().PixelSize();
+    const bool isSet = Value_ == option;
+    AccessibleInfo info;
+    info.Role = ROLE_SYSTEM_RADIOBUTTON;
+    info.Name = option == Yes ? YesCaption : NoCaption;
+    info.KeyboardShortcut = option == Yes ? L"Y" : L"N";
+    info.DefaultAction = isSet ? L"Clear" : L"Select";
+    info.State = isSet ? STATE_SYSTEM_CHECKED : 0;
+    info.Place =
+        option == Yes ? RECT{0, 0, layout_.YesRight, size.cy} : RECT{layout_.NoLeft, 0, size.cx, size.cy};
+    return info;
+}
+
+// As a click does it.
+bool YesNo::DoDefaultAction(int option)
+{
+    if (option == CHILDID_SELF || !TakesInput())
+        return false;
+    TakeFocus();
+    DrawFocusState(static_cast<AnswerEnums>(option));
+    CommitValue(Toggled(Value_, option));
+    return true;
 }
 
 // --- Layout, painting and the answer ---
@@ -290,6 +330,8 @@ void YesNo::DrawFocusState(AnswerEnums TargetFocus)
             return;
         DrawFocusState(Neither);
         FocusOption = static_cast<short>(TargetFocus);
+        if (TheSurface().ContainsFocus())
+            Announce(EVENT_OBJECT_FOCUS, FocusOption);
     }
     const SIZE size = TheSurface().PixelSize();
     const RECT rectangle = FocusOption == Yes ? RECT{0, 0, layout_.YesRight, size.cy}

@@ -30,6 +30,11 @@ public:
 
 protected:
     void* FindInterface(REFIID iid) noexcept override;
+    AccessibleInfo Accessible() const override;
+    AccessibleInfo AccessiblePart(int option) const override;
+    int PartCount() const override { return No; }
+    int FocusedPart() const override { return TheSurface().ContainsFocus() ? FocusOption : 0; }
+    bool DoDefaultAction(int option) override;
 
 private:
     // The control's life, in its order.

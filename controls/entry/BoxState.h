@@ -16,10 +16,12 @@ struct BoxState
 };
 
 // Characters that a text box receives for editing keys and for cutting, copying and pasting by keyboard.
+constexpr short CtrlA = 1;
 constexpr short CtrlC = 3;
 constexpr short Backspace = 8;
 constexpr short CtrlV = 22;
 constexpr short CtrlX = 24;
+constexpr short CtrlZ = 26;
 
 constexpr bool IsClipboardKey(short keyAscii)
 {

@@ -24,6 +24,15 @@ void EntryControl::FontChanged()
     PropertyChanged(L"Font");
 }
 
+// As if the host had set it, except that only a user who could type it can have it set.
+bool EntryControl::TakeAccessibleValue(std::wstring_view text)
+{
+    if (!TakesInput())
+        return false;
+    Value(Variant(text));
+    return true;
+}
+
 void EntryControl::CoverWith(std::initializer_list<TextBox*> boxes)
 {
     const SIZE size = TheSurface().PixelSize();
@@ -36,6 +45,23 @@ void EntryControl::CoverWith(std::initializer_list<TextBox*> boxes)
     // Once: a container that insists on its own size is not asked for each box.
     if (needed > size.cy)
         RequestSize({size.cx, needed});
+}
+
+bool EntryControl::EditBy(TextBox& box, short& KeyAscii)
+{
+    switch (KeyAscii)
+    {
+    case CtrlA:
+        box.SelectAll();
+        break;
+    case CtrlZ:
+        box.Undo();
+        break;
+    default:
+        return false;
+    }
+    KeyAscii = 0;
+    return true;
 }
 
 void EntryControl::HookBox(const TextBox& box)

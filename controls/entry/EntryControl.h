@@ -31,6 +31,7 @@ protected:
 
     void* FindInterface(REFIID iid) noexcept override;
     void FontChanged() override;
+    bool TakeAccessibleValue(std::wstring_view text) override;
 
     // For the control's table.
     static constexpr auto ValueProperty()
@@ -44,6 +45,10 @@ protected:
 
     // Lets each of the boxes cover the surface, which grows to what their font needs.
     void CoverWith(std::initializer_list<TextBox*> boxes);
+
+    // What every box does for a key of the keyboard: Ctrl+A selects all, Ctrl+Z takes the last change back.
+    // Whether it was one, which then goes no further.
+    static bool EditBy(TextBox& box, short& KeyAscii);
 
     // One box at a time is hooked: another one's hook goes.
     void HookBox(const TextBox& box);

@@ -3,8 +3,10 @@
 #include "resources/ResourceIds.h"
 #include "runtime/core/Scoped.h"
 #include "runtime/drawing/Color.h"
+#include "runtime/drawing/Graphics.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kiv
 {
@@ -139,10 +141,24 @@ void ChkCombo::HScroll1_KeyDown(short& KeyCode, short Shift)
 
 void ChkCombo::HScroll1_KeyPress(short& KeyAscii)
 {
-    if (KeyAscii != VK_ESCAPE && !(KeyAscii == VK_RETURN && cbo.IsDropped()))
-        return;
-    KeyAscii = 0;
-    cbo.DropDown(false);
+    if (KeyAscii == VK_ESCAPE || (KeyAscii == VK_RETURN && cbo.IsDropped()))
+    {
+        KeyAscii = 0;
+        cbo.DropDown(false);
+    }
+    else if (KeyAscii > ' ')
+    {
+        SelectNext(std::exchange(KeyAscii, short{0}));
+    }
+}
+
+// The next item that begins with the character, as the system's list goes there, and as the arrow keys do it.
+void ChkCombo::SelectNext(short KeyAscii)
+{
+    const char character = static_cast<char>(KeyAscii);
+    const int found = cbo.Find(Wide({&character, 1}), cbo.Selected());
+    if (found >= 0 && found < ChkComboList::MostItems)
+        HScroll1.Value(static_cast<short>(found));
 }
 
 // With the list open, Enter and Esc close it instead of pressing the form's buttons.
@@ -251,6 +267,8 @@ HRESULT ChkCombo::put_ListCompletionStatus(short Index, DetailStatusEnums newSta
         RequireRunTime();
         RequireItem(Index);
         list_.Status(Index, newStatus);
+        if (Index == HScroll1.Value())
+            Announce(EVENT_OBJECT_DESCRIPTIONCHANGE);
         cbo.RepaintItem(Index);
     });
 }

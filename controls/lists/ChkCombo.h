@@ -46,8 +46,31 @@ protected:
     void* FindInterface(REFIID iid) noexcept override;
     const Window& FocusWindow() const override { return HScroll1; }
     bool Wants(WPARAM key) const override;
+    AccessibleInfo Accessible() const override;
+    AccessibleInfo AccessiblePart(int part) const override;
+    int PartCount() const override { return 1; }
+    AccessibleSource* SourceOf(int part) override { return part == 1 ? &items_ : nullptr; }
+    bool DoDefaultAction(int part) override;
 
 private:
+    // Its list, to assistive tools (ChkCombo_accessible.cpp).
+    class Items final : public AccessibleSource
+    {
+    public:
+        explicit Items(ChkCombo& combo) : combo_(combo) {}
+        AccessibleInfo Describe(int item) const override;
+        std::wstring NameOf(int item) const override;
+        int PartCount() const override { return combo_.list_.Count(); }
+        int FocusedPart() const override { return combo_.cbo.IsDropped() ? SelectedPart() : 0; }
+        int SelectedPart() const override { return combo_.HScroll1.Value() + 1; }
+        bool DoDefaultAction(int item) override { return TakeAccessibleSelection(item); }
+        bool TakeAccessibleSelection(int item) override;
+        IUnknown* AccessibleHolder() noexcept override { return combo_.Outer(); }
+
+    private:
+        ChkCombo& combo_;
+    };
+
     // The control's life, in its order.
     void UserControl_Initialize() override;
     void UserControl_InitProperties() override;
@@ -91,9 +114,11 @@ private:
     void RequireRunTime() const;
     void MoveSelection(short index);
     void FollowShift(short index);
+    void SelectNext(short KeyAscii);
     void RaiseClick();
 
     SubClassOwner<ChkCombo> subClass_{*this};
+    Items items_{*this};
     ChkComboList list_;
     FocusDebounce focusDebounce_;
     ScrollBar HScroll1{*this, TheSurface().hWnd()};

@@ -66,6 +66,19 @@ SelectionRange ReachableSelections(short selection, int count)
     return {static_cast<short>(selection < 0 ? -1 : 0), static_cast<short>(count - 1)};
 }
 
+const wchar_t* StatusInWords(std::int32_t status)
+{
+    switch (status)
+    {
+    case PartialStatus:
+        return L"partial";
+    case CompleteStatus:
+        return L"complete";
+    default:
+        return L"";
+    }
+}
+
 ItemIcon ItemIconFor(std::int32_t status, bool selected)
 {
     switch (status)

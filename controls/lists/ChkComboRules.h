@@ -74,6 +74,9 @@ enum class ItemIcon
 };
 ItemIcon ItemIconFor(std::int32_t status, bool selected);
 
+// A status in words; empty for none.
+const wchar_t* StatusInWords(std::int32_t status);
+
 // A colour of an unselected item: one of the system's, by its index, or one by its red, green and blue.
 struct ItemColor
 {

@@ -167,6 +167,7 @@ void ChkCombo::Combo_DropDown()
     const SIZE size = TheSurface().PixelSize();
     cbo.Move(0, 0, size.cx, DropDownHeight(size.cy, cbo.ItemHeight(), cbo.Count()), true);
     const bool hadFocus = TheSurface().ContainsFocus();
+    Announce(EVENT_OBJECT_STATECHANGE);
     RaiseEvent(ChkComboEvents::DropDown);
     // The host may have put the control away, or have moved the focus: the list opens all the same, and is
     // not to stay. Neither is it when that happens later.
@@ -183,6 +184,7 @@ void ChkCombo::Combo_DropDown()
 void ChkCombo::Combo_CloseUp()
 {
     watch_.reset();
+    Announce(EVENT_OBJECT_STATECHANGE);
     // What the pointer merely passed over is not selected. A choice is yet to be told.
     if (!choosing_)
         FollowShift(HScroll1.Value());

@@ -274,12 +274,32 @@ void EnumList::BoundEnumCode(const Variant& newCode)
     PropertyChanged(L"BoundEnumCode");
 }
 
+// --- For assistive tools: a combo box, whose list is the picker ---
+
+AccessibleInfo EnumList::Accessible() const
+{
+    AccessibleInfo info;
+    info.Role = ROLE_SYSTEM_COMBOBOX;
+    info.Value = lbl.Caption();
+    info.DefaultAction = L"Choose";
+    info.KeyboardShortcut = L"F4";
+    info.State = STATE_SYSTEM_HASPOPUP | (picking_ ? STATE_SYSTEM_EXPANDED : STATE_SYSTEM_COLLAPSED);
+    return info;
+}
+
+// Who asks does not wait for what is chosen.
+bool EnumList::DoDefaultAction(int)
+{
+    return TakesInput() && cmd.Enabled() && cmd.Post(BM_CLICK);
+}
+
 // --- The label ---
 
 void EnumList::ShowCaption(std::wstring_view caption)
 {
     lbl.Caption(caption);
     Refresh();
+    Announce(EVENT_OBJECT_VALUECHANGE);
 }
 
 // The database may do anything while it is asked, and so may the user while the message is shown: what a

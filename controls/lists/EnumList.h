@@ -23,6 +23,8 @@ public:
 protected:
     const Window& FocusWindow() const override { return cmd; }
     const Label* TippedLabel() const override { return &lbl; }
+    AccessibleInfo Accessible() const override;
+    bool DoDefaultAction(int part) override;
 
 private:
     // The control's life, in its order.

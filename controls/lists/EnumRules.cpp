@@ -57,6 +57,14 @@ std::wstring ItemCode(bool showCodes, std::wstring_view item)
     return std::wstring(showCodes ? item.substr(0, tab) : item.substr(std::min(tab + 1, item.size())));
 }
 
+std::wstring SpokenItem(bool showCodes, std::wstring_view item)
+{
+    const std::size_t tab = item.find(L'\t');
+    const std::wstring first(item.substr(0, tab));
+    const std::wstring second(tab == item.npos || !showCodes ? L"" : item.substr(tab + 1));
+    return first.empty() || second.empty() ? first + second : first + L", " + second;
+}
+
 short WidestLine(short widestSoFar, double twips)
 {
     const double limited = std::min<double>(twips, GreatestTextWidth);

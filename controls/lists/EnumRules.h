@@ -36,6 +36,9 @@ std::wstring ItemText(bool showCodes, std::wstring_view code, std::wstring_view 
 // one: the code then comes back wrong, as it always has.
 std::wstring ItemCode(bool showCodes, std::wstring_view item);
 
+// The line as it is read to those who cannot see the list: the code and the description, whichever are shown.
+std::wstring SpokenItem(bool showCodes, std::wstring_view item);
+
 // The greatest width in twips that the picker keeps of a line: a 16-bit whole number.
 constexpr short GreatestTextWidth = 32767;
 short WidestLine(short widestSoFar, double twips);

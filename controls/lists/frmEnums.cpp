@@ -86,6 +86,9 @@ void frmEnums::Form_Load()
         Move(heading, HeadingPlaces[index]);
     }
     form.lstEnums.OnClick = [this] { lstEnums_Click(); };
+    const bool showCodes = request_->ShowCodes;
+    form.lstEnums.SpokenName = showCodes ? L"Code, Description" : L"Description";
+    form.lstEnums.SpokenItem = [showCodes](std::wstring_view item) { return SpokenItem(showCodes, item); };
     form.lstEnums.OnDblClick = [this] { lstEnums_DblClick(); };
     form.cmdOK.OnClick = [this] { cmdOK_Click(); };
     form.cmdCancel.OnClick = [this] { cmdCancel_Click(); };

@@ -102,7 +102,8 @@ void DateBox::UserControl_KeyDown(short& KeyCode, short Shift)
 void DateBox::UserControl_KeyPress(short& KeyAscii)
 {
     RaiseKeyEvent(DateBoxEvents::KeyPress, KeyAscii);
-    Apply(rules_.KeyPress(StateOf(txtDate), KeyAscii), txtDate, KeyAscii);
+    if (!EditBy(txtDate, KeyAscii))
+        Apply(rules_.KeyPress(StateOf(txtDate), KeyAscii), txtDate, KeyAscii);
 }
 
 void DateBox::UserControl_KeyUp(short& KeyCode, short Shift)
@@ -202,6 +203,13 @@ void DateBox::Value(const Variant& newDate)
         txtDate.Text(rules_.Mask());
     }
     PropertyChanged(L"Value");
+}
+
+// --- For assistive tools ---
+
+AccessibleInfo DateBox::Accessible() const
+{
+    return MaskedInfo(txtDate.Text(), rules_.Meaning());
 }
 
 // --- Methods ---

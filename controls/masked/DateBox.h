@@ -24,6 +24,7 @@ public:
     bool IsValidInput(bool ShowMessage) override;
 
 protected:
+    AccessibleInfo Accessible() const override;
     const Window& FocusWindow() const override { return txtDate; }
 
 private:

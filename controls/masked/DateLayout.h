@@ -24,6 +24,7 @@ struct DateLayout
 {
     std::wstring_view Mask;
     std::wstring_view Format;
+    std::wstring_view Meaning; // in words, for those who cannot see the mask
 };
 
 // Null for a number that names no layout.

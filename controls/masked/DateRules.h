@@ -44,6 +44,7 @@ public:
     void SetStyle(DateFormat style);
     std::wstring_view Mask() const { return reading_.Layout.Mask; }
     std::wstring_view Format() const { return reading_.Layout.Format; }
+    std::wstring_view Meaning() const { return reading_.Layout.Meaning; }
     int MaxLength() const { return static_cast<int>(reading_.Layout.Format.size()); }
 
     bool AllowVarious() const { return reading_.AllowVarious; }

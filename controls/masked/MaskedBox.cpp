@@ -2,6 +2,10 @@
 
 #include "runtime/com/Boundary.h"
 #include "runtime/constituents/Clipboard.h"
+#include "runtime/core/Digits.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace kiv
 {
@@ -30,7 +34,7 @@ void Replace(TextBox& box, std::wstring_view text)
     if (box.Text() == text)
         box.Home();
     else
-        box.Text(text);
+        box.Replace(text);
 }
 
 } // namespace
@@ -54,6 +58,16 @@ bool HandleClipboardMessage(UINT message, TextBox& box, std::wstring_view mask, 
     default:
         return false;
     }
+}
+
+AccessibleInfo MaskedInfo(std::wstring_view boxText, std::wstring_view meaning)
+{
+    AccessibleInfo info;
+    info.Role = ROLE_SYSTEM_TEXT;
+    info.Value.emplace();
+    std::ranges::copy_if(boxText, std::back_inserter(*info.Value), IsDigit);
+    info.Description = meaning;
+    return info;
 }
 
 } // namespace kiv

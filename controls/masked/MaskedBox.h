@@ -22,4 +22,8 @@ void Apply(const KeyOutcome& outcome, TextBox& box, short& key);
 using PasteRule = std::function<std::optional<std::wstring>(std::wstring_view clipboard)>;
 bool HandleClipboardMessage(UINT message, TextBox& box, std::wstring_view mask, const PasteRule& pasted);
 
+// What assistive tools are told of such a box: the digits that stand in it, none of the mask's blanks, and
+// what the mask asks for.
+AccessibleInfo MaskedInfo(std::wstring_view boxText, std::wstring_view meaning);
+
 } // namespace kiv

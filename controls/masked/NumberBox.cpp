@@ -84,7 +84,8 @@ void NumberBox::UserControl_KeyDown(short& KeyCode, short Shift)
 void NumberBox::UserControl_KeyPress(short& KeyAscii)
 {
     RaiseKeyEvent(NumberBoxEvents::KeyPress, KeyAscii);
-    Apply(rules_.KeyPress(StateOf(*activeBox_), KeyAscii), *activeBox_, KeyAscii);
+    if (!EditBy(*activeBox_, KeyAscii))
+        Apply(rules_.KeyPress(StateOf(*activeBox_), KeyAscii), *activeBox_, KeyAscii);
 }
 
 void NumberBox::UserControl_KeyUp(short& KeyCode, short Shift)
@@ -197,6 +198,13 @@ void NumberBox::Value(const Variant& newNumber)
         throw ComError(InvalidPropertyValue);
     activeBox_->Text(*shown);
     PropertyChanged(L"Value");
+}
+
+// --- For assistive tools ---
+
+AccessibleInfo NumberBox::Accessible() const
+{
+    return MaskedInfo(activeBox_->Text(), rules_.Meaning());
 }
 
 // --- Methods ---

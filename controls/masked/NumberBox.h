@@ -22,6 +22,7 @@ public:
     bool IsValidInput(bool ShowMessage) override;
 
 protected:
+    AccessibleInfo Accessible() const override;
     const Window& FocusWindow() const override { return *activeBox_; }
 
 private:

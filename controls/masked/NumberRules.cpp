@@ -111,6 +111,21 @@ std::optional<std::wstring> NumberRules::Pasted(std::wstring_view clipboard) con
     return std::wstring(clipboard);
 }
 
+std::wstring NumberRules::Meaning() const
+{
+    switch (style_)
+    {
+    case NumberFormat::SSN:
+        return L"Social Security number, nine digits";
+    case NumberFormat::FederalId:
+        return L"Federal identification number, nine digits";
+    case NumberFormat::Routing:
+        return L"Routing number, nine digits";
+    default:
+        return maxLength_ > 0 ? L"Number, at most " + std::to_wstring(maxLength_) + L" digits" : L"Number";
+    }
+}
+
 std::optional<std::wstring> NumberRules::Complaint(std::wstring_view boxText) const
 {
     if (boxText.empty() || IsComplete(boxText))

@@ -56,6 +56,9 @@ public:
     // The box's new text for text from the clipboard; none if the box stays as it is.
     std::optional<std::wstring> Pasted(std::wstring_view clipboard) const;
 
+    // What the style asks for, in words for those who cannot see the mask.
+    std::wstring Meaning() const;
+
     // What to tell the user about the box's text; none if it is valid.
     std::optional<std::wstring> Complaint(std::wstring_view boxText) const;
 

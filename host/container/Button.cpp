@@ -3,7 +3,10 @@
 #include "host/container/ItemOwner.h"
 #include "host/container/Mnemonic.h"
 #include "host/container/ScreenUnits.h"
-#include "runtime/com/Errors.h"
+#include "runtime/com/Boundary.h"
+#include "runtime/core/Mnemonic.h"
+
+#include <commctrl.h>
 
 namespace kiv::host
 {
@@ -20,6 +23,8 @@ Button::Button(ItemOwner& owner, const ButtonOptions& options) :
 {
     if (!window_)
         ThrowLastError();
+    // Not every system's button says by itself what it is.
+    SetWindowSubclass(window_, &Button::WindowProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner.Font()), FALSE);
     enabled_ = options.enabled;
     ShowAsItIs();
@@ -27,7 +32,46 @@ Button::Button(ItemOwner& owner, const ButtonOptions& options) :
 
 Button::~Button()
 {
+    RemoveWindowSubclass(window_, &Button::WindowProcedure, 0);
     DestroyWindow(window_);
+}
+
+LRESULT CALLBACK Button::WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                         DWORD_PTR button) noexcept
+{
+    LRESULT object = 0;
+    if (message == WM_GETOBJECT)
+        static_cast<void>(Boundary([&] {
+            auto& self = *reinterpret_cast<Button*>(button);
+            object = self.accessible_.Answer(self, window, window, wParam, lParam);
+        }));
+    return object != 0 ? object : DefSubclassProc(window, message, wParam, lParam);
+}
+
+AccessibleInfo Button::Accessible() const
+{
+    AccessibleInfo info = FormItem::Accessible();
+    info.Role = ROLE_SYSTEM_PUSHBUTTON;
+    info.Name = WithoutMnemonic(options_.caption);
+    info.DefaultAction = L"Press";
+    if (const wchar_t mnemonic = MnemonicOf(options_.caption))
+        info.KeyboardShortcut = std::wstring(L"Alt+") + mnemonic;
+    info.State |= (CanBeUsed() ? STATE_SYSTEM_FOCUSABLE : 0) | (HasFocus() ? STATE_SYSTEM_FOCUSED : 0) |
+                  (options_.isDefault ? STATE_SYSTEM_DEFAULT : 0);
+    return info;
+}
+
+// Who asks does not wait for what comes of it.
+bool Button::DoDefaultAction(int)
+{
+    return TakesFocus() && PostMessageW(window_, BM_CLICK, 0, 0);
+}
+
+bool Button::TakeAccessibleFocus(int)
+{
+    if (TakesFocus())
+        Focus();
+    return HasFocus();
 }
 
 void Button::Press()

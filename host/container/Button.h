@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/container/FormItem.h"
+#include "runtime/access/AccessibleServer.h"
 
 #include <functional>
 #include <string>
@@ -23,7 +24,7 @@ struct ButtonOptions
 };
 
 // A real push button.
-class Button final : public FormItem
+class Button final : public FormItem, private AccessibleSource
 {
 public:
     Button(ItemOwner& owner, const ButtonOptions& options);
@@ -41,13 +42,21 @@ public:
     void Focus() override;
     bool HasMnemonic(const MSG& message) const override;
     void OnMnemonic(MSG& message) override;
+    HWND OwnWindow() const override { return window_; }
+    AccessibleInfo Accessible() const override;
 
 private:
+    static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                            UINT_PTR id, DWORD_PTR button) noexcept;
+    AccessibleInfo Describe(int) const override { return Accessible(); }
+    bool DoDefaultAction(int part) override;
+    bool TakeAccessibleFocus(int part) override;
     void OnContainerChanged() override;
     void ShowAsItIs();
 
     ButtonOptions options_;
     HWND window_;
+    AccessibleServer accessible_;
 };
 
 } // namespace kiv::host

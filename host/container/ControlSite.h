@@ -86,6 +86,7 @@ public:
     HRESULT Draw(HDC context, const RECT& bounds) const;
 
     // FormItem
+    HWND OwnWindow() const override { return Window(); }
     void Move(const RECT& bounds) override;
     void SetVisible(bool visible) override;
     bool Enabled() const override;

@@ -2,6 +2,7 @@
 
 #include "host/container/Automation.h"
 #include "host/container/ControlSite.h"
+#include "host/container/ItemOwner.h"
 #include "host/container/ScreenUnits.h"
 #include "runtime/com/Boundary.h"
 
@@ -31,6 +32,8 @@ enum ExtendedMember : DISPID
     ExtendedHelpContextID,
     ExtendedWhatsThisHelpID,
     ExtendedToolTipText,
+    ExtendedAccessibleName,
+    ExtendedLabelText,
 };
 
 struct MemberName
@@ -39,7 +42,7 @@ struct MemberName
     ExtendedMember Member;
 };
 
-constexpr std::array<MemberName, 14> ExtendedMembers = {{
+constexpr std::array<MemberName, 16> ExtendedMembers = {{
     {L"Name", ExtendedName},
     {L"Object", ExtendedObject},
     {L"Left", ExtendedLeft},
@@ -54,6 +57,8 @@ constexpr std::array<MemberName, 14> ExtendedMembers = {{
     {L"HelpContextID", ExtendedHelpContextID},
     {L"WhatsThisHelpID", ExtendedWhatsThisHelpID},
     {L"ToolTipText", ExtendedToolTipText},
+    {L"AccessibleName", ExtendedAccessibleName},
+    {L"LabelText", ExtendedLabelText},
 }};
 
 bool IsExtended(DISPID member)
@@ -166,6 +171,10 @@ Variant Extender::Get(DISPID member) const
         return Variant(whatsThisHelpId_);
     case ExtendedToolTipText:
         return Variant(std::wstring_view(toolTipText_));
+    case ExtendedAccessibleName:
+        return Variant(std::wstring_view(accessibleName_));
+    case ExtendedLabelText:
+        return Variant(std::wstring_view(site_->Owner().LabelBefore(*site_)));
     default:
         throw ComError(DISP_E_MEMBERNOTFOUND);
     }
@@ -212,7 +221,10 @@ void Extender::Put(DISPID member, const Variant& value)
     case ExtendedToolTipText:
         toolTipText_ = value.Text();
         return;
-    default: // Name and Object cannot be changed
+    case ExtendedAccessibleName:
+        accessibleName_ = value.Text();
+        return;
+    default: // Name, Object and LabelText cannot be changed
         throw ComError(DISP_E_MEMBERNOTFOUND);
     }
 }

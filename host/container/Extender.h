@@ -11,8 +11,9 @@ namespace kiv::host
 class ControlSite;
 
 // The extended control: what a form adds to every control (Name, Left, Top, Width and Height in twips of what
-// it stands in, Visible, Enabled, TabIndex, TabStop, Tag, HelpContextID, WhatsThisHelpID, ToolTipText, and
-// Object, the control itself) in front of the control's own members, which are passed on.
+// it stands in, Visible, Enabled, TabIndex, TabStop, Tag, HelpContextID, WhatsThisHelpID, ToolTipText,
+// AccessibleName, LabelText (of the label before the control; not to be set), and Object, the control itself)
+// in front of the control's own members, which are passed on.
 class Extender final : public ComObject<IDispatch>
 {
 public:
@@ -35,6 +36,7 @@ private:
     ControlSite* site_;
     std::wstring tag_;
     std::wstring toolTipText_;
+    std::wstring accessibleName_;
     long helpContextId_ = 0;
     long whatsThisHelpId_ = 0;
 };

@@ -6,6 +6,7 @@
 #include "host/container/Frame.h"
 #include "host/container/ItemOwner.h"
 #include "host/container/Label.h"
+#include "runtime/access/AccessibleServer.h"
 
 #include <functional>
 #include <memory>
@@ -20,7 +21,7 @@ class FormFrame;
 
 // A top-level window that holds controls: the whole of a small container. Use it on one thread that has
 // entered a single-threaded apartment (OleInitialize). Errors of creation and loading are thrown as ComError.
-class Form : private ItemOwner, private SheetOwner
+class Form : private ItemOwner, private SheetOwner, private AccessibleSource
 {
 public:
     // size in pixels, of what can stand on it. The window is made at once, hidden; it scrolls and can be
@@ -96,6 +97,17 @@ private:
     void LimitSize(MINMAXINFO& limits) const;
     void PaintItems(HDC context) override;
     void OnCommand(WORD notification, HWND button) override;
+    LRESULT OnGetObject(HWND sheet, WPARAM wParam, LPARAM lParam) override;
+
+    // AccessibleSource (Form_accessible.cpp): all that stands on the form and can be seen, in tab order.
+    AccessibleInfo Describe(int part) const override;
+    int PartCount() const override { return static_cast<int>(ShownItems().size()); }
+    int FocusedPart() const override;
+    HWND WindowOf(int part) const override;
+    std::vector<FormItem*> ShownItems() const;
+    FormItem* ShownItem(int part) const;
+    std::wstring LabelBefore(const FormItem& item) const override;
+
     void OnActivate(bool active);
     void RestoreFocus();
     Button* FindButton(HWND window) const;
@@ -121,6 +133,7 @@ private:
 
     HWND window_ = nullptr;
     std::unique_ptr<FormSheet> sheet_;
+    AccessibleServer accessible_;
     Microsoft::WRL::ComPtr<IFontDisp> fontObject_;
     Microsoft::WRL::ComPtr<FormFrame> frame_;
     ControlSite* active_ = nullptr;

@@ -32,6 +32,15 @@ bool FormItem::CanBeSeen() const
     return owner_.DesignMode() || (visible_ && ContainerCanBeSeen());
 }
 
+AccessibleInfo FormItem::Accessible() const
+{
+    AccessibleInfo info;
+    info.Place = bounds_;
+    MapWindowPoints(owner_.Page(), nullptr, reinterpret_cast<POINT*>(&info.Place), 2);
+    info.State = (CanBeSeen() ? 0 : STATE_SYSTEM_INVISIBLE) | (CanBeUsed() ? 0 : STATE_SYSTEM_UNAVAILABLE);
+    return info;
+}
+
 void FormItem::Move(const RECT& bounds)
 {
     const long right = bounds.left - bounds_.left;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/access/AccessibleSource.h"
+
 #include <windows.h>
 
 #include <functional>
@@ -54,6 +56,12 @@ public:
     // Whether an Alt+key message is this item's; the form then calls OnMnemonic.
     virtual bool HasMnemonic(const MSG&) const { return false; }
     virtual void OnMnemonic(MSG&) {}
+
+    // What assistive tools are told of an item that is no window, or no more than a caption (Accessible), and
+    // how it calls the item that comes after it in tab order; empty: it is no label.
+    virtual HWND OwnWindow() const { return nullptr; }
+    virtual AccessibleInfo Accessible() const;
+    virtual std::wstring LabelText() const { return {}; }
 
     // Draws what has no window of its own.
     virtual void Paint(HDC) {}

@@ -73,6 +73,11 @@ LRESULT CALLBACK FormSheet::WindowProcedure(HWND window, UINT message, WPARAM wP
         static_cast<void>(
             Boundary([&] { sheet->owner_.OnCommand(HIWORD(wParam), reinterpret_cast<HWND>(lParam)); }));
         return 0;
+    case WM_GETOBJECT: {
+        LRESULT object = 0;
+        static_cast<void>(Boundary([&] { object = sheet->owner_.OnGetObject(window, wParam, lParam); }));
+        return object != 0 ? object : DefWindowProcW(window, message, wParam, lParam);
+    }
     default:
         return DefWindowProcW(window, message, wParam, lParam);
     }

@@ -11,6 +11,8 @@ class SheetOwner
 public:
     virtual void PaintItems(HDC context) = 0;
     virtual void OnCommand(WORD notification, HWND button) = 0;
+    // WM_GETOBJECT; 0 leaves it to the system.
+    virtual LRESULT OnGetObject(HWND sheet, WPARAM wParam, LPARAM lParam) = 0;
 
 protected:
     SheetOwner() = default;

@@ -2,6 +2,7 @@
 
 #include "host/container/ItemOwner.h"
 #include "host/container/Mnemonic.h"
+#include "runtime/core/Mnemonic.h"
 
 namespace kiv::host
 {
@@ -29,6 +30,14 @@ bool Frame::HasMnemonic(const MSG& message) const
 void Frame::OnMnemonic(MSG&)
 {
     Owner().FocusAfter(*this);
+}
+
+AccessibleInfo Frame::Accessible() const
+{
+    AccessibleInfo info = FormItem::Accessible();
+    info.Role = ROLE_SYSTEM_GROUPING;
+    info.Name = WithoutMnemonic(options_.caption);
+    return info;
 }
 
 void Frame::Paint(HDC context)

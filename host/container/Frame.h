@@ -25,6 +25,7 @@ public:
     Frame(ItemOwner& owner, const FrameOptions& options);
 
     const std::wstring& Caption() const { return options_.caption; }
+    AccessibleInfo Accessible() const override;
     bool HasMnemonic(const MSG& message) const override;
     void OnMnemonic(MSG& message) override;
     void Paint(HDC context) override;

@@ -5,6 +5,8 @@
 #include <ocidl.h>
 #include <oleidl.h>
 
+#include <string>
+
 namespace kiv::host
 {
 
@@ -25,6 +27,8 @@ public:
 
     virtual short NextTabIndex() const = 0; // after all that the form holds already
     virtual FormItem* FocusedItem() const = 0;
+    // The text of the label right before the item in tab order; empty when something else is there.
+    virtual std::wstring LabelBefore(const FormItem& item) const = 0;
     virtual void FocusNext(bool backward) = 0;
     virtual void FocusAfter(const FormItem& item) = 0;  // the next one in tab order that can have it
     virtual bool Navigate(MSG& message) = 0;            // the form's own keys; true when it was one

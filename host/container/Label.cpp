@@ -2,6 +2,7 @@
 
 #include "host/container/ItemOwner.h"
 #include "host/container/Mnemonic.h"
+#include "runtime/core/Mnemonic.h"
 
 namespace kiv::host
 {
@@ -20,6 +21,19 @@ bool Label::HasMnemonic(const MSG& message) const
 void Label::OnMnemonic(MSG&)
 {
     Owner().FocusAfter(*this);
+}
+
+AccessibleInfo Label::Accessible() const
+{
+    AccessibleInfo info = FormItem::Accessible();
+    info.Role = ROLE_SYSTEM_STATICTEXT;
+    info.Name = LabelText();
+    return info;
+}
+
+std::wstring Label::LabelText() const
+{
+    return WithoutMnemonic(options_.caption);
 }
 
 void Label::Paint(HDC context)

@@ -27,6 +27,8 @@ public:
     Label(ItemOwner& owner, const LabelOptions& options);
 
     const std::wstring& Caption() const { return options_.caption; }
+    AccessibleInfo Accessible() const override;
+    std::wstring LabelText() const override;
     bool HasMnemonic(const MSG& message) const override;
     void OnMnemonic(MSG& message) override;
     void Paint(HDC context) override;

@@ -15,6 +15,7 @@ const char* const UsageText = R"(FolioHost shows a form file with its controls.
   --script FILE      play FILE with real keys and mouse clicks, then close the form
   --log FILE         write events, message boxes and answers into FILE, as on the terminal
   --shot FILE.png    when the form is closed or the script says so, draw a picture of its window into FILE.png
+  --spoken FILE      write into FILE what a screen reader would say as the focus goes from one to the next
   --timeout SECONDS  give up after that time (with --script 120, otherwise never)
   --patience SECONDS how long what a script expects may take to come true (5)
   --help, -h, /?     this text
@@ -69,7 +70,8 @@ void CheckFiles(const CommandLine& line)
     const std::filesystem::path database =
         line.Database.find('=') == std::string::npos ? FromUtf8(line.Database) : std::filesystem::path();
     const NamedFile inputs[] = {{"", line.Form}, {"--script", line.Script}, {"--database", database}};
-    const NamedFile outputs[] = {{"--save", line.Save}, {"--log", line.Log}, {"--shot", line.Shot}};
+    const NamedFile outputs[] = {
+        {"--save", line.Save}, {"--log", line.Log}, {"--shot", line.Shot}, {"--spoken", line.Spoken}};
     for (const NamedFile& output : outputs)
     {
         const auto refuse = [&](const NamedFile& other) {
@@ -113,6 +115,8 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
             line.Shot = FromUtf8(value());
         else if (argument == "--save")
             line.Save = FromUtf8(value());
+        else if (argument == "--spoken")
+            line.Spoken = FromUtf8(value());
         else if (argument == "--database")
             line.Database = value();
         else if (argument == "--timeout")

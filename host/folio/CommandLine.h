@@ -20,6 +20,7 @@ struct CommandLine
     std::filesystem::path Log;
     std::filesystem::path Shot;
     std::filesystem::path Save;
+    std::filesystem::path Spoken;
     std::string Database;         // a file or a connection string; empty: none
     unsigned TimeoutSeconds = 0;  // 0: none
     unsigned PatienceSeconds = 5; // how long what a script expects may take to come true

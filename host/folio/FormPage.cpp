@@ -26,7 +26,8 @@ constexpr long Grid = 120;
 
 // What a form gives to every control, as opposed to what the control itself persists.
 constexpr const char* PlaceKeys[] = {"Left", "Top", "Width", "Height", "TabIndex", "TabStop", "Visible"};
-constexpr const char* ExtendedKeys[] = {"Tag", "HelpContextID", "WhatsThisHelpID", "ToolTipText"};
+constexpr const char* ExtendedKeys[] = {"Tag", "HelpContextID", "WhatsThisHelpID", "ToolTipText",
+                                        "AccessibleName"};
 
 bool IsFormKey(const std::string& key)
 {

@@ -58,6 +58,8 @@ Session::Session(const CommandLine& line) :
         CheckScript(*script_, page_.Window(), {.Database = database_ != nullptr, .Shot = !line.Shot.empty()});
     // Last of all that may be refused: it writes.
     journal_ = std::make_shared<Journal>(line.Log, script_.has_value());
+    if (!line.Spoken.empty())
+        speech_.emplace(line.Spoken);
     for (const std::string& note : page_.Notes())
         std::fprintf(stderr, "%s\n", note.c_str());
     if (database_)
@@ -83,6 +85,8 @@ std::vector<std::string> Session::Run()
     // What came of a script that failed is not what anybody wanted.
     if (isToBeSaved_ && mistakes.empty())
         page_.Save(line_.Save);
+    if (speech_)
+        speech_->Finish();
     journal_->Finish();
     return mistakes;
 }

@@ -5,6 +5,7 @@
 #include "host/folio/FormPage.h"
 #include "host/folio/Journal.h"
 #include "host/folio/ScriptPlayer.h"
+#include "host/folio/Speech.h"
 
 #include <exception>
 #include <memory>
@@ -37,6 +38,7 @@ private:
     FormPage page_;
     MessageBoxWatch boxes_;
     std::optional<ScriptPlayer> player_;
+    std::optional<Speech> speech_;
     std::exception_ptr failed_; // while the form was being closed
     bool isToBeSaved_ = false;
 };

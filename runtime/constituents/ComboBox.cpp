@@ -70,6 +70,12 @@ void ComboBox::Clear()
     Ask(CB_RESETCONTENT);
 }
 
+int ComboBox::Find(const std::wstring& beginning, int index) const
+{
+    return static_cast<int>(
+        AskWide(CB_FINDSTRING, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(beginning.c_str())));
+}
+
 int ComboBox::Selected() const
 {
     return static_cast<int>(Ask(CB_GETCURSEL));
@@ -146,6 +152,22 @@ bool ComboBox::Received(UINT message, WPARAM wParam, LPARAM lParam)
     default:
         return false;
     }
+}
+
+RECT ComboBox::ListPlace() const
+{
+    RECT place = {};
+    GetWindowRect(List(), &place);
+    return place;
+}
+
+RECT ComboBox::ItemPlace(int index) const
+{
+    const HWND list = List();
+    RECT place = {};
+    SendMessageA(list, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&place));
+    MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&place), 2);
+    return place;
 }
 
 HWND ComboBox::List() const

@@ -23,6 +23,10 @@ public:
     void Remove(int index);
     void Clear();
 
+    // The next item behind index that begins with the text, in whatever case, and from the first one on
+    // again; -1 when there is none. index: of an item, or -1.
+    int Find(const std::wstring& beginning, int index) const;
+
     // Raises no notification.
     int Selected() const;
     void Select(int index);
@@ -37,6 +41,10 @@ public:
     void Move(int left, int top, int width, int height, bool repaint);
     int ClosedHeight() const;
     int ItemHeight() const;
+
+    // The open list and an item in it, in pixels of the screen.
+    RECT ListPlace() const;
+    RECT ItemPlace(int index) const;
 
     // Items are never lower than one line of the font needs.
     void Font(HFONT font) override;

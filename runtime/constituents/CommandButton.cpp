@@ -1,5 +1,6 @@
 #include "runtime/constituents/CommandButton.h"
 
+#include "runtime/core/Mnemonic.h"
 #include "runtime/core/Scoped.h"
 #include "runtime/drawing/Graphics.h"
 
@@ -36,6 +37,21 @@ void CommandButton::Notified(WORD code)
 {
     if (code == BN_CLICKED)
         Value(true);
+}
+
+AccessibleInfo CommandButton::Describe(int part) const
+{
+    AccessibleInfo info = Constituent::Describe(part);
+    info.Role = ROLE_SYSTEM_PUSHBUTTON;
+    info.Name = WithoutMnemonic(caption_);
+    info.DefaultAction = L"Press";
+    return info;
+}
+
+// Who asks does not wait for what comes of it.
+bool CommandButton::DoDefaultAction(int)
+{
+    return Enabled() && Post(BM_CLICK);
 }
 
 void CommandButton::Draw(HDC dc, const RECT& place) const

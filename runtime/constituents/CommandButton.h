@@ -31,6 +31,8 @@ public:
     void Move(int left, int top, int width, int height, bool repaint = true);
 
     void Notified(WORD code) override;
+    AccessibleInfo Describe(int part) const override;
+    bool DoDefaultAction(int part) override;
     void Draw(HDC dc, const RECT& place) const override;
 
 protected:

@@ -1,9 +1,11 @@
 #include "runtime/constituents/Constituent.h"
 
+#include "runtime/access/WindowText.h"
 #include "runtime/com/Boundary.h"
 #include "runtime/com/PerThread.h"
 #include "runtime/constituents/ParkingWindow.h"
 #include "runtime/constituents/StrayMessage.h"
+#include "runtime/core/Mnemonic.h"
 
 #include <wrl/client.h>
 
@@ -143,6 +145,32 @@ bool Constituent::Received(UINT, WPARAM, LPARAM)
     return false;
 }
 
+LRESULT Constituent::AnswerAccessible(WPARAM wParam, LPARAM lParam)
+{
+    if (AccessibleSource* const whole = owner_.AccessibleWhole())
+        return accessible_.Answer(*whole, window_, owner_.AccessibleFrame(), wParam, lParam);
+    return accessible_.Answer(*this, window_, window_, wParam, lParam);
+}
+
+// What can be seen of any window.
+AccessibleInfo Constituent::Describe(int) const
+{
+    AccessibleInfo info;
+    GetWindowRect(window_, &info.Place);
+    info.Name = WithoutMnemonic(CaptionOf(window_));
+    info.State = IsWindowVisible(window_) ? 0 : STATE_SYSTEM_INVISIBLE;
+    info.State |= IsWindowEnabled(window_) ? STATE_SYSTEM_FOCUSABLE : STATE_SYSTEM_UNAVAILABLE;
+    if (GetFocus() == window_)
+        info.State |= STATE_SYSTEM_FOCUSED;
+    return info;
+}
+
+bool Constituent::TakeAccessibleFocus(int)
+{
+    TakeFocus();
+    return GetFocus() == window_;
+}
+
 // Returns true when the message goes no further. A key may go on as another one.
 bool Constituent::Handle(UINT message, WPARAM& wParam, LPARAM lParam)
 {
@@ -203,6 +231,12 @@ LRESULT CALLBACK Constituent::WndProc(HWND window, UINT message, WPARAM wParam, 
         const LRESULT result = CallWindowProcA(previous, window, message, wParam, lParam);
         Forget(window);
         return result;
+    }
+    if (message == WM_GETOBJECT)
+    {
+        LRESULT answer = 0;
+        Boundary([&] { answer = constituent->AnswerAccessible(wParam, lParam); });
+        return answer != 0 ? answer : CallWindowProcA(previous, window, message, wParam, lParam);
     }
     bool handled = false;
     Boundary([&] { handled = constituent->Handle(message, wParam, lParam); });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/access/AccessibleServer.h"
 #include "runtime/constituents/Window.h"
 
 #include <windows.h>
@@ -23,13 +24,18 @@ public:
     virtual void ConstituentFocus(bool gained, HWND other) = 0;
     // Holds the control while a message is handled.
     virtual IUnknown* ConstituentHolder() noexcept = 0;
+    // What assistive tools are told of a constituent that is one with its owner; null leaves it to describe
+    // itself.
+    virtual AccessibleSource* AccessibleWhole() { return nullptr; }
+    // The outermost window of that.
+    virtual HWND AccessibleFrame() const { return nullptr; }
 
 protected:
     ~ConstituentOwner() = default;
 };
 
 // A system control inside a control. Its window is a child of the surface for as long as this lives.
-class Constituent : public Window
+class Constituent : public Window, public AccessibleSource
 {
 public:
     Constituent(const Constituent&) = delete;
@@ -56,6 +62,12 @@ public:
     // Colours for the window, which the system asks its parent for; null for the system's own.
     virtual HBRUSH Colors(HDC dc);
 
+    // AccessibleSource, for a constituent that describes itself: as a window with its text. A class knows its
+    // role and what it does.
+    AccessibleInfo Describe(int part) const override;
+    IUnknown* AccessibleHolder() noexcept override { return owner_.ConstituentHolder(); }
+    bool TakeAccessibleFocus(int part) override;
+
 protected:
     // style: in addition to that of a child. Throws ComError when the window cannot be made.
     Constituent(ConstituentOwner& owner, HWND parent, const char* windowClass, DWORD style,
@@ -80,10 +92,12 @@ private:
     static LRESULT CALLBACK WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static void Forget(HWND window) noexcept;
     bool Handle(UINT message, WPARAM& wParam, LPARAM lParam);
+    LRESULT AnswerAccessible(WPARAM wParam, LPARAM lParam);
 
     ConstituentOwner& owner_;
     WNDPROC previous_ = nullptr;
     WNDPROC widePrevious_ = nullptr;
+    AccessibleServer accessible_;
 };
 
 } // namespace kiv

@@ -12,6 +12,14 @@ Frame::Frame(ConstituentOwner& owner, HWND parent, std::wstring_view caption) :
     Ask(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Ansi(caption).c_str()));
 }
 
+AccessibleInfo Frame::Describe(int part) const
+{
+    AccessibleInfo info = Constituent::Describe(part);
+    info.Role = ROLE_SYSTEM_GROUPING;
+    info.State &= ~STATE_SYSTEM_FOCUSABLE;
+    return info;
+}
+
 // A group box leaves its inside to the window behind it, which does not paint over its children.
 bool Frame::Received(UINT message, WPARAM wParam, LPARAM lParam)
 {

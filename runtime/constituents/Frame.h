@@ -14,6 +14,8 @@ class Frame final : public Constituent
 public:
     Frame(ConstituentOwner& owner, HWND parent, std::wstring_view caption);
 
+    AccessibleInfo Describe(int part) const override;
+
 protected:
     bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
 };

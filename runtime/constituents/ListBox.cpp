@@ -85,6 +85,15 @@ int ListBox::ListIndex() const
 void ListBox::ListIndex(int index)
 {
     Ask(LB_SETCURSEL, static_cast<WPARAM>(index));
+    AnnounceSelection();
+}
+
+void ListBox::AnnounceSelection() const
+{
+    const int item = ListIndex() + 1;
+    if (GetFocus() == hWnd())
+        AnnounceForSystem(EVENT_OBJECT_FOCUS, hWnd(), item);
+    AnnounceForSystem(EVENT_OBJECT_SELECTION, hWnd(), item);
 }
 
 int ListBox::TopIndex() const
@@ -113,8 +122,59 @@ ListBox::Batch::~Batch()
     list_.Invalidate();
 }
 
+AccessibleInfo ListBox::Describe(int part) const
+{
+    AccessibleInfo list = Constituent::Describe(CHILDID_SELF);
+    list.Role = ROLE_SYSTEM_LIST;
+    list.Name = SpokenName;
+    if (part == CHILDID_SELF)
+        return list;
+    const int index = part - 1;
+    AccessibleInfo item;
+    item.Role = ROLE_SYSTEM_LISTITEM;
+    item.Name = SpokenItem ? SpokenItem(List(index)) : std::wstring(List(index));
+    item.DefaultAction = L"Double Click";
+    item.State = STATE_SYSTEM_SELECTABLE | (list.State & (STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_UNAVAILABLE));
+    if (index == ListIndex())
+        item.State |= STATE_SYSTEM_SELECTED | (list.State & STATE_SYSTEM_FOCUSED);
+    Ask(LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item.Place));
+    MapWindowPoints(hWnd(), nullptr, reinterpret_cast<POINT*>(&item.Place), 2);
+    RECT seen = {};
+    if ((list.State & STATE_SYSTEM_INVISIBLE) != 0 || !IntersectRect(&seen, &item.Place, &list.Place))
+        item.State |= STATE_SYSTEM_INVISIBLE | STATE_SYSTEM_OFFSCREEN;
+    return item;
+}
+
+int ListBox::PartAt(POINT place) const
+{
+    POINT inside = place;
+    ScreenToClient(hWnd(), &inside);
+    const LRESULT found = Ask(LB_ITEMFROMPOINT, 0, MAKELPARAM(inside.x, inside.y));
+    return HIWORD(found) == 0 && LOWORD(found) < ListCount() ? LOWORD(found) + 1 : 0;
+}
+
+bool ListBox::DoDefaultAction(int part)
+{
+    if (part == CHILDID_SELF || !TakeAccessibleSelection(part) || !OnDblClick)
+        return false;
+    OnDblClick();
+    return true;
+}
+
+bool ListBox::TakeAccessibleSelection(int part)
+{
+    if (part == CHILDID_SELF || !Enabled())
+        return false;
+    ListIndex(part - 1);
+    if (OnClick)
+        OnClick();
+    return true;
+}
+
 void ListBox::Notified(WORD code)
 {
+    if (code == LBN_SELCHANGE)
+        AnnounceSelection();
     if (code == LBN_SELCHANGE && OnClick)
         OnClick();
     else if (code == LBN_DBLCLK && OnDblClick)

@@ -54,8 +54,20 @@ public:
 
     void Notified(WORD code) override;
 
+    // What assistive tools are told: the list's name, and what they say for an item's text.
+    std::wstring SpokenName;
+    std::function<std::wstring(std::wstring_view text)> SpokenItem;
+    AccessibleInfo Describe(int part) const override;
+    int PartCount() const override { return ListCount(); }
+    int FocusedPart() const override { return GetFocus() == hWnd() ? ListIndex() + 1 : 0; }
+    int SelectedPart() const override { return ListIndex() + 1; }
+    int PartAt(POINT place) const override;
+    bool DoDefaultAction(int part) override;
+    bool TakeAccessibleSelection(int part) override;
+
 private:
     void ReserveRoom();
+    void AnnounceSelection() const;
 
     std::vector<std::wstring> texts_;
     std::size_t reserved_ = 0; // items that the window has room for, as far as it was told

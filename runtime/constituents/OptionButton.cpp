@@ -35,8 +35,23 @@ void OptionButton::Value(bool newValue)
 void OptionButton::Show()
 {
     Ask(BM_SETCHECK, value_ ? BST_CHECKED : BST_UNCHECKED);
+    AnnounceForSystem(EVENT_OBJECT_STATECHANGE, hWnd());
     const LONG_PTR style = GetWindowLongPtrA(hWnd(), GWL_STYLE);
     SetWindowLongPtrA(hWnd(), GWL_STYLE, value_ ? style | WS_TABSTOP : style & ~WS_TABSTOP);
+}
+
+AccessibleInfo OptionButton::Describe(int part) const
+{
+    AccessibleInfo info = Constituent::Describe(part);
+    info.Role = ROLE_SYSTEM_RADIOBUTTON;
+    info.State |= value_ ? STATE_SYSTEM_CHECKED : 0;
+    info.DefaultAction = L"Select";
+    return info;
+}
+
+bool OptionButton::DoDefaultAction(int)
+{
+    return Enabled() && Post(BM_CLICK);
 }
 
 // By a click, an arrow or a letter. The system has shown it by then, but what has changed is decided here.

@@ -21,6 +21,8 @@ public:
     void Value(bool newValue);
 
     void Notified(WORD code) override;
+    AccessibleInfo Describe(int part) const override;
+    bool DoDefaultAction(int part) override;
 
 private:
     void Show();

@@ -1,6 +1,7 @@
 #include "runtime/constituents/ScrollBar.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kiv
 {
@@ -18,6 +19,10 @@ void ScrollBar::Value(short newValue)
         return;
     value_ = newValue;
     told_ = false;
+    // Telling it takes longer than all the rest.
+    if (GetFocus() == hWnd())
+        Tell();
+    AnnounceForSystem(EVENT_OBJECT_VALUECHANGE, hWnd());
     if (OnChange)
         OnChange();
 }
@@ -31,21 +36,25 @@ void ScrollBar::Range(short min, short max)
     told_ = false;
 }
 
-// The system's bar is told as well, for whoever asks it: when the next message comes, whichever it is.
+// The system's bar is told as well, for whoever asks it, and announces the value to assistive tools: at once
+// while the user is there, else when the next message comes, whichever it is.
 bool ScrollBar::Received(UINT, WPARAM, LPARAM)
 {
-    if (!told_)
-    {
-        told_ = true;
-        SCROLLINFO info = {};
-        info.cbSize = sizeof info;
-        info.fMask = SIF_RANGE | SIF_POS;
-        info.nMin = min_;
-        info.nMax = max_;
-        info.nPos = value_;
-        Ask(SBM_SETSCROLLINFO, FALSE, reinterpret_cast<LPARAM>(&info));
-    }
+    Tell();
     return false;
+}
+
+void ScrollBar::Tell()
+{
+    if (std::exchange(told_, true))
+        return;
+    SCROLLINFO info = {};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_POS;
+    info.nMin = min_;
+    info.nMax = max_;
+    info.nPos = value_;
+    Ask(SBM_SETSCROLLINFO, FALSE, reinterpret_cast<LPARAM>(&info));
 }
 
 void ScrollBar::Notified(WORD code)

@@ -34,6 +34,8 @@ protected:
     bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    void Tell();
+
     short value_ = 0;
     short min_ = 0;
     short max_ = 0;

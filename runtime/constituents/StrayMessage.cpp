@@ -26,6 +26,11 @@ bool IsStray(UINT message, LPARAM lParam)
     case WM_HELP:
     case WM_COPYDATA:
     case WM_NEXTMENU:
+    // Wine's lists take whatever lies in the heap for a text that is not there.
+    case CB_ADDSTRING:
+    case CB_INSERTSTRING:
+    case LB_ADDSTRING:
+    case LB_INSERTSTRING:
         return lParam == 0;
     default:
         return false;

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace kiv
 {
@@ -65,8 +66,33 @@ void TextBox::Text(std::wstring_view text)
 {
     if (text.size() > MostCharacters)
         throw ComError(InvalidPropertyValue);
-    if (text != Text())
-        Ask(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Ansi(text).c_str()));
+    if (text == Text())
+        return;
+    Ask(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Ansi(text).c_str()));
+    former_.reset();
+}
+
+void TextBox::Replace(std::wstring_view text)
+{
+    const std::wstring former = Text();
+    Text(text);
+    // The host may have answered the change by another text, which then stands.
+    if (former != text && Text() == text)
+        former_ = former;
+}
+
+void TextBox::Undo()
+{
+    if (!former_)
+        return;
+    const std::wstring former = *former_;
+    const std::wstring current = Text();
+    Amend(former);
+    if (Text() != former)
+        return;
+    former_ = current;
+    if (former.size() != current.size())
+        Select(Length(), 0);
 }
 
 void TextBox::Amend(std::wstring_view text)
@@ -79,7 +105,7 @@ void TextBox::Amend(std::wstring_view text)
     if (fits && text.size() == current.size() && ansi.size() == text.size())
         ReplaceDifference(current, text, ansi);
     else
-        Text(text);
+        Replace(text);
 }
 
 void TextBox::ReplaceDifference(std::wstring_view current, std::wstring_view text, std::string ansi)
@@ -186,7 +212,10 @@ void TextBox::Notified(WORD code)
     std::wstring text = Text();
     if (text == toldText_)
         return;
-    toldText_ = std::move(text);
+    former_ = std::exchange(toldText_, std::move(text));
+    if (std::exchange(setFromOutside_, false))
+        former_.reset();
+    AnnounceForSystem(EVENT_OBJECT_VALUECHANGE, hWnd());
     Call(OnChange);
 }
 
@@ -228,6 +257,8 @@ bool TextBox::IsTooLong(const char* text, std::size_t beside) const
 
 bool TextBox::Received(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    // What is not the user's is not for the user to take back.
+    setFromOutside_ = message == WM_SETTEXT;
     const auto* const text = reinterpret_cast<const char*>(lParam);
     if (message == WM_SETFONT)
         lineHeight_ = 0;

@@ -6,6 +6,7 @@
 #include <olectl.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,14 @@ public:
     // The same for what a key makes of the text: only the places that differ are drawn again, and the caret
     // is behind them.
     void Amend(std::wstring_view text);
+
+    // As Text, for a change that the user has made: it can be taken back.
+    void Replace(std::wstring_view text);
+    // What a change that the user has made by other ways took the place of.
+    void CanBecome(std::wstring former) { former_ = std::move(former); }
+    // Takes the user's last change back, which can then be taken back itself; nothing where somebody else has
+    // set the text since. Raises OnChange.
+    void Undo();
 
     // In characters from 0.
     struct Selection
@@ -87,8 +96,10 @@ private:
 
     const TextBoxLook look_;
     short maxLength_ = 0;
-    mutable int lineHeight_ = 0; // 0 until it is asked for
-    std::wstring toldText_;      // as OnChange last told it
+    mutable int lineHeight_ = 0;         // 0 until it is asked for
+    std::wstring toldText_;              // as OnChange last told it
+    bool setFromOutside_ = false;        // by a message that is being handled
+    std::optional<std::wstring> former_; // the text before the user's last change
     OLE_COLOR backColor_;
     OLE_COLOR foreColor_;
     GdiObject<HBRUSH> background_;

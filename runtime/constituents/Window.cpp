@@ -39,9 +39,9 @@ void Window::MoveUnder(HWND parent) const
         SetParent(window_, parent);
 }
 
-bool Window::Post(UINT message) const
+bool Window::Post(UINT message, WPARAM wParam) const
 {
-    return window_ && PostMessageA(window_, message, 0, 0);
+    return window_ && PostMessageA(window_, message, wParam, 0);
 }
 
 void Window::TakeBack(UINT message) const

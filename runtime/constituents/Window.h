@@ -27,7 +27,7 @@ public:
     void MoveUnder(HWND parent) const;
 
     // False when it cannot be.
-    bool Post(UINT message) const;
+    bool Post(UINT message, WPARAM wParam = 0) const;
     // Takes back what was posted and has not arrived.
     void TakeBack(UINT message) const;
 

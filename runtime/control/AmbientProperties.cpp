@@ -27,6 +27,13 @@ OLE_COLOR AmbientProperties::ForeColor() const
     return number ? static_cast<OLE_COLOR>(number->Long()) : SystemColor(COLOR_WINDOWTEXT);
 }
 
+std::wstring AmbientProperties::DisplayName() const
+{
+    const std::optional<Variant> name = Get(DISPID_AMBIENT_DISPLAYNAME);
+    const std::optional<Variant> text = name ? name->As(VT_BSTR) : std::nullopt;
+    return text ? text->Text() : std::wstring();
+}
+
 FontObject AmbientProperties::Font() const
 {
     const std::optional<Variant> font = Get(DISPID_AMBIENT_FONT);

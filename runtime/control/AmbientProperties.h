@@ -19,6 +19,8 @@ public:
     bool UserMode() const;
     // The container's, else that of window text.
     OLE_COLOR ForeColor() const;
+    // How the container calls the control; empty when it does not say.
+    std::wstring DisplayName() const;
     // A font object of one's own with the attributes of the container's: setting an attribute of a control's
     // font must not change the whole form's.
     FontObject Font() const;

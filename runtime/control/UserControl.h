@@ -47,6 +47,7 @@ class UserControl : public Aggregatable,
                     public IQuickActivate,
                     public ISupportErrorInfo,
                     protected ConstituentOwner,
+                    protected AccessibleSource,
                     private SurfaceEvents
 {
 public:
@@ -262,6 +263,17 @@ protected:
     // Runs UserControl_Initialize: after construction, so that the class's own procedure is called.
     void Initialize();
 
+    // What the control is to assistive tools (UserControl_accessible.cpp): its role, value, description and
+    // default action. Place and state are added as the windows tell them. So for its parts, which have names
+    // as well, and places in pixels of the surface.
+    virtual AccessibleInfo Accessible() const = 0;
+    virtual AccessibleInfo AccessiblePart(int) const { return {}; }
+    // As the container has it for the control, or the label before it on the form.
+    virtual std::wstring AccessibleName() const;
+    // Tells assistive tools what has happened (EVENT_OBJECT_...), not while the control is loading.
+    void Announce(DWORD event, int part = CHILDID_SELF) const;
+    bool TakeAccessibleFocus(int part) override;
+
     template<class Control>
     friend HRESULT CreateControl(IUnknown* outer, REFIID iid, void** object) noexcept;
 
@@ -284,6 +296,13 @@ private:
     void PreviewKeyUp(short& keyCode) override;
     void ConstituentFocus(bool gained, HWND other) override;
     IUnknown* ConstituentHolder() noexcept override { return Outer(); }
+
+    // AccessibleSource, and ConstituentOwner's share in it (UserControl_accessible.cpp)
+    AccessibleInfo Describe(int part) const override;
+    std::wstring NameOf(int part) const override;
+    IUnknown* AccessibleHolder() noexcept override { return Outer(); }
+    AccessibleSource* AccessibleWhole() override { return this; }
+    HWND AccessibleFrame() const override { return surface_.hWnd(); }
 
     // UserControl_toolTip.cpp
     const Label* CutLabel() const;
@@ -357,6 +376,7 @@ private:
     int freezeCount_ = 0;
     std::vector<std::function<void()>> held_; // what FreezeEvents holds back
     ToolTip toolTip_;
+    AccessibleServer accessible_;
     // Last, so that its window goes first: its messages use all of the above.
     Surface surface_;
 };

@@ -17,6 +17,8 @@ void UserControl::PropertyChanged(const wchar_t* name)
         held_.emplace_back([this, property] { NotifyChanged(property); });
     else
         NotifyChanged(property);
+    if (std::wstring_view(name) == L"Enabled")
+        Announce(EVENT_OBJECT_STATECHANGE);
 }
 
 void UserControl::NotifyChanged(DISPID property)

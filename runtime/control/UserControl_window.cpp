@@ -83,6 +83,10 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
     case WM_SYSKEYUP:
         PreviewKeyUp(key);
         break;
+    case WM_GETOBJECT:
+        if (const LRESULT object = accessible_.Answer(*this, window, window, wParam, lParam))
+            return object;
+        break;
     case WM_COMMAND:
         if (Constituent* const constituent = Constituent::In(window, lParam))
             constituent->Notified(HIWORD(wParam));

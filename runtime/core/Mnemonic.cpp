@@ -16,4 +16,16 @@ wchar_t MnemonicOf(std::wstring_view caption)
     return 0;
 }
 
+std::wstring WithoutMnemonic(std::wstring_view caption)
+{
+    std::wstring shown;
+    for (std::size_t at = 0; at < caption.size(); ++at)
+    {
+        if (caption[at] == L'&' && at + 1 < caption.size())
+            ++at;
+        shown += caption[at];
+    }
+    return shown;
+}
+
 } // namespace kiv

@@ -1,5 +1,6 @@
 #include "runtime/form/Form.h"
 
+#include "runtime/access/WindowText.h"
 #include "runtime/com/Boundary.h"
 #include "runtime/com/Module.h"
 #include "runtime/constituents/CommandButton.h"
@@ -90,6 +91,8 @@ void Form::Load(HWND owner, std::wstring_view caption)
 void Form::Destroy() noexcept
 {
     Form_Unload();
+    accessible_.Disconnect();
+    accessibleSurface_.Disconnect();
     surface_.reset();
     focus_ = nullptr;
     if (const HWND window = std::exchange(window_, nullptr))
@@ -247,6 +250,49 @@ void Form::ConstituentFocus(bool gained, HWND)
         focus_ = GetFocus();
 }
 
+// --- For assistive tools ---
+
+AccessibleInfo Form::Describe(int) const
+{
+    AccessibleInfo info;
+    info.Role = ROLE_SYSTEM_DIALOG;
+    GetWindowRect(window_, &info.Place);
+    info.State = STATE_SYSTEM_FOCUSABLE | (IsWindowVisible(window_) ? 0 : STATE_SYSTEM_INVISIBLE);
+    return info;
+}
+
+std::wstring Form::NameOf(int) const
+{
+    return CaptionOf(window_);
+}
+
+int Form::PartCount() const
+{
+    int count = 0;
+    while (WindowOf(count + 1))
+        ++count;
+    return count;
+}
+
+int Form::FocusedPart() const
+{
+    const HWND focus = GetFocus();
+    int part = 1;
+    for (HWND window = WindowOf(part); window; window = WindowOf(++part))
+        if (window == focus || IsChild(window, focus))
+            return part;
+    return 0;
+}
+
+// In tab order.
+HWND Form::WindowOf(int part) const
+{
+    HWND window = surface_ ? GetWindow(surface_->hWnd(), GW_CHILD) : nullptr;
+    for (int at = 1; window && at < part; ++at)
+        window = GetWindow(window, GW_HWNDNEXT);
+    return part > 0 ? window : nullptr;
+}
+
 // --- Messages ---
 
 LRESULT Form::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -257,6 +303,10 @@ LRESULT Form::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lP
         if (Constituent* const constituent = Constituent::In(window, lParam))
             constituent->Notified(HIWORD(wParam));
         return 0;
+    case WM_GETOBJECT:
+        if (const LRESULT object = accessibleSurface_.Answer(*this, window, window_, wParam, lParam))
+            return object;
+        return DefWindowProcA(window, message, wParam, lParam);
     case DM_GETDEFID:
         return MAKELRESULT(IDOK, DC_HASDEFID);
     case WM_SETFOCUS:
@@ -293,6 +343,10 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CLOSE:
         Form_QueryUnload();
         return 0;
+    case WM_GETOBJECT:
+        if (const LRESULT object = accessible_.Answer(*this, window_, window_, wParam, lParam))
+            return object;
+        break;
     default:
         break;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/access/AccessibleServer.h"
 #include "runtime/constituents/Constituent.h"
 #include "runtime/constituents/Label.h"
 #include "runtime/control/Surface.h"
@@ -25,7 +26,7 @@ struct FormPlace
 
 // A dialog of the library's own: a resizable window with a surface full of constituents, which exist while
 // the form is loaded. Fields of a derived class are not touched by loading and unloading.
-class Form : protected ConstituentOwner, private SurfaceEvents
+class Form : protected ConstituentOwner, private SurfaceEvents, private AccessibleSource
 {
 public:
     Form(const Form&) = delete;
@@ -93,6 +94,13 @@ private:
     void ConstituentFocus(bool gained, HWND other) override;
     IUnknown* ConstituentHolder() noexcept override { return nullptr; }
 
+    // AccessibleSource: a dialog, whose parts are its controls.
+    AccessibleInfo Describe(int part) const override;
+    std::wstring NameOf(int part) const override;
+    int PartCount() const override;
+    int FocusedPart() const override;
+    HWND WindowOf(int part) const override;
+
     void Load(HWND owner, std::wstring_view caption);
     void Destroy() noexcept;
     void Center();
@@ -112,6 +120,8 @@ private:
     bool unloaded_ = false;
     bool ownerDisabled_ = false;
     std::function<void(bool)> tellOwner_;
+    AccessibleServer accessible_;
+    AccessibleServer accessibleSurface_;
 };
 
 } // namespace kiv

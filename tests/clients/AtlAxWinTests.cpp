@@ -1,6 +1,7 @@
 // AtlAxWin, the plain container window of the system's own atl.dll: it gives a control a window, and that is
 // nearly all.
 
+#include "tests/support/Accessible.h"
 #include "tests/support/EnumDatabase.h"
 #include "tests/support/EventRecorder.h"
 #include "tests/support/HostWindow.h"
@@ -164,6 +165,45 @@ TEST_F(AtlAxWinTest, LetsTheUserAnswer)
     DestroyWindow(container);
 }
 
+// The text box is somewhere inside the control, parked until the focus comes.
+HWND BoxIn(HWND window)
+{
+    const HWND child = GetWindow(window, GW_CHILD);
+    if (!child)
+        return nullptr;
+    const HWND box = FindWindowExW(window, nullptr, L"Edit", nullptr);
+    return box ? box : BoxIn(child);
+}
+
+// A label in front of the container window, as a dialog lays them out, is the name that assistive tools are
+// told.
+TEST_F(AtlAxWinTest, NamesTheControlByTheLabelBeforeIt)
+{
+    const std::tuple<const wchar_t*, DWORD, const wchar_t*, const wchar_t*> rows[] = {
+        {L"STATIC", WS_VISIBLE, L"&Wages:", L"text \"Wages:\" = \"\" [focusable]"},
+        {L"STATIC", WS_VISIBLE | SS_RIGHT, L"Fish && chips", L"text \"Fish & chips\" = \"\" [focusable]"},
+        {L"STATIC", WS_VISIBLE | SS_NOPREFIX, L"R&D:", L"text \"R&D:\" = \"\" [focusable]"},
+        {L"STATIC", WS_VISIBLE | SS_ETCHEDHORZ, L"no text", L"text = \"\" [focusable]"},
+        {L"STATIC", 0, L"not shown", L"text = \"\" [focusable]"},
+        {L"BUTTON", WS_VISIBLE, L"something else", L"text = \"\" [focusable]"},
+    };
+    for (const auto& [kind, style, text, reading] : rows)
+    {
+        const HWND label = CreateWindowW(kind, text, WS_CHILD | style, 0, 0, 60, 20, host_.Handle(), nullptr,
+                                         nullptr, nullptr);
+        const HWND container = CreateContainer(L"KivControls.CurrencyBox");
+        ASSERT_NE(container, nullptr);
+        {
+            const ComPtr<_CurrencyBox> control = ControlIn<_CurrencyBox>(container);
+            SetWindowPos(container, label, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+            EXPECT_EQ(ReadingsOf(WindowOf(control.Get())), std::vector<std::wstring>{reading}) << text;
+            EXPECT_EQ(ReadingsOf(BoxIn(container)), std::vector<std::wstring>{reading}) << text;
+        }
+        DestroyWindow(container);
+        DestroyWindow(label);
+    }
+}
+
 TEST_F(AtlAxWinTest, MayBeDestroyedWhileTheControlIsHeld)
 {
     const HWND container = CreateContainer(L"{3E649237-873E-11D3-BB17-00105A16D8EF}");
@@ -229,16 +269,6 @@ TEST_F(AtlAxWinTest, LetsTheUserTypeADate)
         EXPECT_EQ(shown.View(), L"01/05/01") << "completed on leaving";
     }
     DestroyWindow(container);
-}
-
-// The text box is somewhere inside the control, parked until the focus comes.
-HWND BoxIn(HWND window)
-{
-    const HWND child = GetWindow(window, GW_CHILD);
-    if (!child)
-        return nullptr;
-    const HWND box = FindWindowExW(window, nullptr, L"Edit", nullptr);
-    return box ? box : BoxIn(child);
 }
 
 TEST_F(AtlAxWinTest, LetsTheUserTypeAnAmount)

@@ -45,7 +45,11 @@ bool IsLeftOut(HWND window, UINT message)
                         (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK || message == BM_CLICK);
     // A double click in the picker's list closes it.
     const bool chooses = IsOfClass(window, "ListBox") && message == WM_LBUTTONDBLCLK;
-    return clicks || chooses || std::ranges::any_of(EndsOrKeepsBusy, isIt) ||
+    // For a text that is not there, Wine's lists take whatever lies in the heap. This one is the system's
+    // alone.
+    const bool addsAnything =
+        IsOfClass(window, "ComboLBox") && (message == LB_ADDSTRING || message == LB_INSERTSTRING);
+    return clicks || chooses || addsAnything || std::ranges::any_of(EndsOrKeepsBusy, isIt) ||
            std::ranges::any_of(DeadlyMessages(), kills);
 }
 

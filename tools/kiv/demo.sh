@@ -4,6 +4,7 @@
 # A script gives up by itself after 120 seconds; a host that takes longer hangs.
 HOST_LIMIT=150
 DEMO_CODES=build/demo/codes.db
+DEMO_SPOKEN=build/demo/spoken.txt
 
 cmd_demo() {
     local headless='' argument arch host status=0
@@ -28,10 +29,12 @@ cmd_demo() {
         manage_windows N FolioHost
         say "A script answers the interview:"
         attend play_script "${host[@]}" "$ROOT/examples/interview" "$ROOT/build/demo/interview.png" || status=$?
+        ((status != 0)) || read_aloud "$arch" || status=$?
     else
         manage_windows Y FolioHost
         say "The interview is open; close its window to end. Its log:"
-        attend wine "${host[@]}" "$(windows_path "$ROOT/examples/interview.form")" || status=$?
+        attend wine "${host[@]}" --spoken "$(windows_path "$ROOT/$DEMO_SPOKEN")" \
+            "$(windows_path "$ROOT/examples/interview.form")" || status=$?
     fi
     conclude_demo "$status" "$headless"
 }
@@ -43,10 +46,21 @@ play_script() {
         --shot "$(windows_path "$picture")" "$(windows_path "$base.form")"
 }
 
+# read_aloud ARCH: once around the form with the Tab key.
+read_aloud() {
+    local host
+    host=("$(host_program "$1")" --spoken "$(windows_path "$ROOT/$DEMO_SPOKEN")" --script "$(windows_path "$ROOT/examples/reading.script")")
+    step "Reading the form aloud" build/demo/reading.log \
+        timeout --foreground --kill-after=10 "$HOST_LIMIT" wine "${host[@]}" "$(windows_path "$ROOT/examples/interview.form")"
+}
+
 # conclude_demo STATUS HEADLESS: the status of the host is that of the demo.
 conclude_demo() {
     case $1 in
-    0) say "The log is in build/demo/transcript.jsonl${2:+, the picture in build/demo/interview.png}." ;;
+    0)
+        say "The log is in build/demo/transcript.jsonl${2:+, the picture in build/demo/interview.png}."
+        say "What a screen reader says on the way is in $DEMO_SPOKEN."
+        ;;
     124 | 137) die "the host did not end within $HOST_LIMIT seconds." \
         "build/demo/transcript.jsonl shows how far it came." ;;
     *)

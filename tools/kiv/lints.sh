@@ -8,9 +8,10 @@
 LAYERS="\
 runtime/core/         runtime/core/
 runtime/com/          runtime/(core|com)/
+runtime/access/       runtime/(core|com|access)/
 runtime/drawing/      runtime/(core|com|drawing)/
-runtime/constituents/ runtime/(core|com|drawing|constituents)/
-runtime/control/      runtime/(core|com|drawing|constituents|control)/
+runtime/constituents/ runtime/(core|com|access|drawing|constituents)/
+runtime/control/      runtime/(core|com|access|drawing|constituents|control)/
 runtime/form/         runtime/
 framework/subclass/   runtime/|framework/subclass/
 controls/             runtime/|framework/subclass/|resources/|controls/
@@ -21,7 +22,7 @@ tests/pictures/ tools/pictures/|tests/pictures/
 tests/native/   runtime/core/|controls/|host/|resources/|tools/|tests/(native|pictures)/
 fuzz/           runtime/core/|controls/|host/|fuzz/
 tests/module/   runtime/|framework/subclass/|host/|tests/(support|module)/
-host/           runtime/(core|com)/|host/
+host/           runtime/(core|com|access)/|host/
 tests/          runtime/(core|com)/|host/|tests/
 bench/Rules     runtime/core/|controls/|bench/
 bench/          runtime/(core|com)/|host/|tests/support/|bench/"

@@ -192,6 +192,22 @@ TEST(PicCommandRulesTest, FramesAButtonSomewhereElse)
     EXPECT_EQ(there.Inside, (PixelRect{8, 10, 12, 12}));
 }
 
+TEST(PicCommandRulesTest, SaysWhatThePictureMeans)
+{
+    const std::pair<ButtonIcon, const wchar_t*> rows[] = {
+        {ButtonIcon::None, L""},
+        {ButtonIcon::Partial, L"partial"},
+        {ButtonIcon::CheckMark, L"complete"},
+        {ButtonIcon::Plus, L"plus"},
+        {ButtonIcon::Minus, L"minus"},
+        {ButtonIcon::Note, L"note"},
+        {ButtonIcon::Graph, L"graph"},
+        {ButtonIcon::WebLink, L"web link"},
+    };
+    for (const auto& [icon, meaning] : rows)
+        EXPECT_STREQ(MeaningOf(icon), meaning);
+}
+
 } // namespace
 
 } // namespace kiv

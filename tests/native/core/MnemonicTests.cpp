@@ -34,6 +34,17 @@ TEST(MnemonicTest, IsTheFirstLetterThatASingleAmpersandMarks)
         EXPECT_EQ(MnemonicOf(row.Caption), row.Letter) << testing::PrintToString(std::wstring(row.Caption));
 }
 
+TEST(MnemonicTest, IsNotShown)
+{
+    const std::pair<const wchar_t*, const wchar_t*> rows[] = {
+        {L"", L""},           {L"OK", L"OK"},        {L"&OK", L"OK"},  {L"E&xit", L"Exit"},
+        {L"Exit&", L"Exit&"}, {L"A && B", L"A & B"}, {L"&&&B", L"&B"}, {L"&One &Two", L"One Two"},
+        {L"&&", L"&"},        {L"&", L"&"},
+    };
+    for (const auto& [caption, shown] : rows)
+        EXPECT_EQ(WithoutMnemonic(caption), shown) << testing::PrintToString(std::wstring(caption));
+}
+
 } // namespace
 
 } // namespace kiv::test

@@ -301,6 +301,15 @@ TEST(ChkComboFocus, IsHandedOnAcrossTheEndOfTheTicks)
     EXPECT_TRUE(debounce.HandsOn(6));
 }
 
+TEST(ChkComboLook, SaysAStatusInWords)
+{
+    EXPECT_STREQ(StatusInWords(0), L"");
+    EXPECT_STREQ(StatusInWords(1), L"partial");
+    EXPECT_STREQ(StatusInWords(2), L"complete");
+    EXPECT_STREQ(StatusInWords(3), L"");
+    EXPECT_STREQ(StatusInWords(-1), L"");
+}
+
 } // namespace
 
 } // namespace kiv

@@ -100,6 +100,17 @@ TEST(EnumWidths, AreWholeNumbersOfSixteenBits)
     EXPECT_EQ(WidestLine(0, 1e9), 32767);
 }
 
+TEST(EnumItems, AreReadAsCodeAndDescription)
+{
+    EXPECT_EQ(SpokenItem(true, L"7\tPears"), L"7, Pears");
+    EXPECT_EQ(SpokenItem(true, L"\tand more pears"), L"and more pears");
+    EXPECT_EQ(SpokenItem(true, L"(none)\t"), L"(none)");
+    EXPECT_EQ(SpokenItem(true, L"no tab"), L"no tab");
+    EXPECT_EQ(SpokenItem(false, L"Pears\t7"), L"Pears");
+    EXPECT_EQ(SpokenItem(false, L"(none)\t"), L"(none)");
+    EXPECT_EQ(SpokenItem(false, L""), L"");
+}
+
 } // namespace
 
 } // namespace kiv::test

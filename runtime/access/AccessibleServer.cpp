@@ -1,0 +1,56 @@
+#include "runtime/access/AccessibleServer.h"
+
+#include "runtime/com/MakeCom.h"
+
+using Microsoft::WRL::ComPtr;
+
+namespace kiv
+{
+
+LRESULT AccessibleServer::Answer(AccessibleSource& source, HWND window, HWND frame, WPARAM wParam,
+                                 LPARAM lParam)
+{
+    // Objects are asked for by numbers of 32 bits.
+    if (static_cast<LONG>(lParam) != OBJID_CLIENT)
+        return 0;
+    if (!object_)
+    {
+        ComPtr<AccessibleObject> made = MakeCom<AccessibleObject>(source, window, frame);
+        object_.Swap(made);
+    }
+    const ComPtr<AccessibleObject> held = object_;
+    return LresultFromObject(IID_IAccessible, wParam, static_cast<IAccessible*>(held.Get()));
+}
+
+void AccessibleServer::Disconnect()
+{
+    if (const ComPtr<AccessibleObject> object = std::exchange(object_, nullptr))
+        object->Disconnect();
+}
+
+namespace
+{
+
+// Wine's edit controls, buttons, lists and scroll bars announce nothing.
+bool ControlsAnnounce()
+{
+    static const bool announce =
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
+    return announce;
+}
+
+} // namespace
+
+void Announce(DWORD event, HWND window, int part)
+{
+    if (window && IsWinEventHookInstalled(event))
+        NotifyWinEvent(event, window, OBJID_CLIENT, part);
+}
+
+void AnnounceForSystem(DWORD event, HWND window, int part)
+{
+    if (!ControlsAnnounce())
+        Announce(event, window, part);
+}
+
+} // namespace kiv

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "runtime/access/AccessibleObject.h"
+
+namespace kiv
+{
+
+// Gives assistive tools the object of a window, and lets go of it when it goes itself.
+class AccessibleServer
+{
+public:
+    AccessibleServer() = default;
+    AccessibleServer(const AccessibleServer&) = delete;
+    AccessibleServer& operator=(const AccessibleServer&) = delete;
+    ~AccessibleServer() { Disconnect(); }
+
+    // What the window answers to WM_GETOBJECT; 0 leaves the message to the system. frame: the outermost
+    // window of what is described.
+    LRESULT Answer(AccessibleSource& source, HWND window, HWND frame, WPARAM wParam, LPARAM lParam);
+    // Whoever still holds the object hears from now on that there is nothing any more.
+    void Disconnect();
+
+private:
+    Microsoft::WRL::ComPtr<AccessibleObject> object_;
+};
+
+// Tells assistive tools that something has happened (EVENT_OBJECT_...) to what a window, or a part of it,
+// shows. Costs next to nothing while nobody listens.
+void Announce(DWORD event, HWND window, int part = CHILDID_SELF);
+
+// The same for what the system's own controls announce by themselves, which is only left to be done where the
+// system does not.
+void AnnounceForSystem(DWORD event, HWND window, int part = CHILDID_SELF);
+
+} // namespace kiv

@@ -1,0 +1,94 @@
+#include "runtime/control/UserControl.h"
+
+#include "runtime/access/WindowText.h"
+#include "runtime/com/Bstr.h"
+
+using Microsoft::WRL::ComPtr;
+
+namespace kiv
+{
+
+namespace
+{
+
+std::wstring TextOf(const Variant& value)
+{
+    const std::optional<Variant> text = value.As(VT_BSTR);
+    return text ? text->Text() : std::wstring();
+}
+
+// As a site that takes part itself calls what stands in it.
+std::wstring NameBySite(IOleClientSite* site)
+{
+    ComPtr<IAccessible> accessible;
+    if (!site || FAILED(site->QueryInterface(IID_PPV_ARGS(&accessible))))
+        return {};
+    VARIANT self = {};
+    V_VT(&self) = VT_I4;
+    V_I4(&self) = CHILDID_SELF;
+    Bstr name;
+    return SUCCEEDED(accessible->get_accName(self, name.Receive())) ? name.String() : std::wstring();
+}
+
+} // namespace
+
+AccessibleInfo UserControl::Describe(int part) const
+{
+    const bool whole = part == CHILDID_SELF;
+    AccessibleInfo info = whole ? Accessible() : AccessiblePart(part);
+    const bool hasFocus = surface_.ContainsFocus();
+    if (whole)
+    {
+        GetWindowRect(surface_.hWnd(), &info.Place);
+        info.State |= hasFocus ? STATE_SYSTEM_FOCUSED : 0;
+    }
+    else
+    {
+        MapWindowPoints(surface_.hWnd(), nullptr, reinterpret_cast<POINT*>(&info.Place), 2);
+        info.State |= hasFocus && part == FocusedPart() ? STATE_SYSTEM_FOCUSED : 0;
+    }
+    // A picture is there to be seen, unless its container lets it have the focus all the same.
+    const bool takesFocus = hasFocus || info.Role != ROLE_SYSTEM_GRAPHIC;
+    if (!surface_.Enabled())
+        info.State |= STATE_SYSTEM_UNAVAILABLE;
+    else if (takesFocus)
+        info.State |= STATE_SYSTEM_FOCUSABLE;
+    if (!IsWindowVisible(surface_.hWnd()))
+        info.State |= STATE_SYSTEM_INVISIBLE;
+    return info;
+}
+
+std::wstring UserControl::NameOf(int part) const
+{
+    return part == CHILDID_SELF ? AccessibleName() : AccessiblePart(part).Name;
+}
+
+// Each of these asks the container, which may do anything.
+std::wstring UserControl::AccessibleName() const
+{
+    std::wstring name = TextOf(Extender().Get(L"AccessibleName"));
+    if (name.empty())
+        name = NameBySite(ComPtr<IOleClientSite>(clientSite_).Get());
+    // Labels that are no windows only the container knows.
+    if (name.empty())
+        name = TextOf(Extender().Get(L"LabelText"));
+    if (name.empty())
+        name = PrecedingLabel(surface_.hWnd());
+    return name.empty() ? Ambient().DisplayName() : name;
+}
+
+void UserControl::Announce(DWORD event, int part) const
+{
+    if (!loading_)
+        kiv::Announce(event, FocusWindow().hWnd(), part);
+}
+
+bool UserControl::TakeAccessibleFocus(int)
+{
+    if (!TakesInput())
+        return false;
+    TakeFocus();
+    return surface_.ContainsFocus();
+}
+
+} // namespace kiv

@@ -1,0 +1,228 @@
+// What assistive tools do to the controls, and what becomes of their objects when the controls are gone.
+
+#include "tests/gui/access/AccessTest.h"
+#include "tests/support/AutomationCalls.h"
+#include "tests/support/Thread.h"
+
+using Microsoft::WRL::ComPtr;
+
+namespace kiv::test
+{
+
+namespace
+{
+
+VARIANT PartNumber(long part)
+{
+    VARIANT number = {};
+    V_VT(&number) = VT_I4;
+    V_I4(&number) = part;
+    return number;
+}
+
+class AccessActionTest : public AccessTest
+{
+protected:
+    static HRESULT Act(HWND window, long part = CHILDID_SELF)
+    {
+        return AccessibleOf(window)->accDoDefaultAction(PartNumber(part));
+    }
+    static HRESULT PutValue(HWND window, const wchar_t* text)
+    {
+        return AccessibleOf(window)->put_accValue(PartNumber(CHILDID_SELF), Bstr(text).Get());
+    }
+};
+
+} // namespace
+
+TEST_F(AccessActionTest, SelectAndClearAskTheHostAsAClickDoes)
+{
+    AddElsewhere();
+    HostedYesNo control(TheForm());
+    ShowForm();
+    control.TakeTrace();
+    EXPECT_EQ(Act(control.Window(), 1), S_OK);
+    EXPECT_EQ(control.TakeOutcome(), "1 Y @Yes | Click 1, Value, Text, Change 1");
+    EXPECT_EQ(Act(control.Window(), 1), S_OK);
+    EXPECT_EQ(control.TakeOutcome(), "0 Null @Yes | Click 0, Value, Text, Change 0");
+    EXPECT_EQ(Act(control.Window(), 2), S_OK);
+    EXPECT_EQ(control.TakeOutcome(), "2 N @No | Click 2, Value, Text, Change 2");
+    control.CancelClicks();
+    EXPECT_EQ(Act(control.Window(), 1), S_OK);
+    EXPECT_EQ(control.Value(), 2);
+    // As a whole it does nothing, and neither does one that is disabled.
+    EXPECT_EQ(Act(control.Window()), DISP_E_MEMBERNOTFOUND);
+    control.Site().Put(L"Enabled", Variant(false));
+    EXPECT_EQ(Act(control.Window(), 1), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(Act(control.Window(), 3), E_INVALIDARG);
+    EXPECT_EQ(Act(control.Window(), -1), E_INVALIDARG);
+}
+
+TEST_F(AccessActionTest, NothingIsDoneWhileTheFormIsDesigned)
+{
+    host::SiteOptions options = Placed();
+    options.userMode = false;
+    host::ControlSite& site = TheForm().Add(CLSID_YesNo, options);
+    ShowForm();
+    EXPECT_EQ(Act(site.Window(), 1), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(site.Get(L"Value").Long(), 0);
+}
+
+TEST_F(AccessActionTest, ButtonsArePressedAndListsOpened)
+{
+    host::ControlSite& button = AddLabelled(L"", CLSID_PicCommand);
+    host::ControlSite& combo = AddLabelled(L"Forms:", CLSID_ChkCombo);
+    combo.Call(L"AddItem", {Variant(L"One")});
+    combo.Call(L"AddItem", {Variant(L"Two")});
+    ShowForm();
+    EXPECT_EQ(Act(button.Window()), S_OK);
+    Settle();
+    EXPECT_EQ(Act(combo.Window()), S_OK);
+    Settle();
+    EXPECT_NE(ReadingsOf(combo.Window()).front().find(L"expanded"), std::wstring::npos);
+    EXPECT_EQ(Act(combo.Window()), S_OK);
+    Settle();
+    EXPECT_NE(ReadingsOf(combo.Window()).front().find(L"collapsed"), std::wstring::npos);
+    // Its list is an object, whose items can be selected.
+    ComPtr<IDispatch> child;
+    ASSERT_EQ(AccessibleOf(combo.Window())->get_accChild(PartNumber(1), &child), S_OK);
+    ComPtr<IAccessible> list;
+    ASSERT_EQ(child.As(&list), S_OK);
+    EXPECT_EQ(list->accSelect(SELFLAG_TAKESELECTION, PartNumber(2)), S_OK);
+    EXPECT_EQ(combo.Get(L"Text").Text(), L"Two");
+    EXPECT_EQ(list->accDoDefaultAction(PartNumber(1)), S_OK);
+    EXPECT_EQ(combo.Get(L"Text").Text(), L"One");
+    EXPECT_EQ(list->accDoDefaultAction(PartNumber(3)), E_INVALIDARG);
+    // It knows what it is a part of.
+    ComPtr<IDispatch> parent;
+    ASSERT_EQ(list->get_accParent(&parent), S_OK);
+    ComPtr<IAccessible> whole;
+    ASSERT_EQ(parent.As(&whole), S_OK);
+    EXPECT_NE(Reading(*whole.Get()).find(L"combo box"), std::wstring::npos);
+}
+
+TEST_F(AccessActionTest, AValueIsTakenByTheControlsOwnRules)
+{
+    host::ControlSite& number = AddLabelled(L"SSN:", CLSID_NumberBox);
+    host::ControlSite& amount = AddLabelled(L"Wages:", CLSID_CurrencyBox);
+    ShowForm();
+    EXPECT_EQ(PutValue(number.Window(), L"123-45-6789"), S_OK);
+    EXPECT_EQ(number.Get(L"Value").Text(), L"123-45-6789");
+    EXPECT_EQ(PutValue(number.Window(), L"123-45-678"), RunTimeError(380));
+    EXPECT_EQ(number.Get(L"Value").Text(), L"123-45-6789");
+    EXPECT_EQ(PutValue(amount.Window(), L"1,234"), S_OK);
+    EXPECT_EQ(amount.Get(L"Text").Text(), L"1,234");
+    EXPECT_EQ(PutValue(amount.Window(), L"much"), RunTimeError(380));
+    amount.Put(L"Enabled", Variant(false));
+    EXPECT_EQ(PutValue(amount.Window(), L"5"), DISP_E_MEMBERNOTFOUND);
+}
+
+TEST_F(AccessActionTest, TheFocusCanBeTakenAndIsFound)
+{
+    host::ControlSite& site = AddLabelled(L"Resident?", CLSID_YesNo);
+    ShowForm();
+    const ComPtr<IAccessible> object = AccessibleOf(site.Window());
+    Variant focused;
+    EXPECT_EQ(object->get_accFocus(focused.Receive()), S_FALSE);
+    EXPECT_EQ(focused.Type(), VT_EMPTY);
+    EXPECT_EQ(object->accSelect(SELFLAG_TAKEFOCUS, PartNumber(CHILDID_SELF)), S_OK);
+    EXPECT_EQ(TheForm().FocusedItem(), &site);
+    EXPECT_EQ(object->get_accFocus(focused.Receive()), S_OK);
+    EXPECT_EQ(focused.Long(), 1);
+    EXPECT_EQ(object->accSelect(SELFLAG_EXTENDSELECTION, PartNumber(CHILDID_SELF)), E_INVALIDARG);
+}
+
+TEST_F(AccessActionTest, APlaceLeadsToTheOptionThere)
+{
+    host::ControlSite& site = AddLabelled(L"Resident?", CLSID_YesNo);
+    ShowForm();
+    RECT place = {};
+    GetWindowRect(site.Window(), &place);
+    for (const auto& [x, part] : {std::pair(place.left + 3, 1L), std::pair(place.right - 3, 2L)})
+    {
+        ComPtr<IAccessible> object;
+        Variant child;
+        ASSERT_EQ(AccessibleObjectFromPoint({x, (place.top + place.bottom) / 2}, &object, child.Receive()),
+                  S_OK);
+        EXPECT_EQ(child.Long(), part);
+        EXPECT_NE(Reading(*object.Get(), part).find(L"radio button"), std::wstring::npos);
+    }
+    const ComPtr<IAccessible> object = AccessibleOf(site.Window());
+    Variant found;
+    EXPECT_EQ(object->accHitTest(place.left - 1, place.top, found.Receive()), S_FALSE);
+    // From one to the other, and no further.
+    EXPECT_EQ(object->accNavigate(NAVDIR_FIRSTCHILD, PartNumber(CHILDID_SELF), found.Receive()), S_OK);
+    EXPECT_EQ(found.Long(), 1);
+    EXPECT_EQ(object->accNavigate(NAVDIR_NEXT, PartNumber(1), found.Receive()), S_OK);
+    EXPECT_EQ(found.Long(), 2);
+    EXPECT_EQ(object->accNavigate(NAVDIR_NEXT, PartNumber(2), found.Receive()), S_FALSE);
+}
+
+TEST_F(AccessActionTest, AnObjectMayBeHeldLongerThanTheControlLives)
+{
+    std::vector<ComPtr<IAccessible>> objects;
+    std::vector<ComPtr<IAccessible>> lists;
+    for (const CLSID* id :
+         {&CLSID_YesNo, &CLSID_NumberBox, &CLSID_DateBox, &CLSID_CurrencyBox, &CLSID_PercentBox,
+          &CLSID_ChkCombo, &CLSID_EnumList, &CLSID_PicCommand, &CLSID_PicLite})
+    {
+        host::ControlSite& site = TheForm().Add(*id, Placed());
+        objects.push_back(AccessibleOf(site.Window()));
+        if (const HWND inner = GetWindow(site.Window(), GW_CHILD))
+            objects.push_back(AccessibleOf(inner));
+        ComPtr<IDispatch> child;
+        ComPtr<IAccessible> list;
+        if (objects.back()->get_accChild(PartNumber(1), &child) == S_OK && child.As(&list) == S_OK)
+            objects.push_back(list);
+        TheForm().Remove(site);
+    }
+    DestroyForm();
+    for (const ComPtr<IAccessible>& object : objects)
+    {
+        Bstr text;
+        Variant value;
+        long number = 0;
+        ComPtr<IDispatch> child;
+        EXPECT_EQ(object->get_accName(PartNumber(0), text.Receive()), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->get_accValue(PartNumber(0), text.Receive()), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->get_accState(PartNumber(0), value.Receive()), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->get_accChildCount(&number), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->get_accChild(PartNumber(1), &child), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->get_accParent(&child), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->accDoDefaultAction(PartNumber(0)), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->accHitTest(0, 0, value.Receive()), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->put_accName(PartNumber(0), nullptr), CO_E_OBJNOTCONNECTED);
+        ComPtr<IOleWindow> window;
+        HWND found = nullptr;
+        ASSERT_EQ(object.As(&window), S_OK);
+        EXPECT_EQ(window->GetWindow(&found), CO_E_OBJNOTCONNECTED);
+    }
+    StartAnew();
+}
+
+TEST_F(AccessActionTest, AnObjectOnAnotherThreadRefusesInsteadOfBreaking)
+{
+    host::ControlSite& site = AddLabelled(L"Resident?", CLSID_YesNo);
+    ShowForm();
+    const ComPtr<IAccessible> object = AccessibleOf(site.Window());
+    HRESULT result = S_OK;
+    {
+        const Thread thread([&] {
+            Bstr name;
+            result = object->get_accName(PartNumber(0), name.Receive());
+        });
+    }
+    EXPECT_EQ(result, RPC_E_WRONG_THREAD);
+}
+
+TEST_F(AccessActionTest, LateBoundClientsAreServedToo)
+{
+    host::ControlSite& site = AddLabelled(L"Resident?", CLSID_YesNo);
+    ShowForm();
+    const ComPtr<IAccessible> object = AccessibleOf(site.Window());
+    EXPECT_EQ(Invoke(object.Get(), DISPID_ACC_NAME, DISPATCH_PROPERTYGET, {Variant(0L)}).Value.Text(),
+              L"Resident?");
+    EXPECT_EQ(Invoke(object.Get(), DISPID_ACC_CHILDCOUNT, DISPATCH_PROPERTYGET).Value.Long(), 2);
+}
+
+} // namespace kiv::test
