@@ -12,12 +12,12 @@ constexpr short Rejected = 0;
 
 bool IsDigitKey(short keyAscii)
 {
-    return keyAscii > 0 && IsDigit(static_cast<wchar_t>(keyAscii));
+    return IsDigit(static_cast<wchar_t>(keyAscii));
 }
 
 bool IsPointKey(short keyAscii, const NumberLocale& locale)
 {
-    return keyAscii == '.' || (keyAscii > 0 && static_cast<wchar_t>(keyAscii) == locale.DecimalPoint);
+    return keyAscii == '.' || keyAscii == locale.DecimalPoint;
 }
 
 void DeleteSelection(BoxState& box)

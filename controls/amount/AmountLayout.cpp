@@ -8,10 +8,11 @@ namespace
 
 AmountLayout CalcAmountLayout(const AmountSizes& sizes, double centredHeight)
 {
-    AmountLayout layout;
-    layout.Label = {2 * sizes.TwipsPerPixelX, CentredTop(sizes.ScaleHeight, centredHeight),
-                    sizes.ScaleWidth - 4 * sizes.TwipsPerPixelX};
-    layout.Box = {sizes.TwipsPerPixelX, ParkedTop, sizes.ScaleWidth - 2 * sizes.TwipsPerPixelX};
+    AmountLayout layout = {
+        .Label = {2 * sizes.TwipsPerPixelX, CentredTop(sizes.ScaleHeight, centredHeight),
+                  sizes.ScaleWidth - 4 * sizes.TwipsPerPixelX},
+        .Box = {sizes.TwipsPerPixelX, ParkedTop, sizes.ScaleWidth - 2 * sizes.TwipsPerPixelX},
+        .Height = {}};
     // One pixel above the box and one below. Compared in single precision, as hosts store their sizes.
     const double needed = static_cast<float>(sizes.BoxHeight + 2 * sizes.TwipsPerPixelY);
     if (needed > sizes.ScaleHeight)

@@ -9,22 +9,22 @@ namespace kiv
 struct AmountSizes
 {
     // The surface inside the border.
-    double ScaleWidth = 0;
-    double ScaleHeight = 0;
+    double ScaleWidth;
+    double ScaleHeight;
     // The control with its border.
-    double Height = 0;
-    double BoxHeight = 0;
-    double LabelHeight = 0;
-    double TwipsPerPixelX = 0;
-    double TwipsPerPixelY = 0;
+    double Height;
+    double BoxHeight;
+    double LabelHeight;
+    double TwipsPerPixelX;
+    double TwipsPerPixelY;
 };
 
 // Where a constituent goes, in twips. Its height, which follows its font, stays as it is.
 struct AmountPlace
 {
-    double Left = 0;
-    double Top = 0;
-    double Width = 0;
+    double Left;
+    double Top;
+    double Width;
 
     bool operator==(const AmountPlace&) const = default;
 };

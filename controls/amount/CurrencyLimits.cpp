@@ -1,6 +1,7 @@
 #include "controls/amount/CurrencyLimits.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace kiv
 {
@@ -26,9 +27,10 @@ int CountIntDigits(Currency amount)
 std::optional<Currency> WidestMaxValue(const CurrencyLimits& limits)
 {
     // More say nothing more: so many are too many, or behind the point round up.
-    constexpr int Enough = 30;
-    const int intDigits = std::clamp<int>(limits.NumIntDigits, 0, Enough);
-    const int decDigits = std::clamp<int>(limits.NumDecDigits, 0, Enough);
+    constexpr int Enough = std::numeric_limits<std::int64_t>::digits10;
+    const auto limited = [&](int digits) { return std::clamp(digits, 0, Enough); };
+    const int intDigits = limited(limits.NumIntDigits);
+    const int decDigits = limited(limits.NumDecDigits);
     return Currency::From(
         Decimal(false, std::string(static_cast<std::size_t>(intDigits + decDigits), '9'), intDigits));
 }

@@ -1,6 +1,7 @@
 #include "controls/choice/PicCommandRules.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kiv
 {
@@ -94,35 +95,31 @@ bool IsLinkStyle(ButtonIcon icon)
 
 ButtonFrame ButtonFrameOf(PixelRect button, bool pressed, bool framed)
 {
-    ButtonFrame frame;
+    std::vector<FrameStroke> strokes;
     PixelRect r = button;
     if (framed)
     {
-        frame.Strokes.push_back({FrameColor::Black,
-                                 {{r.Left, r.Bottom - 2},
-                                  {r.Left, r.Top},
-                                  {r.Right - 1, r.Top},
-                                  {r.Right - 1, r.Bottom - 1},
-                                  {r.Left - 1, r.Bottom - 1}}});
+        strokes.push_back({FrameColor::Black,
+                           {{r.Left, r.Bottom - 2},
+                            {r.Left, r.Top},
+                            {r.Right - 1, r.Top},
+                            {r.Right - 1, r.Bottom - 1},
+                            {r.Left - 1, r.Bottom - 1}}});
         r = Shrunk(r, 1);
     }
     // The one pixel of the frame that the lines below leave out, since none draws its last point: without
     // this it would keep what another state has drawn there.
-    frame.Strokes.push_back({FrameColor::Face, {{r.Left, r.Bottom - 1}, {r.Left + 1, r.Bottom - 1}}});
+    strokes.push_back({FrameColor::Face, {{r.Left, r.Bottom - 1}, {r.Left + 1, r.Bottom - 1}}});
     // One line through all four: each begins where the one before it ended.
     const BevelColors colors = ColorsOf(pressed, framed);
-    frame.Strokes.push_back(
-        {colors.InnerTopLeft,
-         {{r.Left + 1, r.Bottom - 3}, {r.Left + 1, r.Top + 1}, {r.Right - 2, r.Top + 1}}});
-    frame.Strokes.push_back(
-        {colors.InnerBottomRight,
-         {{r.Right - 2, r.Top + 1}, {r.Right - 2, r.Bottom - 2}, {r.Left, r.Bottom - 2}}});
-    frame.Strokes.push_back(
-        {colors.OuterTopLeft, {{r.Left, r.Bottom - 2}, {r.Left, r.Top}, {r.Right - 1, r.Top}}});
-    frame.Strokes.push_back({colors.OuterBottomRight,
-                             {{r.Right - 1, r.Top}, {r.Right - 1, r.Bottom - 1}, {r.Left, r.Bottom - 1}}});
-    frame.Inside = Shrunk(r, 2);
-    return frame;
+    strokes.push_back({colors.InnerTopLeft,
+                       {{r.Left + 1, r.Bottom - 3}, {r.Left + 1, r.Top + 1}, {r.Right - 2, r.Top + 1}}});
+    strokes.push_back({colors.InnerBottomRight,
+                       {{r.Right - 2, r.Top + 1}, {r.Right - 2, r.Bottom - 2}, {r.Left, r.Bottom - 2}}});
+    strokes.push_back({colors.OuterTopLeft, {{r.Left, r.Bottom - 2}, {r.Left, r.Top}, {r.Right - 1, r.Top}}});
+    strokes.push_back({colors.OuterBottomRight,
+                       {{r.Right - 1, r.Top}, {r.Right - 1, r.Bottom - 1}, {r.Left, r.Bottom - 1}}});
+    return {std::move(strokes), Shrunk(r, 2)};
 }
 
 ButtonLayout ButtonLayoutOf(PixelRect text, const ButtonPicture& picture, long pictureType, int captionWidth)

@@ -24,8 +24,8 @@ enum class ButtonIcon
 struct ButtonPicture
 {
     ButtonIcon Icon = ButtonIcon::None;
-    int PicWidth = 0;
-    int PicHeight = 0;
+    int PicWidth;
+    int PicHeight;
 
     bool operator==(const ButtonPicture&) const = default;
 };
@@ -41,18 +41,18 @@ bool IsLinkStyle(ButtonIcon icon);
 
 struct PixelPoint
 {
-    int X = 0;
-    int Y = 0;
+    int X;
+    int Y;
 
     bool operator==(const PixelPoint&) const = default;
 };
 
 struct PixelRect
 {
-    int Left = 0;
-    int Top = 0;
-    int Right = 0;
-    int Bottom = 0;
+    int Left;
+    int Top;
+    int Right;
+    int Bottom;
 
     bool operator==(const PixelRect&) const = default;
 };

@@ -10,6 +10,8 @@ namespace kiv
 namespace
 {
 
+using Row = std::span<std::uint8_t>;
+
 // As many as take less time than looking up every byte.
 constexpr std::size_t MostSteps = 8;
 
@@ -34,7 +36,9 @@ void ExchangeRow(std::uint8_t* row, std::size_t width, PixelExchange exchange)
 
 // The bytes of pixels of 24 bits, for as many as are handled at once.
 constexpr std::size_t StripPixels = 256;
-using Strip = std::array<std::uint8_t, 3 * StripPixels>;
+constexpr std::size_t StripBytes = 3 * StripPixels;
+using Strip = std::array<std::uint8_t, StripBytes>;
+using WiderStrip = std::array<std::uint8_t, StripBytes + 2>;
 
 Strip Repeated(std::uint32_t pixel)
 {
@@ -58,10 +62,14 @@ public:
     {
     }
 
-    void Row(std::uint8_t* row, std::size_t width)
+    void OnRow(Row row)
     {
-        for (std::size_t x = 0; x < width; x += StripPixels)
-            Part(row + 3 * x, 3 * std::min(width - x, StripPixels));
+        while (!row.empty())
+        {
+            const std::size_t count = std::min(row.size(), StripBytes);
+            Part(row.data(), count);
+            row = row.subspan(count);
+        }
     }
 
 private:
@@ -90,36 +98,36 @@ private:
     const Strip written_;
     const Strip firstOfPixel_; // all bits of each pixel's first byte
     // What differs in each byte; nothing in the two behind the last one.
-    std::array<std::uint8_t, 3 * StripPixels + 2> differs_ = {};
+    WiderStrip differs_ = {};
     // All bits of the first byte of each pixel that is exchanged, two places further on.
-    std::array<std::uint8_t, 3 * StripPixels + 2> equals_ = {};
+    WiderStrip equals_ = {};
 };
 
-void ExchangeBytes(std::uint8_t* bytes, std::size_t count, const EntryExchange& exchange)
+void ExchangeBytes(std::span<std::uint8_t> bytes, const EntryExchange& exchange)
 {
     if (!exchange.Steps())
     {
-        std::transform(bytes, bytes + count, bytes, exchange);
+        std::ranges::transform(bytes, bytes.begin(), exchange);
         return;
     }
     for (const PixelExchange& step : *exchange.Steps())
     {
         if (step.ColorBits == 0)
-            std::fill_n(bytes, count, static_cast<std::uint8_t>(step.Written));
+            std::fill_n(bytes.data(), bytes.size(), static_cast<std::uint8_t>(step.Written));
         else
-            ExchangeRow<std::uint8_t>(bytes, count, step);
+            ExchangeRow<std::uint8_t>(bytes.data(), bytes.size(), step);
     }
 }
 
-void ExchangeEntries(std::uint8_t* row, std::size_t bits, const EntryExchange& exchange)
+void ExchangeEntries(Row row, std::size_t bits, const EntryExchange& exchange)
 {
-    std::uint8_t* const rest = row + bits / 8;
-    ExchangeBytes(row, bits / 8, exchange);
+    ExchangeBytes(row.first(bits / 8), exchange);
     if (bits % 8 == 0)
         return;
+    std::uint8_t& rest = row[bits / 8];
     // The first pixel of a byte is in its highest bits; those after the last one stay as they are.
     const auto theirs = static_cast<std::uint8_t>(0xFF << (8 - bits % 8));
-    *rest = static_cast<std::uint8_t>((*rest & ~theirs) | (exchange(*rest) & theirs));
+    rest = static_cast<std::uint8_t>((rest & ~theirs) | (exchange(rest) & theirs));
 }
 
 // A row that is cut short at the end is left alone.
@@ -129,7 +137,15 @@ void ForEachRow(const PixelRows& rows, Each each)
     const std::size_t used = (rows.Width * rows.BitsPerPixel + 7) / 8;
     for (std::size_t start = 0; start + used <= rows.Bytes.size() && rows.RowBytes != 0;
          start += rows.RowBytes)
-        each(rows.Bytes.data() + start);
+        each(rows.Bytes.subspan(start, used));
+}
+
+// For each pixel of a byte: how far up in it its bits are.
+template<class Each>
+void ForEachShift(std::size_t bitsPerPixel, Each each)
+{
+    for (std::size_t shift = 0; shift < 8; shift += bitsPerPixel)
+        each(shift);
 }
 
 } // namespace
@@ -154,18 +170,22 @@ EntryExchange::EntryExchange(std::size_t bitsPerPixel, std::span<const std::uint
         const std::size_t bit = entry * bitsPerPixel;
         becomes[entry] = exchanged[bit / 8] >> (8 - bitsPerPixel - bit % 8) & (entries - 1);
     }
-    for (std::size_t shift = 0; shift < 8; shift += bitsPerPixel)
+    ForEachShift(bitsPerPixel, [&](std::size_t shift) {
         for (std::size_t value = 0; value < bytes_.size(); ++value)
             bytes_[value] |= static_cast<std::uint8_t>(becomes[value >> shift & (entries - 1)] << shift);
+    });
     FindSteps(becomes, bitsPerPixel);
 }
 
 void EntryExchange::FindSteps(std::span<const std::uint32_t> becomes, std::size_t bitsPerPixel)
 {
     std::vector<PixelExchange> steps;
-    if (std::ranges::count(becomes, becomes[0]) == std::ssize(becomes))
+    if (std::ranges::count(becomes, becomes.front()) == std::ssize(becomes))
     {
-        steps_ = {{0, 0, 0, bytes_[0]}};
+        // Whatever the byte's bits are.
+        PixelExchange everyByte = {};
+        everyByte.Written = bytes_.front();
+        steps_ = {everyByte};
         return;
     }
     const auto entries = static_cast<std::uint32_t>(becomes.size());
@@ -177,9 +197,10 @@ void EntryExchange::FindSteps(std::span<const std::uint32_t> becomes, std::size_
         // A later step must not meet what an earlier one has written.
         if (becomes[other] != other)
             return;
-        for (std::size_t shift = 0; shift < 8; shift += bitsPerPixel)
+        ForEachShift(bitsPerPixel, [&](std::size_t shift) {
             steps.push_back(
                 {(entries - 1) << shift, entry << shift, ~((entries - 1) << shift), other << shift});
+        });
     }
     if (steps.size() <= MostSteps)
         steps_ = std::move(steps);
@@ -192,21 +213,18 @@ void Exchange(const PixelRows& rows, const PixelExchange& exchange)
     if ((exchange.Wanted & ~(exchange.ColorBits & pixelBits)) != 0)
         return;
     if (rows.BitsPerPixel == 16)
-        ForEachRow(rows, [&](std::uint8_t* row) { ExchangeRow<std::uint16_t>(row, rows.Width, exchange); });
+        ForEachRow(rows, [&](Row row) { ExchangeRow<std::uint16_t>(row.data(), rows.Width, exchange); });
     else if (rows.BitsPerPixel == 24)
-        ForEachRow(rows, [&, byBytes = Exchange24(exchange)](std::uint8_t* row) mutable {
-            byBytes.Row(row, rows.Width);
-        });
+        ForEachRow(rows, [byBytes = Exchange24(exchange)](Row row) mutable { byBytes.OnRow(row); });
     else if (rows.BitsPerPixel == 32)
-        ForEachRow(rows, [&](std::uint8_t* row) { ExchangeRow<std::uint32_t>(row, rows.Width, exchange); });
+        ForEachRow(rows, [&](Row row) { ExchangeRow<std::uint32_t>(row.data(), rows.Width, exchange); });
 }
 
 void Exchange(const PixelRows& rows, const EntryExchange& exchange)
 {
     if (exchange.Steps() && exchange.Steps()->empty())
         return;
-    ForEachRow(rows,
-               [&](std::uint8_t* row) { ExchangeEntries(row, rows.Width * rows.BitsPerPixel, exchange); });
+    ForEachRow(rows, [&](Row row) { ExchangeEntries(row, rows.Width * rows.BitsPerPixel, exchange); });
 }
 
 } // namespace kiv

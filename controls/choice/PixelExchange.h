@@ -13,10 +13,10 @@ namespace kiv
 // The exchange of one colour in pixels of 16, 24 or 32 bits, in terms of the bits that such a pixel holds.
 struct PixelExchange
 {
-    std::uint32_t ColorBits = 0; // those that make its colour
-    std::uint32_t Wanted = 0; // the colour's, of a pixel that is exchanged; bits beside it when there is none
-    std::uint32_t KeptBits = 0; // those that writing a colour leaves as they are
-    std::uint32_t Written = 0;  // the others, as the new colour has them
+    std::uint32_t ColorBits; // those that make its colour
+    std::uint32_t Wanted;    // the colour's, of a pixel that is exchanged; bits beside it when there is none
+    std::uint32_t KeptBits;  // those that writing a colour leaves as they are
+    std::uint32_t Written;   // the others, as the new colour has them
 
     constexpr std::uint32_t operator()(std::uint32_t pixel) const
     {
@@ -50,9 +50,9 @@ private:
 struct PixelRows
 {
     std::span<std::uint8_t> Bytes;
-    std::size_t RowBytes = 0;
-    std::size_t Width = 0; // pixels
-    std::size_t BitsPerPixel = 0;
+    std::size_t RowBytes;
+    std::size_t Width; // pixels
+    std::size_t BitsPerPixel;
 };
 
 constexpr bool HoldsColors(std::size_t bitsPerPixel)

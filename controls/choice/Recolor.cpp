@@ -95,7 +95,7 @@ std::optional<PixelExchange> ExchangeFor(HDC source, HDC free, const BITMAP& hea
     Probe probe(source, free);
     constexpr std::uint32_t none = 0;
     constexpr std::uint32_t all = ~none;
-    PixelExchange exchange;
+    PixelExchange exchange = {};
     exchange.ColorBits = probe.Draw(RGB(255, 255, 255), none) ^ probe.Draw(RGB(0, 0, 0), none);
     if (exchange.ColorBits == 0)
         return std::nullopt;

@@ -72,7 +72,7 @@ private:
     std::wstring YesText;
     Variant NoText; // whatever kind of value the container's bag held; compared and handed out as text
     short FocusOption = 1;
-    YesNoLayout layout_;
+    YesNoLayout layout_ = {};
     WindowHook PrevWndProc;
 };
 

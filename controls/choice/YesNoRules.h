@@ -9,8 +9,8 @@ namespace kiv
 // The two regions, in pixels: Yes from 0 to YesRight, No from NoLeft to the right edge.
 struct YesNoLayout
 {
-    int YesRight = 0;
-    int NoLeft = 0;
+    int YesRight;
+    int NoLeft;
 
     bool operator==(const YesNoLayout&) const = default;
 };

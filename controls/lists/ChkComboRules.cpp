@@ -56,9 +56,9 @@ short AfterInsertion(short index, short inserted)
 
 short AfterRemoval(short index, short removed)
 {
-    if (index == removed)
-        return -1;
-    return index > removed ? static_cast<short>(index - 1) : index;
+    if (index > removed)
+        return static_cast<short>(index - 1);
+    return index == removed ? short{-1} : index;
 }
 
 SelectionRange ReachableSelections(short selection, int count)

@@ -53,8 +53,8 @@ short AfterRemoval(short index, short removed);
 // The values that the keyboard can reach. From nothing selected it gets to an item, but not back.
 struct SelectionRange
 {
-    short Min = -1;
-    short Max = -1;
+    short Min;
+    short Max;
 
     bool operator==(const SelectionRange&) const = default;
 };
@@ -80,8 +80,8 @@ const wchar_t* StatusInWords(std::int32_t status);
 // A colour of an unselected item: one of the system's, by its index, or one by its red, green and blue.
 struct ItemColor
 {
-    bool IsSystem = false;
-    std::uint32_t Value = 0;
+    bool IsSystem;
+    std::uint32_t Value;
 
     bool operator==(const ItemColor&) const = default;
 };

@@ -21,36 +21,33 @@ constexpr double RoomBesideText = 1350;
 EnumListLayout CalcEnumListLayout(double innerWidth, double innerHeight, double buttonWidth,
                                   double labelHeight)
 {
-    EnumListLayout layout;
-    layout.ButtonLeft = innerWidth - buttonWidth;
-    layout.MissingWidth = std::max(0.0, buttonWidth - innerWidth);
-    layout.MissingHeight = std::max(0.0, labelHeight - innerHeight);
-    layout.LabelTop = (innerHeight - labelHeight) / 2;
-    layout.LabelWidth = innerWidth - buttonWidth;
-    return layout;
+    const double besideButton = innerWidth - buttonWidth;
+    return {.MissingWidth = std::max(0.0, buttonWidth - innerWidth),
+            .MissingHeight = std::max(0.0, labelHeight - innerHeight),
+            .LabelTop = (innerHeight - labelHeight) / 2,
+            .LabelWidth = besideButton,
+            .ButtonLeft = besideButton};
 }
 
 std::optional<PickerColumns> CalcPickerColumns(double innerWidth, const PickerSizes& sizes)
 {
     if (innerWidth <= LeastMovingSize)
         return std::nullopt;
-    PickerColumns columns;
-    columns.ListWidth = innerWidth - 2 * sizes.Margin;
-    columns.CancelLeft = innerWidth - sizes.ButtonWidth - sizes.Margin;
-    columns.OkLeft = columns.CancelLeft - sizes.ButtonWidth - sizes.Margin;
-    return columns;
+    const double cancelLeft = innerWidth - sizes.ButtonWidth - sizes.Margin;
+    return PickerColumns{.ListWidth = innerWidth - 2 * sizes.Margin,
+                         .CancelLeft = cancelLeft,
+                         .OkLeft = cancelLeft - sizes.ButtonWidth - sizes.Margin};
 }
 
 std::optional<PickerRows> CalcPickerRows(double innerHeight, const PickerSizes& sizes)
 {
     if (innerHeight <= LeastMovingSize)
         return std::nullopt;
-    PickerRows rows;
-    rows.ButtonTop = innerHeight - sizes.ButtonHeight - sizes.Margin;
-    rows.FrameTop = rows.ButtonTop - sizes.FrameHeight - sizes.Margin;
-    const double below = sizes.FrameShown ? rows.FrameTop : rows.ButtonTop;
-    rows.ListHeight = below - sizes.Margin - sizes.ListTop;
-    return rows;
+    const double buttonTop = innerHeight - sizes.ButtonHeight - sizes.Margin;
+    const double frameTop = buttonTop - sizes.FrameHeight - sizes.Margin;
+    const double below = sizes.FrameShown ? frameTop : buttonTop;
+    return PickerRows{
+        .ButtonTop = buttonTop, .FrameTop = frameTop, .ListHeight = below - sizes.Margin - sizes.ListTop};
 }
 
 double PickerWidth(double outerWidth, double innerWidth, double margin, short maxTextWidth,

@@ -12,11 +12,11 @@ struct EnumListLayout
 {
     // What the control's inside lacks for its button's width and its label's height. Nothing else has a
     // meaning until it has grown by that.
-    double MissingWidth = 0;
-    double MissingHeight = 0;
-    double LabelTop = 0;
-    double LabelWidth = 0;
-    double ButtonLeft = 0;
+    double MissingWidth;
+    double MissingHeight;
+    double LabelTop;
+    double LabelWidth;
+    double ButtonLeft;
 };
 // The button stands at the right edge over the whole height.
 EnumListLayout CalcEnumListLayout(double innerWidth, double innerHeight, double buttonWidth,
@@ -25,28 +25,28 @@ EnumListLayout CalcEnumListLayout(double innerWidth, double innerHeight, double 
 // What the layout of the picker does not change.
 struct PickerSizes
 {
-    double Margin = 0; // the list's left
-    double ListTop = 0;
-    double ButtonWidth = 0; // of OK and Cancel alike
-    double ButtonHeight = 0;
-    double FrameHeight = 0;
-    bool FrameShown = false;
+    double Margin; // the list's left
+    double ListTop;
+    double ButtonWidth; // of OK and Cancel alike
+    double ButtonHeight;
+    double FrameHeight;
+    bool FrameShown;
 };
 
 struct PickerColumns
 {
-    double ListWidth = 0; // also the frame's
-    double CancelLeft = 0;
-    double OkLeft = 0;
+    double ListWidth; // also the frame's
+    double CancelLeft;
+    double OkLeft;
 };
 // Nothing where the picker is too narrow for its controls to be moved.
 std::optional<PickerColumns> CalcPickerColumns(double innerWidth, const PickerSizes& sizes);
 
 struct PickerRows
 {
-    double ButtonTop = 0;
-    double FrameTop = 0;
-    double ListHeight = 0;
+    double ButtonTop;
+    double FrameTop;
+    double ListHeight;
 };
 // Nothing where the picker is too low.
 std::optional<PickerRows> CalcPickerRows(double innerHeight, const PickerSizes& sizes);

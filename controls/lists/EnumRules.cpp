@@ -45,10 +45,10 @@ std::wstring_view TakeLine(std::wstring_view& text)
 
 std::wstring ItemText(bool showCodes, std::wstring_view code, std::wstring_view line)
 {
-    std::wstring text;
-    text.reserve(code.size() + 1 + line.size());
-    text.append(showCodes ? code : line).push_back(Tab);
-    return text.append(showCodes ? line : code);
+    std::wstring text(showCodes ? code : line);
+    text.push_back(Tab);
+    text.append(showCodes ? line : code);
+    return text;
 }
 
 std::wstring ItemCode(bool showCodes, std::wstring_view item)

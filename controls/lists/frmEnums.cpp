@@ -101,13 +101,12 @@ void frmEnums::Form_Resize()
 {
     Controls& form = *controls_;
     const Surface& surface = TheSurface();
-    PickerSizes sizes;
-    sizes.Margin = ListPlace.Left;
-    sizes.ListTop = ListPlace.Top;
-    sizes.ButtonWidth = OkPlace.Width;
-    sizes.ButtonHeight = OkPlace.Height;
-    sizes.FrameHeight = FramePlace.Height;
-    sizes.FrameShown = request_->ShowCodes;
+    const PickerSizes sizes = {.Margin = ListPlace.Left,
+                               .ListTop = ListPlace.Top,
+                               .ButtonWidth = OkPlace.Width,
+                               .ButtonHeight = OkPlace.Height,
+                               .FrameHeight = FramePlace.Height,
+                               .FrameShown = request_->ShowCodes};
     const std::optional<PickerColumns> columns = CalcPickerColumns(surface.ScaleWidth(), sizes);
     const std::optional<PickerRows> rows = CalcPickerRows(surface.ScaleHeight(), sizes);
 

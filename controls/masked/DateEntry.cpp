@@ -53,21 +53,13 @@ Parts Split(std::wstring_view text)
 // Gives the parts the places that they have in layouts without all three.
 void Rearrange(DateFormat style, Parts& parts)
 {
-    switch (style)
-    {
-    case DateFormat::MonthYear:
-        parts.Year = parts.Day;
-        parts.Day = L"1";
-        break;
-    case DateFormat::Year:
-    case DateFormat::FullYear:
-        parts.Year = parts.Day;
-        parts.Day = L"1";
+    const bool onlyYear = style == DateFormat::Year || style == DateFormat::FullYear;
+    if (style != DateFormat::MonthYear && !onlyYear)
+        return;
+    parts.Year = parts.Day;
+    parts.Day = L"1";
+    if (onlyYear)
         parts.Month = L"1";
-        break;
-    default:
-        break;
-    }
 }
 
 std::wstring LastTwoDigits(const std::wstring& digits)
@@ -82,7 +74,8 @@ std::wstring InStartingPeriod(const std::wstring& year)
 {
     constexpr int lastOf2000s = 4;
     const std::wstring digits = LastTwoDigits(year);
-    return (ReadDigits(digits).value_or(0) > lastOf2000s ? L"19" : L"20") + digits;
+    // What is no number is not greater than any.
+    return (ReadDigits(digits) > lastOf2000s ? L"19" : L"20") + digits;
 }
 
 std::wstring CompletedYear(DateFormat style, const std::wstring& year)

@@ -27,7 +27,7 @@ struct AssignedDate
     std::wstring Text;
     // If the entry proves invalid: a date leaves the box blank and says nothing, any other text stays and is
     // an error.
-    bool IsDate = false;
+    bool IsDate;
 
     bool operator==(const AssignedDate&) const = default;
 };

@@ -71,9 +71,10 @@ private:
     OvertypeTemplate Places() const { return {.Blank = mask_, .Separator = L'-'}; }
 
     NumberFormat style_ = NumberFormat::SSN;
+    // Set with the first style.
     std::wstring_view mask_;
-    int maxLength_ = 0;
-    bool usesRoutingBox_ = false;
+    int maxLength_;
+    bool usesRoutingBox_;
 };
 
 } // namespace kiv

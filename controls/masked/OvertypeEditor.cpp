@@ -21,16 +21,15 @@ public:
         caret_(std::min(Place(box.SelStart), box.Text.size())),
         selected_(std::min(Place(box.SelLength), box.Text.size() - caret_))
     {
-        if (text_.size() < places_.Blank.size())
-            text_ += places_.Blank.substr(text_.size());
+        text_ += places_.Blank.substr(std::min(text_.size(), places_.Blank.size()));
     }
 
     void Type(wchar_t character)
     {
         RestoreSelection();
-        if (Blank(caret_) == places_.Separator)
+        if (IsSeparator(caret_))
             ++caret_;
-        if (Blank(caret_) == BlankPlace)
+        if (IsOpen(caret_))
             Put(caret_++, character);
     }
 
@@ -51,11 +50,11 @@ public:
     void EraseAfter()
     {
         RestoreSelection();
-        // In front of a separator the digit before it goes, not the one after it: deliberate, so that Delete
-        // does something at every place of an entry.
-        if (caret_ > 0 && Blank(caret_) == places_.Separator)
+        // In front of a separator, which never comes first, the digit before it goes, not the one after it:
+        // deliberate, so that Delete does something at every place of an entry.
+        if (IsSeparator(caret_))
             --caret_;
-        if (Blank(caret_) == BlankPlace)
+        if (IsOpen(caret_))
             Put(caret_, BlankPlace);
     }
 
@@ -67,10 +66,12 @@ public:
 private:
     static std::size_t Place(int place) { return static_cast<std::size_t>(std::max(place, 0)); }
 
-    // The template's character at a place, 0 past its end.
-    wchar_t Blank(std::size_t place) const
+    // What the template has at a place; past its end it has neither.
+    bool IsSeparator(std::size_t place) const { return Is(place, places_.Separator); }
+    bool IsOpen(std::size_t place) const { return Is(place, BlankPlace); }
+    bool Is(std::size_t place, wchar_t character) const
     {
-        return place < places_.Blank.size() ? places_.Blank[place] : L'\0';
+        return places_.Blank.substr(std::min(place, places_.Blank.size())).starts_with(character);
     }
 
     // The selected characters turn back into the template's, and the caret stands before them. False if

@@ -18,7 +18,7 @@ struct KeyOutcome
     // the last is Box.Text. The host hears of every one of them.
     std::vector<std::wstring> Edits;
     // The box gets the key and does with it what any text box does; otherwise nobody sees the key again.
-    bool PassedOn = false;
+    bool PassedOn;
 
     bool operator==(const KeyOutcome&) const = default;
 };
@@ -28,7 +28,7 @@ struct OvertypeTemplate
 {
     // The blank entry. It neither begins with a separator nor has two in a row.
     std::wstring_view Blank;
-    wchar_t Separator = 0;
+    wchar_t Separator;
     // A character that clears a place and moves on, as a digit fills one; 0 if there is none.
     wchar_t ClearingKey = 0;
     // A character that moves past the next separator; 0 if there is none.

@@ -1,6 +1,7 @@
 #include "runtime/core/BitmapFile.h"
 
 #include <cstddef>
+#include <cstdlib>
 
 namespace kiv
 {
@@ -27,33 +28,32 @@ std::uint32_t NumberAt(std::span<const std::uint8_t> bytes, std::size_t place, s
 
 struct Measures
 {
-    std::int64_t Width = 0;
-    std::int64_t Height = 0; // negative from the top down
-    std::uint32_t BitsPerPixel = 0;
-    std::uint32_t Compression = Plain;
-    std::uint32_t CompressedSize = 0;
-    std::uint32_t Colors = 0; // of a palette; 0 for as many as there may be
-    std::uint32_t ColorSize = 4;
+    std::int64_t Width;
+    std::int64_t Height; // negative from the top down
+    std::uint32_t BitsPerPixel;
+    std::uint32_t Compression;
+    std::uint32_t CompressedSize; // of bits that are compressed
+    std::uint32_t Colors;         // of a palette; 0 for as many as there may be
+    std::uint32_t ColorSize;
 };
 
 Measures MeasuresOf(std::span<const std::uint8_t> header, std::uint32_t headerSize)
 {
-    Measures measures;
     if (headerSize == CoreHeaderSize)
-    {
-        measures.Width = NumberAt(header, 4, 2);
-        measures.Height = NumberAt(header, 6, 2);
-        measures.BitsPerPixel = NumberAt(header, 10, 2);
-        measures.ColorSize = 3;
-        return measures;
-    }
-    measures.Width = static_cast<std::int32_t>(NumberAt(header, 4, 4));
-    measures.Height = static_cast<std::int32_t>(NumberAt(header, 8, 4));
-    measures.BitsPerPixel = NumberAt(header, 14, 2);
-    measures.Compression = NumberAt(header, 16, 4);
-    measures.CompressedSize = NumberAt(header, 20, 4);
-    measures.Colors = NumberAt(header, 32, 4);
-    return measures;
+        return {.Width = NumberAt(header, 4, 2),
+                .Height = NumberAt(header, 6, 2),
+                .BitsPerPixel = NumberAt(header, 10, 2),
+                .Compression = Plain,
+                .CompressedSize = {},
+                .Colors = 0,
+                .ColorSize = 3};
+    return {.Width = static_cast<std::int32_t>(NumberAt(header, 4, 4)),
+            .Height = static_cast<std::int32_t>(NumberAt(header, 8, 4)),
+            .BitsPerPixel = NumberAt(header, 14, 2),
+            .Compression = NumberAt(header, 16, 4),
+            .CompressedSize = NumberAt(header, 20, 4),
+            .Colors = NumberAt(header, 32, 4),
+            .ColorSize = 4};
 }
 
 } // namespace
@@ -72,7 +72,7 @@ bool HoldsItsBitmap(std::span<const std::uint8_t> file)
         return false;
     const Measures measures = MeasuresOf(file.subspan(FileHeaderSize, headerSize), headerSize);
     constexpr std::int64_t Largest = 0x7FFF;
-    const std::int64_t lines = measures.Height < 0 ? -measures.Height : measures.Height;
+    const std::int64_t lines = std::abs(measures.Height);
     if (measures.Width <= 0 || measures.Width > Largest || lines == 0 || lines > Largest ||
         measures.BitsPerPixel > 32)
         return false;

@@ -1,5 +1,7 @@
 #include "runtime/core/Currency.h"
 
+#include "runtime/core/ParsedNumber.h"
+
 #include <array>
 #include <charconv>
 #include <limits>
@@ -18,13 +20,10 @@ constexpr int Decimals = 4;
 std::optional<Currency> Currency::From(const Decimal& number)
 {
     const Decimal units = number.Rounded(Decimals, Halves::ToEven).Shifted(Decimals);
-    std::string text = units.IsNegative() ? "-0" : "0";
-    for (int power = units.Point() - 1; power >= 0; --power)
-        text.push_back(units.DigitOf(power));
-    std::int64_t count = 0;
-    if (std::from_chars(text.data(), text.data() + text.size(), count).ec != std::errc())
-        return std::nullopt;
-    return Currency(count);
+    // A whole number, so none of its decimals are too many.
+    const std::string zeros(static_cast<std::size_t>(-units.Decimals()), '0');
+    const auto count = ParsedNumber<std::int64_t>((units.IsNegative() ? "-0" : "0") + units.Digits() + zeros);
+    return count ? std::optional(Currency(*count)) : std::nullopt;
 }
 
 Decimal Currency::ToDecimal() const
@@ -32,7 +31,7 @@ Decimal Currency::ToDecimal() const
     // In two parts: a processor of 32 bits divides numbers of that size much faster than larger ones.
     constexpr std::uint32_t billion = 1'000'000'000;
     const std::uint64_t magnitude =
-        units_ < 0 ? 0 - static_cast<std::uint64_t>(units_) : static_cast<std::uint64_t>(units_);
+        IsNegative() ? 0 - static_cast<std::uint64_t>(units_) : static_cast<std::uint64_t>(units_);
     const std::uint64_t high = magnitude / billion;
     const auto low = static_cast<std::uint32_t>(magnitude - high * billion);
     std::array<char, 20> digits;
@@ -47,7 +46,7 @@ Decimal Currency::ToDecimal() const
     char* const lowEnd = std::to_chars(at - 1, end, billion + low).ptr;
     at[-1] = last;
     const std::string_view text(digits.data(), static_cast<std::size_t>(lowEnd - digits.data()));
-    return Decimal(units_ < 0, text, static_cast<int>(text.size()) - Decimals);
+    return Decimal(IsNegative(), text, static_cast<int>(text.size()) - Decimals);
 }
 
 std::optional<Currency> Currency::Negated() const
@@ -59,7 +58,7 @@ std::optional<Currency> Currency::Negated() const
 
 std::optional<Currency> Currency::Absolute() const
 {
-    return units_ < 0 ? Negated() : *this;
+    return IsNegative() ? Negated() : *this;
 }
 
 } // namespace kiv

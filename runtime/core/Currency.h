@@ -28,6 +28,7 @@ public:
 
 private:
     constexpr explicit Currency(std::int64_t units) : units_(units) {}
+    constexpr bool IsNegative() const { return units_ < 0; }
 
     std::int64_t units_ = 0;
 };

@@ -12,20 +12,22 @@ namespace kiv
 namespace
 {
 
-constexpr std::array<std::wstring_view, 12> MonthNames = {
-    L"january", L"february", L"march",     L"april",   L"may",      L"june",
-    L"july",    L"august",   L"september", L"october", L"november", L"december"};
+constexpr auto MonthNames =
+    std::to_array<std::wstring_view>({L"january", L"february", L"march", L"april", L"may", L"june", L"july",
+                                      L"august", L"september", L"october", L"november", L"december"});
 
 constexpr std::wstring_view Separators = L"/-,";
 
-constexpr bool IsLetter(wchar_t character)
+// What the name of a month may be made of.
+constexpr bool IsNamePart(wchar_t character)
 {
-    return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z');
+    return !IsDigit(character) && character != L' ' && Separators.find(character) == Separators.npos;
 }
 
+// Folds upper case onto lower case, and makes a letter of nothing else.
 constexpr wchar_t LowerCase(wchar_t character)
 {
-    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a') : character;
+    return static_cast<wchar_t>(character | 0x20);
 }
 
 using Fields = std::array<std::wstring_view, 3>;
@@ -46,10 +48,10 @@ bool SkipSeparator(std::wstring_view& rest)
     return rest.size() < before;
 }
 
-// A run of digits or of letters, empty if the rest begins with anything else.
+// A run of digits or of what names are made of, empty if the rest begins with neither.
 std::wstring_view TakeField(std::wstring_view& rest)
 {
-    const auto belongs = rest.empty() || IsDigit(rest.front()) ? IsDigit : IsLetter;
+    const auto belongs = rest.empty() || IsDigit(rest.front()) ? IsDigit : IsNamePart;
     const auto end = std::ranges::find_if_not(rest, belongs);
     const std::wstring_view field = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
     rest.remove_prefix(field.size());
@@ -82,9 +84,8 @@ std::optional<int> MonthOfName(std::wstring_view name)
                std::ranges::equal(name, month.substr(0, name.size()), {}, LowerCase);
     };
     const auto month = std::ranges::find_if(MonthNames, begins);
-    if (month == MonthNames.end())
-        return std::nullopt;
-    return static_cast<int>(month - MonthNames.begin()) + 1;
+    return month == MonthNames.end() ? std::nullopt
+                                     : std::optional(static_cast<int>(month - MonthNames.begin()) + 1);
 }
 
 std::optional<CalendarDay> MakeDay(std::optional<int> year, std::optional<int> month, std::optional<int> day)
@@ -106,9 +107,9 @@ std::optional<CalendarDay> ParseDate(std::wstring_view text)
     if (!fields)
         return std::nullopt;
     const auto& [first, second, third] = *fields;
-    if (IsLetter(first.front()))
+    if (IsNamePart(first.front()))
         return MakeDay(ReadYear(third), MonthOfName(first), ReadDigits(second));
-    if (IsLetter(second.front()))
+    if (IsNamePart(second.front()))
         return MakeDay(ReadYear(third), MonthOfName(second), ReadDigits(first));
     if (first.size() > 2)
         return MakeDay(ReadYear(first), ReadDigits(second), ReadDigits(third));

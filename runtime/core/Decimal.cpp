@@ -1,5 +1,7 @@
 #include "runtime/core/Decimal.h"
 
+#include "runtime/core/ParsedNumber.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -25,9 +27,7 @@ Decimal FromScientific(std::string_view text)
     std::string_view exponentText = text.substr(e + 1);
     if (exponentText.front() == '+')
         exponentText.remove_prefix(1);
-    int exponent = 0;
-    std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
-    return Decimal(negative, digits, exponent + 1);
+    return Decimal(negative, digits, *ParsedNumber<int>(exponentText) + 1);
 }
 
 // precision: none for the shortest digits, or the count of decimals behind the first digit.
@@ -53,7 +53,7 @@ struct Powers
 {
     Powers(const Decimal& one, const Decimal& other) :
         Lowest(std::min(one.Point() - Length(one), other.Point() - Length(other))),
-        End(std::max(one.Point(), other.Point()) + 1)
+        End(std::max(one.Point(), other.Point()))
     {
     }
 
@@ -72,8 +72,9 @@ Decimal Sum(const Decimal& one, const Decimal& other)
         digits.push_back(static_cast<char>('0' + sum % 10));
         carry = sum / 10;
     }
+    digits.push_back(static_cast<char>('0' + carry));
     std::ranges::reverse(digits);
-    return Decimal(false, digits, powers.End);
+    return Decimal(false, digits, powers.End + 1);
 }
 
 // The larger magnitude first.
@@ -139,7 +140,8 @@ Decimal Decimal::Rounded(int decimals, Halves halves) const
         return {};
     std::string digits = digits_.substr(0, static_cast<std::size_t>(kept));
     const std::string_view dropped = std::string_view(digits_).substr(static_cast<std::size_t>(kept));
-    const bool odd = kept > 0 && (digits.back() - '0') % 2 != 0;
+    // A digit's character is odd where the digit is.
+    const bool odd = kept > 0 && digits.back() % 2 != 0;
     const bool up = halves == Halves::ToEven && dropped == "5" ? odd : dropped.front() >= '5';
     if (!up)
         return Decimal(negative_, digits, point_);
@@ -159,13 +161,9 @@ Decimal Decimal::Shifted(int places) const
 
 double Decimal::ToDouble() const
 {
-    if (IsZero())
-        return 0.0;
     const std::string text = (negative_ ? "-0." : "0.") + digits_ + "e" + std::to_string(point_);
-    double number = 0.0;
-    const std::errc error = std::from_chars(text.data(), text.data() + text.size(), number).ec;
-    if (error != std::errc::result_out_of_range)
-        return number;
+    if (const auto number = ParsedNumber<double>(text))
+        return *number;
     // Too large or too small for the binary form.
     const double magnitude = point_ > 0 ? std::numeric_limits<double>::infinity() : 0.0;
     return negative_ ? -magnitude : magnitude;

@@ -26,10 +26,8 @@ std::optional<int> ReadDigits(std::wstring_view text)
 
 std::wstring PadDigits(int number, std::size_t width)
 {
-    std::wstring digits = std::to_wstring(number);
-    if (digits.size() < width)
-        digits.insert(0, width - digits.size(), L'0');
-    return digits;
+    const std::wstring digits = std::to_wstring(number);
+    return std::wstring(width - std::min(width, digits.size()), L'0') + digits;
 }
 
 } // namespace kiv

@@ -1,7 +1,9 @@
 #include "runtime/core/NumberFormat.h"
 
 #include <algorithm>
+#include <memory>
 #include <optional>
+#include <span>
 
 namespace kiv
 {
@@ -16,67 +18,61 @@ constexpr bool IsDigitPlace(wchar_t character)
     return character == L'0' || character == L'#';
 }
 
-// A pattern taken apart.
-struct Pattern
+// What a pattern says before its point.
+struct WholePattern
 {
-    explicit Pattern(std::wstring_view pattern)
-    {
-        const std::size_t point = TakeWhole(pattern);
-        Whole = pattern.substr(0, point);
-        HasPoint = point < pattern.size();
-        if (!HasPoint)
-            return;
-        Decimals = pattern.substr(point + 1);
-        for (const wchar_t character : Decimals)
-        {
-            if (!IsDigitPlace(character))
-                continue;
-            ++DecimalPlaces;
-            if (character == L'0')
-                LeastDecimals = DecimalPlaces;
-        }
-    }
-
-    std::wstring_view Whole;
-    std::wstring_view Decimals;
-    bool HasPoint = false;
-    bool Grouped = false;
-    int Thousandths = 0;
-    int WholePlaces = 0;
-    int DecimalPlaces = 0;
-    int LeastWholeDigits = 0;
-    int LeastDecimals = 0;
-
-private:
-    // Where the point is, or the end.
-    std::size_t TakeWhole(std::wstring_view pattern)
-    {
-        int places = 0;
-        int placesBeforeZero = -1; // none
-        int placesBeforeComma = 0; // the first one behind a place
-        int commas = 0;            // at the end so far
-        std::size_t at = 0;
-        for (; at < pattern.size() && pattern[at] != L'.'; ++at)
-        {
-            const wchar_t character = pattern[at];
-            if (character == L',')
-            {
-                ++commas;
-                placesBeforeComma = placesBeforeComma == 0 ? places : placesBeforeComma;
-                continue;
-            }
-            commas = 0;
-            if (character == L'0' && placesBeforeZero < 0)
-                placesBeforeZero = places;
-            places += IsDigitPlace(character) ? 1 : 0;
-        }
-        WholePlaces = places;
-        Grouped = placesBeforeComma != 0 && placesBeforeComma < places;
-        Thousandths = places != 0 ? commas : 0;
-        LeastWholeDigits = placesBeforeZero < 0 ? 0 : places - placesBeforeZero;
-        return at;
-    }
+    std::wstring_view Text;
+    int Places;
+    int LeastDigits;
+    bool Grouped;
+    int Thousandths;
 };
+
+WholePattern ReadWhole(std::wstring_view text)
+{
+    int places = 0;
+    int leastDigits = 0;       // the places from the first 0 on
+    int placesBeforeComma = 0; // the first one behind a place
+    for (const wchar_t character : text)
+    {
+        if (character == L',' && placesBeforeComma == 0)
+            placesBeforeComma = places;
+        if (!IsDigitPlace(character))
+            continue;
+        ++places;
+        if (character == L'0' || leastDigits != 0)
+            ++leastDigits;
+    }
+    const auto commasAtEnd = static_cast<int>(text.size() - (text.find_last_not_of(L',') + 1));
+    return {.Text = text,
+            .Places = places,
+            .LeastDigits = leastDigits,
+            .Grouped = placesBeforeComma != 0 && placesBeforeComma < places,
+            .Thousandths = places != 0 ? commasAtEnd : 0};
+}
+
+// And behind it.
+struct DecimalPattern
+{
+    std::wstring_view Text;
+    int Places;
+    int LeastDigits;
+};
+
+DecimalPattern ReadDecimals(std::wstring_view text)
+{
+    int places = 0;
+    int leastDigits = 0;
+    for (const wchar_t character : text)
+    {
+        if (!IsDigitPlace(character))
+            continue;
+        ++places;
+        if (character == L'0')
+            leastDigits = places;
+    }
+    return {text, places, leastDigits};
+}
 
 // The text of a number, written from its end to its beginning, as the digits fall into their places.
 class Writer
@@ -87,12 +83,12 @@ public:
     {
     }
 
-    void Decimals(const Pattern& pattern)
+    void Decimals(const DecimalPattern& pattern)
     {
         const int written = static_cast<int>(digits_.size()) - point_;
-        const int shown = std::max(written, pattern.LeastDecimals);
-        int place = pattern.DecimalPlaces;
-        for (auto character = pattern.Decimals.rbegin(); character != pattern.Decimals.rend(); ++character)
+        const int shown = std::max(written, pattern.LeastDigits);
+        int place = pattern.Places;
+        for (auto character = pattern.Text.rbegin(); character != pattern.Text.rend(); ++character)
         {
             if (!IsDigitPlace(*character))
             {
@@ -105,15 +101,16 @@ public:
             --place;
         }
     }
-    void Whole(const Pattern& pattern, wchar_t groupSeparator)
+    // withDecimals: the pattern has places behind the point.
+    void Whole(const WholePattern& pattern, bool withDecimals, wchar_t groupSeparator)
     {
         // One above the highest power shown.
-        const int end = std::max(point_, pattern.LeastWholeDigits);
+        const int end = std::max(point_, pattern.LeastDigits);
         const wchar_t separator = pattern.Grouped ? groupSeparator : L'\0';
-        int places = pattern.WholePlaces;
-        if (places == 0 && pattern.DecimalPlaces != 0)
+        int places = pattern.Places;
+        if (places == 0 && withDecimals)
             DigitsUpTo(end, separator);
-        for (auto character = pattern.Whole.rbegin(); character != pattern.Whole.rend(); ++character)
+        for (auto character = pattern.Text.rbegin(); character != pattern.Text.rend(); ++character)
         {
             if (IsDigitPlace(*character))
                 DigitsUpTo(--places == 0 ? end : std::min(power_ + 1, end), separator);
@@ -152,37 +149,42 @@ private:
     int inGroup_ = 0; // digits of its group so far
 };
 
-// What a text takes at most: the pattern, the number's digits before the point with separators, a sign.
+// What a text of more than a few characters takes at most: the pattern, the number's digits before the point
+// with separators, a sign.
 std::size_t RoomFor(const Decimal& number, std::wstring_view pattern)
 {
     const auto digits = static_cast<std::size_t>(std::max(number.Point(), 0));
-    return 2 * (pattern.size() + digits) + 1;
+    return 2 * (pattern.size() + digits);
 }
 
 } // namespace
 
 FormattedNumber::FormattedNumber(const Decimal& number, std::wstring_view pattern, const NumberLocale& locale)
 {
-    const Pattern parts(pattern);
+    const WholePattern whole = ReadWhole(pattern.substr(0, pattern.find(L'.')));
+    const bool hasPoint = whole.Text.size() != pattern.size();
+    const DecimalPattern decimals =
+        ReadDecimals(hasPoint ? pattern.substr(whole.Text.size() + 1) : std::wstring_view());
     std::optional<Decimal> rounded;
-    if (parts.Thousandths != 0)
+    if (whole.Thousandths != 0)
         rounded =
-            number.Shifted(-GroupSize * parts.Thousandths).Rounded(parts.DecimalPlaces, Halves::AwayFromZero);
-    else if (number.Decimals() > parts.DecimalPlaces)
-        rounded = number.Rounded(parts.DecimalPlaces, Halves::AwayFromZero);
+            number.Shifted(-GroupSize * whole.Thousandths).Rounded(decimals.Places, Halves::AwayFromZero);
+    else if (number.Decimals() > decimals.Places)
+        rounded = number.Rounded(decimals.Places, Halves::AwayFromZero);
     const Decimal& shown = rounded ? *rounded : number;
 
-    wchar_t* end = inPlace_.data() + inPlace_.size();
-    if (const std::size_t room = RoomFor(shown, pattern); room > inPlace_.size())
+    std::span<wchar_t> room = inPlace_;
+    if (const std::size_t needed = RoomFor(shown, pattern); needed > room.size())
     {
-        elsewhere_.resize(room);
-        end = elsewhere_.data() + room;
+        elsewhere_.resize(needed);
+        room = elsewhere_;
     }
+    wchar_t* const end = std::to_address(room.end());
     Writer writer(end, shown);
-    writer.Decimals(parts);
-    if (parts.HasPoint)
+    writer.Decimals(decimals);
+    if (hasPoint)
         writer.Write(locale.DecimalPoint);
-    writer.Whole(parts, locale.GroupSeparator);
+    writer.Whole(whole, decimals.Places != 0, locale.GroupSeparator);
     if (shown.IsNegative())
         writer.Write(L'-');
     text_ = {writer.Start(), static_cast<std::size_t>(end - writer.Start())};

@@ -18,23 +18,22 @@ constexpr bool IsEither(wchar_t character, wchar_t one, wchar_t other)
 
 std::optional<std::uint32_t> RadixOf(std::wstring_view text)
 {
-    if (text.size() < 2 || text.front() != L'&')
-        return std::nullopt;
-    if (IsEither(text[1], L'h', L'H'))
+    if (text.starts_with(L"&h") || text.starts_with(L"&H"))
         return 16;
-    if (IsEither(text[1], L'o', L'O'))
+    if (text.starts_with(L"&o") || text.starts_with(L"&O"))
         return 8;
     return std::nullopt;
 }
 
+// Letters behind those that are digits count on, beyond every radix.
 std::optional<std::uint32_t> DigitValue(wchar_t character, std::uint32_t radix)
 {
     std::uint32_t value = radix;
     if (IsDigit(character))
         value = static_cast<std::uint32_t>(character - L'0');
-    else if (character >= L'a' && character <= L'f')
+    else if (character >= L'a')
         value = static_cast<std::uint32_t>(character - L'a') + 10;
-    else if (character >= L'A' && character <= L'F')
+    else if (character >= L'A')
         value = static_cast<std::uint32_t>(character - L'A') + 10;
     return value < radix ? std::optional(value) : std::nullopt;
 }

@@ -1,5 +1,7 @@
 #include "runtime/core/PlainText.h"
 
+#include "runtime/core/Digits.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -29,9 +31,8 @@ std::wstring Positional(const Decimal& number, const NumberLocale& locale)
 std::wstring Scientific(const Decimal& number, const NumberLocale& locale)
 {
     const int exponent = number.Point() - 1;
-    const std::wstring digits = std::to_wstring(std::abs(exponent));
     return Positional(number.Shifted(-exponent), locale) + (exponent < 0 ? L"E-" : L"E+") +
-           std::wstring(digits.size() < 2 ? 1 : 0, L'0') + digits;
+           PadDigits(std::abs(exponent), 2);
 }
 
 std::wstring BinaryText(double number, int significant, const NumberLocale& locale)
@@ -40,7 +41,7 @@ std::wstring BinaryText(double number, int significant, const NumberLocale& loca
         return L"1.#QNAN";
     const auto rounded = Decimal::FromDouble(number, significant);
     if (!rounded)
-        return number < 0 ? L"-1.#INF" : L"1.#INF";
+        return std::signbit(number) ? L"-1.#INF" : L"1.#INF";
     const int exponent = rounded->Point() - 1;
     const bool plain = exponent >= SmallestPlainExponent && exponent < significant;
     return plain ? Positional(*rounded, locale) : Scientific(*rounded, locale);

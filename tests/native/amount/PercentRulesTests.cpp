@@ -138,6 +138,8 @@ TEST(PercentRulesTest, HasNoRoomForNumbersThatNoSingleHolds)
     // A bound that only a form written by hand can have.
     const PercentLimits limits = Bounded(0, std::numeric_limits<float>::infinity());
     EXPECT_TRUE(PercentRules(limits).CheckPercentRange(std::wstring(38, L'9')));
+    // The largest single itself.
+    EXPECT_TRUE(PercentRules(limits).CheckPercentRange(L"340282346638528859811704183484516925440"));
     EXPECT_FALSE(PercentRules(limits).CheckPercentRange(std::wstring(40, L'9')));
     EXPECT_FALSE(PercentRules(limits).CheckPercentRange(std::wstring(400, L'9')));
 }

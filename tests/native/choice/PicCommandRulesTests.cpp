@@ -178,6 +178,13 @@ TEST(PicCommandRulesTest, FramesAPressedButtonWithTheFocus)
     EXPECT_EQ(frame.Inside, (PixelRect{3, 3, 7, 5}));
 }
 
+// The lines themselves, as a host that records what is drawn keeps them.
+TEST(PicCommandRulesTest, BeginsWithThePixelThatTheBevelLeavesOut)
+{
+    const ButtonFrame frame = ButtonFrameOf({0, 0, 10, 8}, false, false);
+    EXPECT_EQ(frame.Strokes.front(), (FrameStroke{FrameColor::Face, {{0, 7}, {1, 7}}}));
+}
+
 TEST(PicCommandRulesTest, FramesAButtonSomewhereElse)
 {
     const ButtonFrame here = ButtonFrameOf({0, 0, 10, 8}, true, true);

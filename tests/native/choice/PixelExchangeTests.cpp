@@ -106,6 +106,7 @@ TEST(PixelExchangeTest, KnowsEveryEntry)
     for (const std::size_t bits : {1U, 4U, 8U})
     {
         const std::vector<std::uint8_t> entries = EntryExchange::EveryEntry(bits);
+        EXPECT_EQ(entries.size(), bits == 1 ? 1U : bits == 4 ? 8U : 256U) << bits << " bits";
         for (std::size_t entry = 0; entry < std::size_t{1} << bits; ++entry)
             EXPECT_EQ(EntryAt(entries, entry, bits), entry) << bits << " bits";
     }
@@ -196,6 +197,8 @@ TEST(PixelExchangeTest, TakesFewStepsOrNone)
     EXPECT_EQ(EntryExchange(4, WithEntriesExchanged(4, 2)).Steps()->size(), 4U);
     EXPECT_EQ(EntryExchange(8, WithEntriesExchanged(8, 0)).Steps()->size(), 0U);
     EXPECT_EQ(EntryExchange(8, WithEntriesExchanged(8, 1)).Steps()->size(), 1U);
+    EXPECT_EQ(EntryExchange(8, WithEntriesExchanged(8, 8)).Steps()->size(), 8U);
+    EXPECT_FALSE(EntryExchange(8, WithEntriesExchanged(8, 9)).Steps()) << "looking up is faster";
     EXPECT_FALSE(EntryExchange(8, WithEntriesExchanged(8, 100)).Steps()) << "looking up is faster";
 }
 

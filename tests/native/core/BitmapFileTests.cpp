@@ -130,6 +130,26 @@ TEST(BitmapFile, OfTheOldKindHasColoursOfThreeBytes)
     EXPECT_TRUE(HoldsItsBitmap(bytes));
 }
 
+// The bits may lie anywhere, even in the headers.
+TEST(BitmapFile, OfTheOldKindMayBeNothingButItsHeaders)
+{
+    Bytes bytes(14 + 12);
+    bytes[0] = 'B';
+    bytes[1] = 'M';
+    Put(bytes, 14, 4, 12);
+    Put(bytes, 18, 2, 1);
+    Put(bytes, 20, 2, 1);
+    Put(bytes, 24, 2, 24);
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
+    // But colours lie behind the headers.
+    Put(bytes, 24, 2, 1);
+    EXPECT_FALSE(HoldsItsBitmap(bytes));
+    bytes.resize(bytes.size() + 5);
+    EXPECT_FALSE(HoldsItsBitmap(bytes));
+    bytes.resize(bytes.size() + 1);
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
+}
+
 TEST(BitmapFile, OfTheNewestKindIsTheLastThatIsKnown)
 {
     Bytes bytes(14 + 125 + 8 + 12);
@@ -156,6 +176,11 @@ TEST(BitmapFile, ThatIsCompressedHasItsSizeInItsHeader)
     EXPECT_TRUE(HoldsItsBitmap(bytes));
     Put(bytes, 34, 4, 13);
     EXPECT_FALSE(HoldsItsBitmap(bytes));
+    // No bits at all may begin at the end.
+    Put(bytes, 34, 4, 0);
+    Put(bytes, 10, 4, static_cast<std::uint32_t>(bytes.size()));
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
+    Put(bytes, 10, 4, 14 + 40 + 8);
     // Bit fields are no compression.
     Put(bytes, 34, 4, 12);
     Put(bytes, 30, 4, 3);
@@ -190,6 +215,9 @@ TEST(BitmapFile, HasNoMoreThan32BitsAPixel)
     EXPECT_TRUE(HoldsItsBitmap(bytes));
     Put(bytes, 28, 2, 33);
     EXPECT_FALSE(HoldsItsBitmap(bytes));
+    // More than eight have no colours to make room for.
+    Put(bytes, 28, 2, 9);
+    EXPECT_TRUE(HoldsItsBitmap(bytes));
 }
 
 } // namespace

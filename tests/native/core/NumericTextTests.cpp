@@ -135,6 +135,7 @@ TEST(NumericTextTest, GroupsNothingWithoutASeparator)
     EXPECT_EQ(ParseNumber(L"1000.5", ungrouped)->ToDouble(), 1000.5);
     EXPECT_FALSE(ParseNumber(L"1,000", ungrouped));
     EXPECT_FALSE(ParseNumber(L"$5", ungrouped));
+    EXPECT_FALSE(ParseNumber(std::wstring(L"1") + L'\0' + L"5", ungrouped)) << "none is no character";
 }
 
 TEST(NumericTextTest, KeepsEveryDigit)

@@ -134,6 +134,8 @@ TEST(PropertyStreamTest, TellsAForeignSignature)
     Bytes bytes = EncodePropertyStream(Sample());
     bytes[0] = 'X';
     EXPECT_EQ(Refusal(bytes), "the stream has another signature");
+    bytes.resize(PropertyStreamHeaderSize);
+    EXPECT_EQ(Refusal(bytes), "the stream has another signature") << "with nothing behind it";
 }
 
 TEST(PropertyStreamTest, DoesNotTrustAClaimedSize)

@@ -61,6 +61,12 @@ TEST(ValTest, KeepsEveryDigit)
     EXPECT_EQ(Val(L"99999999999999.9999"), Val(L"100000000000000"));
 }
 
+TEST(ValTest, HoldsExponentsInsideFourDigits)
+{
+    EXPECT_EQ(ExactVal(L"1e123456789"), Decimal(false, "1", 10000));
+    EXPECT_EQ(ExactVal(L"1e-123456789"), Decimal(false, "1", -9998));
+}
+
 } // namespace
 
 } // namespace kiv::test

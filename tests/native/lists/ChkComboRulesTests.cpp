@@ -72,6 +72,15 @@ TEST(ChkComboList, TakesAnItemBehindItemsThatItDoesNotKnow)
     EXPECT_EQ(list.Status(3), 1);
 }
 
+// It may have been selected before the list heard of it.
+TEST(ChkComboList, MovesAPreviousIndexThatItDoesNotKnow)
+{
+    ChkComboList list = ListOf(2);
+    list.PreviousIndex(4);
+    list.Inserted(2);
+    EXPECT_EQ(list.PreviousIndex(), 5);
+}
+
 struct BoundsRow
 {
     short Count;
@@ -281,6 +290,12 @@ TEST(ChkComboLook, DropsDownOneOrEightItems)
     EXPECT_EQ(DropDownHeight(22, 16, 32767), 22 + 8 * 16 + 2);
 }
 
+TEST(ChkComboLook, PagesByAllButOneOfTheItemsThatAreShown)
+{
+    const int shown = DropDownHeight(0, 1, 100) - DropDownHeight(0, 0, 100);
+    EXPECT_EQ(SelectionPage, shown - 1);
+}
+
 TEST(ChkComboFocus, IsHandedOnOnceInTenMilliseconds)
 {
     FocusDebounce debounce;
@@ -290,6 +305,14 @@ TEST(ChkComboFocus, IsHandedOnOnceInTenMilliseconds)
     EXPECT_TRUE(debounce.HandsOn(1011));
     EXPECT_FALSE(debounce.HandsOn(1021)) << "counted from the last one that was handed on";
     EXPECT_TRUE(debounce.HandsOn(1022));
+}
+
+// Right after the system's start as well, as if the focus had been handed on then.
+TEST(ChkComboFocus, IsHandedOnTenMillisecondsAfterTheTicksStarted)
+{
+    FocusDebounce debounce;
+    EXPECT_FALSE(debounce.HandsOn(10));
+    EXPECT_TRUE(debounce.HandsOn(11));
 }
 
 // The count of ticks starts again at 0.

@@ -35,14 +35,12 @@ TEST(EnumListLayoutTest, IsNeverLowerThanTheLabelNorNarrowerThanTheButton)
 
 PickerSizes Sizes(bool frameShown)
 {
-    PickerSizes sizes;
-    sizes.Margin = 120;
-    sizes.ListTop = 360;
-    sizes.ButtonWidth = 1095;
-    sizes.ButtonHeight = 375;
-    sizes.FrameHeight = 615;
-    sizes.FrameShown = frameShown;
-    return sizes;
+    return {.Margin = 120,
+            .ListTop = 360,
+            .ButtonWidth = 1095,
+            .ButtonHeight = 375,
+            .FrameHeight = 615,
+            .FrameShown = frameShown};
 }
 
 TEST(PickerLayoutTest, FollowsTheWidth)

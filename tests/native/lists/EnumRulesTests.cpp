@@ -22,6 +22,9 @@ TEST(EnumQueries, AreMadeOfTheValuesAsTheyAre)
     EXPECT_EQ(ListQuery(L"", L"", 7),
               L"SELECT * FROM [Enum Tables]  WHERE [State Code] = '' AND [Table Name] = '' ORDER BY "
               L"RIGHT('0000000000' & [Enum Code], 10)");
+    // By the numbers that a host sets.
+    EXPECT_EQ(ListQuery(L"", L"", 0), ListQuery(L"", L"", ByCode));
+    EXPECT_EQ(ListQuery(L"", L"", 1), ListQuery(L"", L"", ByDescription));
 }
 
 TEST(EnumQueries, LeaveQuotesBlanksAndCaseAlone)

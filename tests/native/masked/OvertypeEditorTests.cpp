@@ -169,8 +169,19 @@ TEST(OvertypeEditorTest, TakesSelectionsThatReachBeyondTheText)
     const std::vector<std::wstring> cleared = {L"123-45-67__"};
     EXPECT_EQ(rules.KeyPress({L"123-45-6789", 9, 50}, 8),
               (KeyOutcome{{L"123-45-67__", 9, 0}, cleared, false}));
+    EXPECT_EQ(rules.KeyPress({L"123-45-6789", 11, 5}, 8),
+              (KeyOutcome{{L"123-45-678_", 10, 0}, {L"123-45-678_"}, false}))
+        << "nothing is selected there";
     EXPECT_EQ(rules.KeyPress({L"123-45-6789", 99, 5}, '1'), (KeyOutcome{{L"123-45-6789", 11, 0}, {}, false}));
     EXPECT_EQ(rules.KeyPress({L"123-45-6789", -5, -5}, 8), (KeyOutcome{{L"123-45-6789", 0, 0}, {}, false}));
+}
+
+TEST(OvertypeEditorTest, TakesAnyCharacterForAKeyOfATemplate)
+{
+    const OvertypeTemplate places = {
+        .Blank = L"__-__", .Separator = L'-', .ClearingKey = L'\x1', .JumpKey = L'\x2'};
+    EXPECT_EQ(OvertypeCharacter(places, {L"12-34", 0, 0}, 1).Box, (BoxState{L"_2-34", 1, 0}));
+    EXPECT_EQ(OvertypeCharacter(places, {L"12-34", 0, 0}, 2).Box, (BoxState{L"12-34", 3, 0}));
 }
 
 // At every place of an entry, for every selection: what lies outside the selection and beside the caret
