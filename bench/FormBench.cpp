@@ -4,9 +4,12 @@
 #include "bench/Bench.h"
 #include "bench/Controls.h"
 #include "bench/WindowTree.h"
+#include "host/folio/FormPage.h"
 #include "runtime/com/Errors.h"
 
 #include <chrono>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <vector>
 
@@ -85,6 +88,45 @@ void OpenWindows(const std::vector<Class>& classes, int count)
     DestroyWindow(form);
 }
 
+// A form file with as many controls, for as long as it is needed.
+class FormFile
+{
+public:
+    explicit FormFile(int count) : path_(std::filesystem::temp_directory_path() / "kiv-bench.form")
+    {
+        std::ofstream file(path_);
+        file << "Begin Form bench\n    Caption = \"bench\"\n    ClientWidth = 18000\n    ClientHeight = "
+                "7800\n";
+        constexpr int TwipsPerPixel = 15;
+        const std::span<const ControlOfLibrary> controls = Controls();
+        for (int index = 0; index < count; ++index)
+        {
+            const RECT place = PlaceOf(index);
+            const auto& control = controls[static_cast<std::size_t>(index) % controls.size()];
+            file << "    Begin KivControls." << control.Name << " c" << index
+                 << "\n        Left = " << place.left * TwipsPerPixel
+                 << "\n        Top = " << place.top * TwipsPerPixel
+                 << "\n        Width = " << Cell.cx * TwipsPerPixel
+                 << "\n        Height = " << Cell.cy * TwipsPerPixel << "\n    End\n";
+        }
+        file << "End\n";
+    }
+    FormFile(const FormFile&) = delete;
+    FormFile& operator=(const FormFile&) = delete;
+    ~FormFile() { std::filesystem::remove(path_); }
+
+    const std::filesystem::path& Path() const { return path_; }
+
+private:
+    std::filesystem::path path_;
+};
+
+void OpenFile(const FormFile& file)
+{
+    host::FormPage page(file.Path(), false, false);
+    Show(page.Window().Window());
+}
+
 } // namespace
 
 void RunFormRows(HWND parent)
@@ -102,6 +144,10 @@ void RunFormRows(HWND parent)
     const double windows = TimeOf([&] { OpenWindows(classes, Few); });
     Print({"Form: 500 controls, against their windows", controls, windows, 2.0});
     const double manyControls = TimeOf([&] { OpenControls(classes, Many); });
+    const FormFile file(Few);
+    OpenFile(file);
+    const double opened = TimeOf([&] { OpenFile(file); });
+    Print({"Form: a file of 500 controls in FolioHost, against their windows", opened, windows, {}});
     // Four times as many, with a little for what grows by its nature in no other way.
     Print({"Form: 2,000 controls, against four times 500", manyControls, controls * (Many / Few), 1.2});
 }

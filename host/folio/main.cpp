@@ -112,6 +112,8 @@ int Main(const std::vector<std::string>& arguments)
 
 int main()
 {
+    // Line by line, instead of a call of the system for every character where the output is no terminal.
+    std::setvbuf(stdout, nullptr, _IOFBF, 1 << 16);
     // The C arguments are in the code page of the system; Windows' own are not.
     std::vector<std::string> arguments;
     int count = 0;

@@ -11,20 +11,22 @@ LRESULT AccessibleServer::Answer(AccessibleSource& source, HWND window, HWND fra
                                  LPARAM lParam)
 {
     // Objects are asked for by numbers of 32 bits.
-    if (static_cast<LONG>(lParam) != OBJID_CLIENT)
+    if (closed_ || static_cast<LONG>(lParam) != OBJID_CLIENT)
         return 0;
-    if (!object_)
+    ComPtr<AccessibleObject>& object = objects_[window];
+    if (!object)
     {
         ComPtr<AccessibleObject> made = MakeCom<AccessibleObject>(source, window, frame);
-        object_.Swap(made);
+        object.Swap(made);
     }
-    const ComPtr<AccessibleObject> held = object_;
+    const ComPtr<AccessibleObject> held = object;
     return LresultFromObject(IID_IAccessible, wParam, static_cast<IAccessible*>(held.Get()));
 }
 
-void AccessibleServer::Disconnect()
+void AccessibleServer::Close()
 {
-    if (const ComPtr<AccessibleObject> object = std::exchange(object_, nullptr))
+    closed_ = true;
+    for (const auto& [window, object] : std::exchange(objects_, {}))
         object->Disconnect();
 }
 

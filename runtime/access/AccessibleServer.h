@@ -2,26 +2,31 @@
 
 #include "runtime/access/AccessibleObject.h"
 
+#include <map>
+
 namespace kiv
 {
 
-// Gives assistive tools the object of a window, and lets go of it when it goes itself.
+// Gives assistive tools the objects of what is described, one for each window that is asked, and lets go of
+// them when it goes itself.
 class AccessibleServer
 {
 public:
     AccessibleServer() = default;
     AccessibleServer(const AccessibleServer&) = delete;
     AccessibleServer& operator=(const AccessibleServer&) = delete;
-    ~AccessibleServer() { Disconnect(); }
+    ~AccessibleServer() { Close(); }
 
-    // What the window answers to WM_GETOBJECT; 0 leaves the message to the system. frame: the outermost
-    // window of what is described.
+    // What a window answers to WM_GETOBJECT; 0 leaves the message to the system. frame: the outermost window
+    // of what is described.
     LRESULT Answer(AccessibleSource& source, HWND window, HWND frame, WPARAM wParam, LPARAM lParam);
-    // Whoever still holds the object hears from now on that there is nothing any more.
-    void Disconnect();
+    // What is described is about to go: whoever still holds an object hears from now on that there is nothing
+    // any more, and nobody gets another one.
+    void Close();
 
 private:
-    Microsoft::WRL::ComPtr<AccessibleObject> object_;
+    std::map<HWND, Microsoft::WRL::ComPtr<AccessibleObject>> objects_;
+    bool closed_ = false;
 };
 
 // Tells assistive tools that something has happened (EVENT_OBJECT_...) to what a window, or a part of it,

@@ -147,8 +147,8 @@ bool Constituent::Received(UINT, WPARAM, LPARAM)
 
 LRESULT Constituent::AnswerAccessible(WPARAM wParam, LPARAM lParam)
 {
-    if (AccessibleSource* const whole = owner_.AccessibleWhole())
-        return accessible_.Answer(*whole, window_, owner_.AccessibleFrame(), wParam, lParam);
+    if (const std::optional<LRESULT> answer = owner_.AnswerAccessible(window_, wParam, lParam))
+        return *answer;
     return accessible_.Answer(*this, window_, window_, wParam, lParam);
 }
 

@@ -7,6 +7,8 @@
 
 #include <unknwn.h>
 
+#include <optional>
+
 namespace kiv
 {
 
@@ -24,11 +26,9 @@ public:
     virtual void ConstituentFocus(bool gained, HWND other) = 0;
     // Holds the control while a message is handled.
     virtual IUnknown* ConstituentHolder() noexcept = 0;
-    // What assistive tools are told of a constituent that is one with its owner; null leaves it to describe
-    // itself.
-    virtual AccessibleSource* AccessibleWhole() { return nullptr; }
-    // The outermost window of that.
-    virtual HWND AccessibleFrame() const { return nullptr; }
+    // What a constituent's window answers to WM_GETOBJECT where it is one with its owner to assistive tools;
+    // none where it describes itself.
+    virtual std::optional<LRESULT> AnswerAccessible(HWND, WPARAM, LPARAM) { return std::nullopt; }
 
 protected:
     ~ConstituentOwner() = default;

@@ -38,6 +38,7 @@ bool UserControl::GoesElsewhere() noexcept
 void UserControl::FinalRelease() noexcept
 {
     away_.reset();
+    accessible_.Close();
     if (initializeRan_)
         Boundary([&] { UserControl_Terminate(); });
     Boundary([&] { InPlaceDeactivate(); });

@@ -301,8 +301,7 @@ private:
     AccessibleInfo Describe(int part) const override;
     std::wstring NameOf(int part) const override;
     IUnknown* AccessibleHolder() noexcept override { return Outer(); }
-    AccessibleSource* AccessibleWhole() override { return this; }
-    HWND AccessibleFrame() const override { return surface_.hWnd(); }
+    std::optional<LRESULT> AnswerAccessible(HWND window, WPARAM wParam, LPARAM lParam) override;
 
     // UserControl_toolTip.cpp
     const Label* CutLabel() const;

@@ -32,6 +32,12 @@ std::wstring NameBySite(IOleClientSite* site)
 
 } // namespace
 
+// Whichever of its windows is asked, it is the control.
+std::optional<LRESULT> UserControl::AnswerAccessible(HWND window, WPARAM wParam, LPARAM lParam)
+{
+    return accessible_.Answer(*this, window, surface_.hWnd(), wParam, lParam);
+}
+
 AccessibleInfo UserControl::Describe(int part) const
 {
     const bool whole = part == CHILDID_SELF;

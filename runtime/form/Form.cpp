@@ -90,9 +90,8 @@ void Form::Load(HWND owner, std::wstring_view caption)
 
 void Form::Destroy() noexcept
 {
+    accessible_.reset();
     Form_Unload();
-    accessible_.Disconnect();
-    accessibleSurface_.Disconnect();
     surface_.reset();
     focus_ = nullptr;
     if (const HWND window = std::exchange(window_, nullptr))
@@ -252,6 +251,13 @@ void Form::ConstituentFocus(bool gained, HWND)
 
 // --- For assistive tools ---
 
+LRESULT Form::AnswerFor(HWND window, WPARAM wParam, LPARAM lParam)
+{
+    if (!accessible_ && surface_)
+        accessible_.emplace();
+    return accessible_ ? accessible_->Answer(*this, window, window_, wParam, lParam) : 0;
+}
+
 AccessibleInfo Form::Describe(int) const
 {
     AccessibleInfo info;
@@ -304,7 +310,7 @@ LRESULT Form::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LPARAM lP
             constituent->Notified(HIWORD(wParam));
         return 0;
     case WM_GETOBJECT:
-        if (const LRESULT object = accessibleSurface_.Answer(*this, window, window_, wParam, lParam))
+        if (const LRESULT object = AnswerFor(window, wParam, lParam))
             return object;
         return DefWindowProcA(window, message, wParam, lParam);
     case DM_GETDEFID:
@@ -344,7 +350,7 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         Form_QueryUnload();
         return 0;
     case WM_GETOBJECT:
-        if (const LRESULT object = accessible_.Answer(*this, window_, window_, wParam, lParam))
+        if (const LRESULT object = AnswerFor(window_, wParam, lParam))
             return object;
         break;
     default:

@@ -94,6 +94,7 @@ private:
     void ConstituentFocus(bool gained, HWND other) override;
     IUnknown* ConstituentHolder() noexcept override { return nullptr; }
 
+    LRESULT AnswerFor(HWND window, WPARAM wParam, LPARAM lParam);
     // AccessibleSource: a dialog, whose parts are its controls.
     AccessibleInfo Describe(int part) const override;
     std::wstring NameOf(int part) const override;
@@ -120,8 +121,7 @@ private:
     bool unloaded_ = false;
     bool ownerDisabled_ = false;
     std::function<void(bool)> tellOwner_;
-    AccessibleServer accessible_;
-    AccessibleServer accessibleSurface_;
+    std::optional<AccessibleServer> accessible_; // while loaded
 };
 
 } // namespace kiv

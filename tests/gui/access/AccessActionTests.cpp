@@ -4,6 +4,8 @@
 #include "tests/support/AutomationCalls.h"
 #include "tests/support/Thread.h"
 
+#include <map>
+
 using Microsoft::WRL::ComPtr;
 
 namespace kiv::test
@@ -18,6 +20,38 @@ VARIANT PartNumber(long part)
     V_VT(&number) = VT_I4;
     V_I4(&number) = part;
     return number;
+}
+
+// Windows whose procedures have been replaced: one that asks, as a client in the same process may at any
+// moment, whenever a window is about to go.
+struct Asking
+{
+    std::map<HWND, WNDPROC> Former;
+    std::vector<ComPtr<IAccessible>> Held;
+    int Asked = 0;
+};
+Asking asking;
+
+void AskAll(IAccessible& object)
+{
+    Reading(object);
+    long count = 0;
+    object.get_accChildCount(&count);
+    ++asking.Asked;
+}
+
+LRESULT CALLBACK AskingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const WNDPROC former = asking.Former[window];
+    if (message == WM_DESTROY || message == WM_NCDESTROY || message == WM_SHOWWINDOW)
+    {
+        for (const auto& [each, procedure] : asking.Former)
+            if (const ComPtr<IAccessible> object = AccessibleOf(each))
+                AskAll(*object.Get());
+        for (const ComPtr<IAccessible>& object : asking.Held)
+            AskAll(*object.Get());
+    }
+    return CallWindowProcA(former, window, message, wParam, lParam);
 }
 
 class AccessActionTest : public AccessTest
@@ -198,6 +232,34 @@ TEST_F(AccessActionTest, AnObjectMayBeHeldLongerThanTheControlLives)
         EXPECT_EQ(window->GetWindow(&found), CO_E_OBJNOTCONNECTED);
     }
     StartAnew();
+}
+
+TEST_F(AccessActionTest, TheControlsMayBeAskedWhileTheyGo)
+{
+    for (const CLSID* id :
+         {&CLSID_YesNo, &CLSID_NumberBox, &CLSID_DateBox, &CLSID_CurrencyBox, &CLSID_PercentBox,
+          &CLSID_ChkCombo, &CLSID_EnumList, &CLSID_PicCommand, &CLSID_PicLite})
+    {
+        asking = {};
+        host::ControlSite& site = TheForm().Add(*id, Placed());
+        std::vector<HWND> windows = {site.Window()};
+        for (HWND child = GetWindow(site.Window(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+            windows.push_back(child);
+        for (const HWND window : windows)
+        {
+            asking.Held.push_back(AccessibleOf(window));
+            asking.Former[window] = reinterpret_cast<WNDPROC>(
+                SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AskingProcedure)));
+        }
+        TheForm().Remove(site);
+        EXPECT_GT(asking.Asked, 0);
+        for (const ComPtr<IAccessible>& object : asking.Held)
+        {
+            long count = 0;
+            EXPECT_EQ(object->get_accChildCount(&count), CO_E_OBJNOTCONNECTED);
+        }
+        asking = {};
+    }
 }
 
 TEST_F(AccessActionTest, AnObjectOnAnotherThreadRefusesInsteadOfBreaking)
