@@ -3,7 +3,6 @@
 #include "resources/ResourceIds.h"
 #include "runtime/com/LateBound.h"
 #include "runtime/drawing/Color.h"
-#include "runtime/drawing/Screen.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -124,7 +123,7 @@ void YesNo::UserControl_Paint()
 
 void YesNo::UserControl_MouseDown(short, short, double X, double)
 {
-    if (const long option = OptionAt(layout_, X, Screen::TwipsPerPixelX()))
+    if (const long option = OptionAt(layout_, X, TheSurface().TheResolution().TwipsPerPixelX()))
         DrawFocusState(static_cast<AnswerEnums>(option));
 }
 
@@ -134,7 +133,7 @@ void YesNo::UserControl_MouseUp(short, short, double X, double Y)
     const bool inside = X >= 0 && X <= TheSurface().ScaleWidth() && Y >= 0 && Y <= TheSurface().ScaleHeight();
     if (!focused || !inside)
         return;
-    if (const long option = OptionAt(layout_, X, Screen::TwipsPerPixelX()))
+    if (const long option = OptionAt(layout_, X, TheSurface().TheResolution().TwipsPerPixelX()))
         CommitValue(Toggled(Value_, option));
 }
 
@@ -264,7 +263,7 @@ void YesNo::CalcLayout()
 {
     const Surface& surface = TheSurface();
     layout_ = CalcYesNoLayout(surface.ScaleWidth(), surface.TextWidth(YesCaption),
-                              surface.TextWidth(NoCaption), Screen::TwipsPerPixelX());
+                              surface.TextWidth(NoCaption), TheSurface().TheResolution().TwipsPerPixelX());
 }
 
 // A picture that could not be loaded is left out.
@@ -273,7 +272,7 @@ void YesNo::DrawOption(HDC dc, HDC memory, const Picture& picture, int x, DWORD 
     const HBITMAP bitmap = BitmapOf(picture);
     if (!bitmap)
         return;
-    const int top = OptionImageTop(TheSurface().ScaleHeight(), Screen::TwipsPerPixelY());
+    const int top = OptionImageTop(TheSurface().ScaleHeight(), TheSurface().TheResolution().TwipsPerPixelY());
     const Selection selected(memory, bitmap);
     BitBlt(dc, x, top, OptionImageSize, OptionImageSize, memory, 0, 0, rasterOperation);
 }
