@@ -2,6 +2,8 @@
 
 #include "runtime/core/Units.h"
 
+#include <algorithm>
+
 namespace kiv
 {
 
@@ -23,6 +25,18 @@ std::int32_t Resolution::PixelsX(double twips) const
 std::int32_t Resolution::PixelsY(double twips) const
 {
     return TwipsToPixels(twips, TwipsPerPixelY());
+}
+
+PictureScale PictureScaleAt(const Resolution& resolution)
+{
+    constexpr int unscaled = 96;
+    const int perInch = std::min(resolution.X, resolution.Y);
+    for (const int percent : {400, 300, 200, 150, 125})
+    {
+        if (perInch * 100 >= percent * unscaled)
+            return {percent};
+    }
+    return {};
 }
 
 } // namespace kiv

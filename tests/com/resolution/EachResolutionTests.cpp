@@ -111,7 +111,8 @@ TEST_P(EachResolution, TakesTheFontObjectsOwnFontWhereItFits)
 {
     if (Is(L"PicLite"))
         return; // has none
-    const auto control = Made(96);
+    const int screen = ScreenResolution();
+    const auto control = Made(screen);
     control->Activate();
     const Variant object = control->Property(L"Font");
     Microsoft::WRL::ComPtr<IFont> font;
@@ -122,10 +123,10 @@ TEST_P(EachResolution, TakesTheFontObjectsOwnFontWhereItFits)
         return reinterpret_cast<HFONT>(SendMessageW(control->Window(), WM_GETFONT, 0, 0));
     };
     EXPECT_EQ(used(), own);
-    control->MoveTo(144);
+    control->MoveTo(screen + 48);
     control->Fit();
     EXPECT_NE(used(), own);
-    control->MoveTo(96);
+    control->MoveTo(screen);
     control->Fit();
     EXPECT_EQ(used(), own);
 }

@@ -141,6 +141,14 @@ Layout ScreenedControl::Seen() const
     return layout;
 }
 
+int ScreenResolution()
+{
+    const HDC screen = GetDC(nullptr);
+    const int pixelsPerInch = GetDeviceCaps(screen, LOGPIXELSY);
+    ReleaseDC(nullptr, screen);
+    return pixelsPerInch;
+}
+
 void ExpectSame(const Layout& expected, const Layout& actual)
 {
     EXPECT_EQ(Figures(expected.Size), Figures(actual.Size));

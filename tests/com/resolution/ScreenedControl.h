@@ -52,6 +52,9 @@ private:
     int asked_ = 0;
 };
 
+// What the system itself is set to.
+int ScreenResolution();
+
 void ExpectSame(const Layout& expected, const Layout& actual);
 
 // The height that a window's font was asked for, as a LOGFONT has it; 0 for the system's own font.

@@ -61,6 +61,33 @@ TEST(YesNoRulesTest, LaysOutBothRegions)
     }
 }
 
+struct ScaledRow
+{
+    int PixelsPerInch;
+    int Percent;
+    YesNoLayout Layout; // of 1800 twips, captions of 270 and 210
+    int Top;            // of the images on 300 twips
+};
+
+const ScaledRow ScaledRows[] = {
+    {96, 100, {38, 87}, 3},    {120, 125, {47, 108}, 3},  {144, 150, {57, 130}, 4},
+    {168, 150, {61, 156}, 7},  {192, 200, {76, 174}, 6},  {216, 200, {80, 200}, 8},
+    {240, 200, {85, 227}, 11}, {288, 300, {114, 261}, 9}, {384, 400, {152, 348}, 12},
+};
+
+TEST(YesNoRulesTest, LeavesRoomForTheImagesOfEveryResolution)
+{
+    for (const ScaledRow& row : ScaledRows)
+    {
+        const Resolution resolution = {row.PixelsPerInch, row.PixelsPerInch};
+        const double twips = resolution.TwipsPerPixelX();
+        const PictureScale scale = PictureScaleAt(resolution);
+        EXPECT_EQ(scale.Percent, row.Percent);
+        EXPECT_EQ(CalcYesNoLayout(1800, 270, 210, twips, scale), row.Layout) << row.PixelsPerInch;
+        EXPECT_EQ(OptionImageTop(300, twips, scale), row.Top) << row.PixelsPerInch;
+    }
+}
+
 struct TopRow
 {
     double ScaleHeight;

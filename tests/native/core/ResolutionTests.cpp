@@ -101,6 +101,50 @@ TEST(ResolutionTest, LosesLessThanAPixelOfAnyLength)
     }
 }
 
+struct ScaleRow
+{
+    int PixelsPerInch;
+    int Percent;
+};
+
+const ScaleRow ScaleRows[] = {
+    {72, 100},  {96, 100},  {119, 100}, {120, 125}, {143, 125}, {144, 150}, {168, 150}, {191, 150},
+    {192, 200}, {216, 200}, {240, 200}, {287, 200}, {288, 300}, {383, 300}, {384, 400}, {600, 400},
+};
+
+TEST(PictureScaleTest, IsTheLargestThatThereIsRoomFor)
+{
+    for (const ScaleRow& row : ScaleRows)
+    {
+        const int perInch = row.PixelsPerInch;
+        EXPECT_EQ(PictureScaleAt({perInch, perInch}).Percent, row.Percent) << perInch;
+        EXPECT_EQ(PictureScaleAt({perInch, 1000}).Percent, row.Percent) << perInch;
+        EXPECT_EQ(PictureScaleAt({1000, perInch}).Percent, row.Percent) << perInch;
+    }
+}
+
+struct GrownRow
+{
+    int Length;
+    int Lengths[6]; // at 100, 125, 150, 200, 300 and 400 %
+};
+
+const GrownRow GrownRows[] = {
+    {0, {0, 0, 0, 0, 0, 0}},        {1, {1, 1, 2, 2, 3, 4}},        {2, {2, 3, 3, 4, 6, 8}},
+    {4, {4, 5, 6, 8, 12, 16}},      {14, {14, 18, 21, 28, 42, 56}}, {18, {18, 23, 27, 36, 54, 72}},
+    {23, {23, 29, 35, 46, 69, 92}},
+};
+
+TEST(PictureScaleTest, LengthsGrowToTheNearestPixel)
+{
+    for (const GrownRow& row : GrownRows)
+    {
+        std::size_t at = 0;
+        for (const int percent : {100, 125, 150, 200, 300, 400})
+            EXPECT_EQ(PictureScale{percent}.Of(row.Length), row.Lengths[at++]) << percent;
+    }
+}
+
 } // namespace
 
 } // namespace kiv::test
