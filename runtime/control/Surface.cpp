@@ -106,7 +106,7 @@ void Surface::Park()
     if (!window_)
         return;
     Show(false);
-    MoveUnder(ParkingWindow());
+    MoveUnder(ParkingWindowFor(window_));
 }
 
 bool Surface::ContainsFocus() const

@@ -1,18 +1,12 @@
 #include "runtime/drawing/WindowResolution.h"
 
+#include "runtime/drawing/SystemFunction.h"
+
 namespace kiv
 {
 
 namespace
 {
-
-// What the oldest system does not have is null.
-template<class Function>
-Function* SystemFunction(const char* name)
-{
-    return reinterpret_cast<Function*>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));
-}
 
 using GetDpiForSystem = UINT WINAPI();
 using GetDpiForWindow = UINT WINAPI(HWND);

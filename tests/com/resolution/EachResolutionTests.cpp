@@ -98,7 +98,12 @@ TEST_P(EachResolution, HasItsFontInPoints)
         SCOPED_TRACE(perInch);
         const auto control = Made(perInch);
         control->Activate();
-        EXPECT_EQ(FontHeight(control->Window()), -std::lround(8.25 * perInch / 72));
+        // The object's size is a whole number of pixels of the system's screen, and there 8.25 points may be
+        // none.
+        const double points =
+            static_cast<double>(FactsOf(control->Property(L"Font").Object()).Size.int64) / 10000;
+        EXPECT_NEAR(points, 8.25, 0.5 * 72 / ScreenResolution());
+        EXPECT_EQ(FontHeight(control->Window()), -std::lround(points * perInch / 72));
         FontFacts larger;
         larger.Size.int64 = 120000;
         control->Put(L"Font", Variant(static_cast<IDispatch*>(MakeFont(larger).Get())));
@@ -214,15 +219,22 @@ TEST_P(EachResolution, IsRightOnSeveralScreensAtOnce)
 // A host that leaves it as it is has it laid out for the screen all the same.
 TEST_P(EachResolution, FollowsAHostThatPlacesNothing)
 {
-    const auto moved = Made(96);
-    moved->Activate();
-    moved->MoveTo(192);
-    SendMessageW(moved->Window(), DpiChangedAfterParent, 0, 0);
-    const SIZE size = moved->SizeOfWindow();
-    const auto fresh = Made(192);
-    fresh->Activate();
-    fresh->Place(size);
-    ExpectSame(fresh->Seen(), moved->Seen());
+    for (const bool isPlaced : {false, true})
+    {
+        SCOPED_TRACE(isPlaced ? "placed where it is" : "told");
+        const auto moved = Made(96);
+        moved->Activate();
+        moved->MoveTo(192);
+        if (isPlaced)
+            moved->Place(moved->SizeOfWindow());
+        else
+            SendMessageW(moved->Window(), DpiChangedAfterParent, 0, 0);
+        const SIZE size = moved->SizeOfWindow();
+        const auto fresh = Made(192);
+        fresh->Activate();
+        fresh->Place(size);
+        ExpectSame(fresh->Seen(), moved->Seen());
+    }
 }
 
 // Word that is no news changes nothing.
