@@ -1,7 +1,6 @@
 #include "controls/amount/AmountBox.h"
 
 #include "runtime/constituents/Clipboard.h"
-#include "runtime/drawing/Screen.h"
 
 namespace kiv
 {
@@ -43,15 +42,16 @@ void AmountBox::UserControl_Initialize()
 void AmountBox::UserControl_Resize()
 {
     const AmountLayout layout = Layout();
-    lblRight.Move(Screen::PixelsX(layout.Label.Left), Screen::PixelsY(layout.Label.Top),
-                  Screen::PixelsX(layout.Label.Width), lblRight.LineHeight());
+    const Resolution& resolution = TheSurface().TheResolution();
+    lblRight.Move(resolution.PixelsX(layout.Label.Left), resolution.PixelsY(layout.Label.Top),
+                  resolution.PixelsX(layout.Label.Width), lblRight.LineHeight());
     // Parked even while the user types, until the focus comes anew. Deliberate.
     PlaceBox(layout.Box);
     RequestFit([this]() -> std::optional<SIZE> {
         const std::optional<double> height = Layout().Height;
         if (!height)
             return std::nullopt;
-        return SIZE{TheSurface().OuterSize().cx, Screen::PixelsY(*height)};
+        return SIZE{TheSurface().OuterSize().cx, TheSurface().TheResolution().PixelsY(*height)};
     });
 }
 
@@ -195,26 +195,28 @@ void AmountBox::Clear()
 
 double AmountBox::BoxHeight() const
 {
-    return txtLeft.LeastHeight() * Screen::TwipsPerPixelY();
+    return txtLeft.LeastHeight() * TheSurface().TheResolution().TwipsPerPixelY();
 }
 
 AmountLayout AmountBox::Layout() const
 {
     const Surface& surface = TheSurface();
+    const Resolution& resolution = surface.TheResolution();
     return CalcLayout({.ScaleWidth = surface.ScaleWidth(),
                        .ScaleHeight = surface.ScaleHeight(),
-                       .Height = surface.OuterSize().cy * Screen::TwipsPerPixelY(),
+                       .Height = surface.OuterSize().cy * resolution.TwipsPerPixelY(),
                        .BoxHeight = BoxHeight(),
-                       .LabelHeight = lblRight.LineHeight() * Screen::TwipsPerPixelY(),
-                       .TwipsPerPixelX = Screen::TwipsPerPixelX(),
-                       .TwipsPerPixelY = Screen::TwipsPerPixelY()});
+                       .LabelHeight = lblRight.LineHeight() * resolution.TwipsPerPixelY(),
+                       .TwipsPerPixelX = resolution.TwipsPerPixelX(),
+                       .TwipsPerPixelY = resolution.TwipsPerPixelY()});
 }
 
 void AmountBox::PlaceBox(const AmountPlace& place)
 {
     isParked_ = place.Top == ParkedTop;
-    txtLeft.Move(Screen::PixelsX(place.Left), Screen::PixelsY(place.Top), Screen::PixelsX(place.Width),
-                 txtLeft.LeastHeight());
+    const Resolution& resolution = TheSurface().TheResolution();
+    txtLeft.Move(resolution.PixelsX(place.Left), resolution.PixelsY(place.Top),
+                 resolution.PixelsX(place.Width), txtLeft.LeastHeight());
     UpdateToolTip();
 }
 

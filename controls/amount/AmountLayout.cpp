@@ -14,8 +14,8 @@ AmountLayout CalcAmountLayout(const AmountSizes& sizes, double centredHeight)
         .Box = {sizes.TwipsPerPixelX, ParkedTop, sizes.ScaleWidth - 2 * sizes.TwipsPerPixelX},
         .Height = {}};
     // One pixel above the box and one below. Compared in single precision, as hosts store their sizes.
-    const double needed = static_cast<float>(sizes.BoxHeight + 2 * sizes.TwipsPerPixelY);
-    if (needed > sizes.ScaleHeight)
+    const auto needed = static_cast<float>(sizes.BoxHeight + 2 * sizes.TwipsPerPixelY);
+    if (needed > static_cast<float>(sizes.ScaleHeight))
     {
         const double border = sizes.Height - sizes.ScaleHeight;
         layout.Height = sizes.BoxHeight + border + 2 * sizes.TwipsPerPixelY;

@@ -58,6 +58,7 @@ private:
     void TakeCaption(std::wstring_view newText);
 
     // Painting (PicCommand_paint.cpp)
+    PictureScale Scale() const { return PictureScaleAt(TheSurface().TheResolution()); }
     void RepaintButton();
     void PaintButton(HWND button, UINT msg);
     void DrawButton(const DRAWITEMSTRUCT& item);

@@ -40,26 +40,29 @@ BevelColors ColorsOf(bool pressed, bool framed)
 
 } // namespace
 
-ButtonPicture ButtonPictureOf(long pictureType, long detailStatus)
+ButtonPicture ButtonPictureOf(long pictureType, long detailStatus, PictureScale scale)
 {
+    const auto grown = [scale](ButtonIcon icon, int width, int height) {
+        return ButtonPicture{icon, scale.Of(width), scale.Of(height)};
+    };
     switch (pictureType)
     {
     case CheckMarkType:
         if (detailStatus == PartialStatus)
-            return {ButtonIcon::Partial, 15, 10};
+            return grown(ButtonIcon::Partial, 15, 10);
         if (detailStatus == CompleteStatus)
-            return {ButtonIcon::CheckMark, 15, 10};
+            return grown(ButtonIcon::CheckMark, 15, 10);
         return NoPicture;
     case 1:
-        return {ButtonIcon::Plus, 18, 18};
+        return grown(ButtonIcon::Plus, 18, 18);
     case 2:
-        return {ButtonIcon::Minus, 18, 18};
+        return grown(ButtonIcon::Minus, 18, 18);
     case 3:
-        return {ButtonIcon::Note, 23, 23};
+        return grown(ButtonIcon::Note, 23, 23);
     case 4:
-        return {ButtonIcon::Graph, 23, 23};
+        return grown(ButtonIcon::Graph, 23, 23);
     case 5:
-        return {ButtonIcon::WebLink, 23, 23};
+        return grown(ButtonIcon::WebLink, 23, 23);
     default:
         return NoPicture;
     }
@@ -93,43 +96,61 @@ bool IsLinkStyle(ButtonIcon icon)
     return icon == ButtonIcon::Note || icon == ButtonIcon::Graph || icon == ButtonIcon::WebLink;
 }
 
-ButtonFrame ButtonFrameOf(PixelRect button, bool pressed, bool framed)
+// A line that is more than a pixel wide is as many lines, one inside the other.
+ButtonFrame ButtonFrameOf(PixelRect button, bool pressed, bool framed, PictureScale scale)
 {
     std::vector<FrameStroke> strokes;
-    PixelRect r = button;
+    const int width = scale.Of(1);
+    const auto stroke = [&](FrameColor color, PixelRect outermost, auto&& points) {
+        for (int line = 0; line < width; ++line)
+            strokes.push_back({color, points(Shrunk(outermost, line))});
+    };
+    using Points = std::vector<PixelPoint>;
+    PixelRect outer = button;
     if (framed)
     {
-        strokes.push_back({FrameColor::Black,
-                           {{r.Left, r.Bottom - 2},
-                            {r.Left, r.Top},
-                            {r.Right - 1, r.Top},
-                            {r.Right - 1, r.Bottom - 1},
-                            {r.Left - 1, r.Bottom - 1}}});
-        r = Shrunk(r, 1);
+        stroke(FrameColor::Black, outer, [](PixelRect r) {
+            return Points{{r.Left, r.Bottom - 2},
+                          {r.Left, r.Top},
+                          {r.Right - 1, r.Top},
+                          {r.Right - 1, r.Bottom - 1},
+                          {r.Left - 1, r.Bottom - 1}};
+        });
+        outer = Shrunk(outer, width);
     }
     // The one pixel of the frame that the lines below leave out, since none draws its last point: without
     // this it would keep what another state has drawn there.
-    strokes.push_back({FrameColor::Face, {{r.Left, r.Bottom - 1}, {r.Left + 1, r.Bottom - 1}}});
+    stroke(FrameColor::Face, outer, [](PixelRect r) {
+        return Points{{r.Left, r.Bottom - 1}, {r.Left + 1, r.Bottom - 1}};
+    });
     // One line through all four: each begins where the one before it ended.
     const BevelColors colors = ColorsOf(pressed, framed);
-    strokes.push_back({colors.InnerTopLeft,
-                       {{r.Left + 1, r.Bottom - 3}, {r.Left + 1, r.Top + 1}, {r.Right - 2, r.Top + 1}}});
-    strokes.push_back({colors.InnerBottomRight,
-                       {{r.Right - 2, r.Top + 1}, {r.Right - 2, r.Bottom - 2}, {r.Left, r.Bottom - 2}}});
-    strokes.push_back({colors.OuterTopLeft, {{r.Left, r.Bottom - 2}, {r.Left, r.Top}, {r.Right - 1, r.Top}}});
-    strokes.push_back({colors.OuterBottomRight,
-                       {{r.Right - 1, r.Top}, {r.Right - 1, r.Bottom - 1}, {r.Left, r.Bottom - 1}}});
-    return {std::move(strokes), Shrunk(r, 2)};
+    const PixelRect inner = Shrunk(outer, width);
+    stroke(colors.InnerTopLeft, inner, [](PixelRect r) {
+        return Points{{r.Left, r.Bottom - 2}, {r.Left, r.Top}, {r.Right - 1, r.Top}};
+    });
+    stroke(colors.InnerBottomRight, inner, [](PixelRect r) {
+        return Points{{r.Right - 1, r.Top}, {r.Right - 1, r.Bottom - 1}, {r.Left - 1, r.Bottom - 1}};
+    });
+    stroke(colors.OuterTopLeft, outer, [](PixelRect r) {
+        return Points{{r.Left, r.Bottom - 2}, {r.Left, r.Top}, {r.Right - 1, r.Top}};
+    });
+    stroke(colors.OuterBottomRight, outer, [](PixelRect r) {
+        return Points{{r.Right - 1, r.Top}, {r.Right - 1, r.Bottom - 1}, {r.Left, r.Bottom - 1}};
+    });
+    return {std::move(strokes), Shrunk(inner, width)};
 }
 
-ButtonLayout ButtonLayoutOf(PixelRect text, const ButtonPicture& picture, long pictureType, int captionWidth)
+ButtonLayout ButtonLayoutOf(PixelRect text, const ButtonPicture& picture, long pictureType, int captionWidth,
+                            PictureScale scale)
 {
     if (picture.Icon == ButtonIcon::None)
         return {text, {}};
     const int width = text.Right - text.Left;
-    const int gap =
-        pictureType == CheckMarkType ? 1 : std::max((width - captionWidth - picture.PicWidth) / 3, 0);
-    ButtonLayout layout = {text, {text.Left + gap + 2, (text.Top + text.Bottom - picture.PicHeight) / 2}};
+    const int gap = pictureType == CheckMarkType ? scale.Of(1)
+                                                 : std::max((width - captionWidth - picture.PicWidth) / 3, 0);
+    ButtonLayout layout = {text,
+                           {text.Left + gap + scale.Of(2), (text.Top + text.Bottom - picture.PicHeight) / 2}};
     layout.Caption.Left += picture.PicWidth + gap;
     return layout;
 }

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "runtime/core/Resolution.h"
+
 #include <vector>
 
 namespace kiv
 {
 
 // The rules of PicCommand that need no window. All in pixels; picture types and statuses are numbers as the
-// control publishes them.
+// control publishes them. scale: of the button's pictures, with which its frame and its gaps grow.
 
 enum class ButtonIcon
 {
@@ -31,7 +33,7 @@ struct ButtonPicture
 };
 
 // Any number is taken: one that is no type, or no status, shows no picture.
-ButtonPicture ButtonPictureOf(long pictureType, long detailStatus);
+ButtonPicture ButtonPictureOf(long pictureType, long detailStatus, PictureScale scale = {});
 
 // What the picture says, for those who cannot see it; empty for none.
 const wchar_t* MeaningOf(ButtonIcon icon);
@@ -80,7 +82,7 @@ struct ButtonFrame
     PixelRect Inside;                 // what the frame leaves for the face
 };
 
-ButtonFrame ButtonFrameOf(PixelRect button, bool pressed, bool framed);
+ButtonFrame ButtonFrameOf(PixelRect button, bool pressed, bool framed, PictureScale scale = {});
 
 // Where caption and icon go.
 struct ButtonLayout
@@ -91,8 +93,9 @@ struct ButtonLayout
     bool operator==(const ButtonLayout&) const = default;
 };
 
-// text: the button, a pixel further right and down while it is pressed. captionWidth is not asked for a
-// picture type of 0, whose icon stands at the left edge.
-ButtonLayout ButtonLayoutOf(PixelRect text, const ButtonPicture& picture, long pictureType, int captionWidth);
+// text: the button, a pixel of the first size further right and down while it is pressed. captionWidth is not
+// asked for a picture type of 0, whose icon stands at the left edge.
+ButtonLayout ButtonLayoutOf(PixelRect text, const ButtonPicture& picture, long pictureType, int captionWidth,
+                            PictureScale scale = {});
 
 } // namespace kiv

@@ -11,27 +11,29 @@ namespace
 {
 
 constexpr UINT CaptionFormat = DT_SINGLELINE | DT_VCENTER | DT_CENTER;
-constexpr short FocusInset = -4;
+constexpr int FocusInset = 4;
 
-HICON SharedIcon(ButtonIcon icon)
+HICON SharedIcon(ButtonIcon icon, PictureScale scale)
 {
-    const SharedPictures& pictures = Module().SharedPictures;
+    const auto shared = [scale](Picture SharedPictures::*picture) {
+        return IconOf(PictureIn(scale, picture));
+    };
     switch (icon)
     {
     case ButtonIcon::Partial:
-        return IconOf(pictures.partial);
+        return shared(&SharedPictures::partial);
     case ButtonIcon::CheckMark:
-        return IconOf(pictures.checkmark);
+        return shared(&SharedPictures::checkmark);
     case ButtonIcon::Plus:
-        return IconOf(pictures.plus);
+        return shared(&SharedPictures::plus);
     case ButtonIcon::Minus:
-        return IconOf(pictures.minus);
+        return shared(&SharedPictures::minus);
     case ButtonIcon::Note:
-        return IconOf(pictures.note);
+        return shared(&SharedPictures::note);
     case ButtonIcon::Graph:
-        return IconOf(pictures.graph);
+        return shared(&SharedPictures::graph);
     case ButtonIcon::WebLink:
-        return IconOf(pictures.weblink);
+        return shared(&SharedPictures::weblink);
     default:
         return nullptr;
     }
@@ -109,8 +111,9 @@ void PicCommand::PaintButton(HWND button, UINT msg)
 
 void PicCommand::DrawButton(const DRAWITEMSTRUCT& item)
 {
-    ButtonPicture picture = ButtonPictureOf(PictureType, DetailStatus);
-    const HICON icon = SharedIcon(picture.Icon);
+    const PictureScale scale = Scale();
+    ButtonPicture picture = ButtonPictureOf(PictureType, DetailStatus, scale);
+    const HICON icon = SharedIcon(picture.Icon, scale);
     // An icon that could not be loaded is left out.
     if (!icon)
         picture = {};
@@ -118,7 +121,7 @@ void PicCommand::DrawButton(const DRAWITEMSTRUCT& item)
     const bool pressed = (item.itemState & ODS_SELECTED) != 0;
     const bool framed = (item.itemState & ODS_FOCUS) != 0 && !isLink;
 
-    const ButtonFrame frame = ButtonFrameOf(ToPixelRect(item.rcItem), pressed, framed);
+    const ButtonFrame frame = ButtonFrameOf(ToPixelRect(item.rcItem), pressed, framed, scale);
     DrawFrame(item.hDC, frame);
     switch (item.itemAction)
     {
@@ -132,7 +135,7 @@ void PicCommand::DrawButton(const DRAWITEMSTRUCT& item)
         return;
     }
     if (!isLink)
-        DrawFocusIfFocused(item, FocusInset);
+        DrawFocusIfFocused(item, static_cast<short>(-scale.Of(FocusInset)));
 }
 
 void PicCommand::DrawFace(const DRAWITEMSTRUCT& item, const PixelRect& inside, const ButtonPicture& picture,
@@ -143,12 +146,13 @@ void PicCommand::DrawFace(const DRAWITEMSTRUCT& item, const PixelRect& inside, c
 
     RECT text = item.rcItem;
     if ((item.itemState & ODS_SELECTED) != 0)
-        OffsetRect(&text, 1, 1);
+        OffsetRect(&text, Scale().Of(1), Scale().Of(1));
     const HFONT font = TheSurface().FontHandle();
     // Measured as it stands, "&" included: hosts have always seen the icon so far to the left. It is drawn in
     // the code page.
     const int captionWidth = icon && PictureType != 0 ? TextWidthInPixels(Wide(Ansi(Caption)), font) : 0;
-    const ButtonLayout layout = ButtonLayoutOf(ToPixelRect(text), picture, PictureType, captionWidth);
+    const ButtonLayout layout =
+        ButtonLayoutOf(ToPixelRect(text), picture, PictureType, captionWidth, Scale());
     {
         const Graphics graphics(nullptr, dc, font, GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE));
         RECT caption = ToRect(layout.Caption);

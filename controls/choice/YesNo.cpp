@@ -3,7 +3,6 @@
 #include "resources/ResourceIds.h"
 #include "runtime/com/LateBound.h"
 #include "runtime/drawing/Color.h"
-#include "runtime/drawing/Screen.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -104,17 +103,18 @@ void YesNo::UserControl_Paint()
     if (!memory)
         return;
 
-    const SharedPictures& pictures = Module().SharedPictures;
+    using Pictures = SharedPictures;
     const int yesLeft = 0;
     const int noLeft = layout_.NoLeft;
-    DrawOption(dc, memory.Get(), pictures.YNMASK, yesLeft, SRCAND);
-    DrawOption(dc, memory.Get(), pictures.YNMASK, noLeft, SRCAND);
-    DrawOption(dc, memory.Get(), Value_ == Yes ? pictures.YNSET : pictures.YNCLEAR, yesLeft, SRCPAINT);
-    DrawOption(dc, memory.Get(), Value_ == No ? pictures.YNSET : pictures.YNCLEAR, noLeft, SRCPAINT);
+    DrawOption(dc, memory.Get(), &Pictures::YNMASK, yesLeft, SRCAND);
+    DrawOption(dc, memory.Get(), &Pictures::YNMASK, noLeft, SRCAND);
+    DrawOption(dc, memory.Get(), Value_ == Yes ? &Pictures::YNSET : &Pictures::YNCLEAR, yesLeft, SRCPAINT);
+    DrawOption(dc, memory.Get(), Value_ == No ? &Pictures::YNSET : &Pictures::YNCLEAR, noLeft, SRCPAINT);
 
     const SIZE size = TheSurface().PixelSize();
-    RECT yesCaption = {0, 0, layout_.YesRight - 2, size.cy};
-    RECT noCaption = {layout_.NoLeft, 0, size.cx - 2, size.cy};
+    const int margin = Scale().Of(2);
+    RECT yesCaption = {0, 0, layout_.YesRight - margin, size.cy};
+    RECT noCaption = {layout_.NoLeft, 0, size.cx - margin, size.cy};
     DrawCaption(dc, YesCaption, yesCaption, CaptionFormat, TheSurface().Enabled());
     DrawCaption(dc, NoCaption, noCaption, CaptionFormat, TheSurface().Enabled());
 
@@ -124,7 +124,7 @@ void YesNo::UserControl_Paint()
 
 void YesNo::UserControl_MouseDown(short, short, double X, double)
 {
-    if (const long option = OptionAt(layout_, X, Screen::TwipsPerPixelX()))
+    if (const long option = OptionAt(layout_, X, TheSurface().TheResolution().TwipsPerPixelX()))
         DrawFocusState(static_cast<AnswerEnums>(option));
 }
 
@@ -134,7 +134,7 @@ void YesNo::UserControl_MouseUp(short, short, double X, double Y)
     const bool inside = X >= 0 && X <= TheSurface().ScaleWidth() && Y >= 0 && Y <= TheSurface().ScaleHeight();
     if (!focused || !inside)
         return;
-    if (const long option = OptionAt(layout_, X, Screen::TwipsPerPixelX()))
+    if (const long option = OptionAt(layout_, X, TheSurface().TheResolution().TwipsPerPixelX()))
         CommitValue(Toggled(Value_, option));
 }
 
@@ -303,19 +303,23 @@ bool YesNo::DoDefaultAction(int option)
 void YesNo::CalcLayout()
 {
     const Surface& surface = TheSurface();
-    layout_ = CalcYesNoLayout(surface.ScaleWidth(), surface.TextWidth(YesCaption),
-                              surface.TextWidth(NoCaption), Screen::TwipsPerPixelX());
+    layout_ =
+        CalcYesNoLayout(surface.ScaleWidth(), surface.TextWidth(YesCaption), surface.TextWidth(NoCaption),
+                        surface.TheResolution().TwipsPerPixelX(), Scale());
 }
 
 // A picture that could not be loaded is left out.
-void YesNo::DrawOption(HDC dc, HDC memory, const Picture& picture, int x, DWORD rasterOperation) const
+void YesNo::DrawOption(HDC dc, HDC memory, Picture SharedPictures::*which, int x, DWORD rasterOperation) const
 {
-    const HBITMAP bitmap = BitmapOf(picture);
+    const PictureScale scale = Scale();
+    const HBITMAP bitmap = BitmapOf(PictureIn(scale, which));
     if (!bitmap)
         return;
-    const int top = OptionImageTop(TheSurface().ScaleHeight(), Screen::TwipsPerPixelY());
+    const int top =
+        OptionImageTop(TheSurface().ScaleHeight(), TheSurface().TheResolution().TwipsPerPixelY(), scale);
+    const int size = scale.Of(OptionImageSize);
     const Selection selected(memory, bitmap);
-    BitBlt(dc, x, top, OptionImageSize, OptionImageSize, memory, 0, 0, rasterOperation);
+    BitBlt(dc, x, top, size, size, memory, 0, 0, rasterOperation);
 }
 
 // There is no record of whether the rectangle shows: drawing inverts, so each call without a target toggles

@@ -63,7 +63,8 @@ private:
     void RaiseChange();
 
     void CalcLayout();
-    void DrawOption(HDC dc, HDC memory, const Picture& picture, int x, DWORD rasterOperation) const;
+    PictureScale Scale() const { return PictureScaleAt(TheSurface().TheResolution()); }
+    void DrawOption(HDC dc, HDC memory, Picture SharedPictures::*which, int x, DWORD rasterOperation) const;
     void DrawFocusState(AnswerEnums TargetFocus);
     void CommitValue(long newValue);
 

@@ -5,16 +5,17 @@
 namespace kiv
 {
 
-YesNoLayout CalcYesNoLayout(double scaleWidth, double yesWidth, double noWidth, double twipsPerPixelX)
+YesNoLayout CalcYesNoLayout(double scaleWidth, double yesWidth, double noWidth, double twipsPerPixelX,
+                            PictureScale scale)
 {
     // 20 and 19 differ on purpose: the right edge of one region and the left edge of the other.
-    return {TwipsToPixels(yesWidth, twipsPerPixelX) + 20,
-            TwipsToPixels(scaleWidth - noWidth, twipsPerPixelX) - 19};
+    return {TwipsToPixels(yesWidth, twipsPerPixelX) + scale.Of(20),
+            TwipsToPixels(scaleWidth - noWidth, twipsPerPixelX) - scale.Of(19)};
 }
 
-int OptionImageTop(double scaleHeight, double twipsPerPixelY)
+int OptionImageTop(double scaleHeight, double twipsPerPixelY, PictureScale scale)
 {
-    return RoundHalfEven(scaleHeight / twipsPerPixelY - OptionImageSize) / 2;
+    return RoundHalfEven(scaleHeight / twipsPerPixelY - scale.Of(OptionImageSize)) / 2;
 }
 
 long OptionAt(const YesNoLayout& layout, double x, double twipsPerPixelX)

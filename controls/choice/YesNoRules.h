@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/core/Resolution.h"
+
 namespace kiv
 {
 
@@ -16,14 +18,15 @@ struct YesNoLayout
 };
 
 // All in twips: the surface's inner width and the widths of both captions.
-YesNoLayout CalcYesNoLayout(double scaleWidth, double yesWidth, double noWidth, double twipsPerPixelX);
+YesNoLayout CalcYesNoLayout(double scaleWidth, double yesWidth, double noWidth, double twipsPerPixelX,
+                            PictureScale scale = {});
 
-// Height and width of the option images, in pixels.
+// Height and width of the option images in their first size, in pixels.
 constexpr int OptionImageSize = 14;
 
 // Where the option images begin, in pixels from the top, so that they are centred; truncated toward zero, and
 // negative on a surface that is lower than they are.
-int OptionImageTop(double scaleHeight, double twipsPerPixelY);
+int OptionImageTop(double scaleHeight, double twipsPerPixelY, PictureScale scale = {});
 
 // The option at a place (twips), 0 between the options. Where they overlap, Yes wins.
 long OptionAt(const YesNoLayout& layout, double x, double twipsPerPixelX);

@@ -185,6 +185,7 @@ void ChkCombo::Enabled(bool newState)
 
 void ChkCombo::ApplyFont()
 {
+    cbo.At(TheSurface().TheResolution());
     cbo.Font(TheSurface().FontHandle());
     UserControl_Resize();
 }

@@ -104,14 +104,14 @@ ItemColor ItemForeground(std::uint32_t oleColor)
     return MaskedColor(oleColor, 0xFF);
 }
 
-int ItemIconTop(int top, int bottom)
+int ItemIconTop(int top, int bottom, PictureScale scale)
 {
-    return (top + bottom - ItemIconSize) / 2;
+    return (top + bottom - scale.Of(ItemIconSize)) / 2;
 }
 
-int ItemTextLeft(int left, ItemIcon icon)
+int ItemTextLeft(int left, ItemIcon icon, PictureScale scale)
 {
-    return left + (icon == ItemIcon::None ? 1 : ItemIconSize);
+    return left + scale.Of(icon == ItemIcon::None ? 1 : ItemIconSize);
 }
 
 int DropDownHeight(int closedHeight, int itemHeight, int count)

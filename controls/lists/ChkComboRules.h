@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/core/Resolution.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -88,10 +90,11 @@ struct ItemColor
 ItemColor ItemBackground(std::uint32_t oleColor);
 ItemColor ItemForeground(std::uint32_t oleColor);
 
-// Places in an item's rectangle, in pixels. The icon lies at the rectangle's left edge.
+// Places in an item's rectangle, in pixels. The icon lies at the rectangle's left edge; the size is its first
+// one.
 constexpr int ItemIconSize = 14;
-int ItemIconTop(int top, int bottom);
-int ItemTextLeft(int left, ItemIcon icon);
+int ItemIconTop(int top, int bottom, PictureScale scale = {});
+int ItemTextLeft(int left, ItemIcon icon, PictureScale scale = {});
 
 // Height of the combo box with its list open, in pixels.
 int DropDownHeight(int closedHeight, int itemHeight, int count);

@@ -13,19 +13,21 @@ namespace
 
 constexpr UINT ItemTextFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
 
-HICON PictureFor(ItemIcon icon)
+HICON PictureFor(ItemIcon icon, PictureScale scale)
 {
-    const SharedPictures& pictures = Module().SharedPictures;
+    const auto shared = [scale](Picture SharedPictures::*picture) {
+        return IconOf(PictureIn(scale, picture));
+    };
     switch (icon)
     {
     case ItemIcon::Partial:
-        return IconOf(pictures.chkcmb_par);
+        return shared(&SharedPictures::chkcmb_par);
     case ItemIcon::PartialSelected:
-        return IconOf(pictures.chkcmb_par_sel);
+        return shared(&SharedPictures::chkcmb_par_sel);
     case ItemIcon::Complete:
-        return IconOf(pictures.chkcmb_chk);
+        return shared(&SharedPictures::chkcmb_chk);
     case ItemIcon::CompleteSelected:
-        return IconOf(pictures.chkcmb_chk_sel);
+        return shared(&SharedPictures::chkcmb_chk_sel);
     default:
         return nullptr;
     }
@@ -220,10 +222,11 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
     SetTextColor(dc, foreground);
 
     const ItemIcon icon = ItemIconFor(list_.Status(index), selected);
-    if (const HICON picture = PictureFor(icon))
-        DrawIconEx(dc, place.left, ItemIconTop(place.top, place.bottom), picture, 0, 0, 0, nullptr,
+    const PictureScale scale = PictureScaleAt(TheSurface().TheResolution());
+    if (const HICON picture = PictureFor(icon, scale))
+        DrawIconEx(dc, place.left, ItemIconTop(place.top, place.bottom, scale), picture, 0, 0, 0, nullptr,
                    DI_NORMAL);
-    place.left = ItemTextLeft(place.left, icon);
+    place.left = ItemTextLeft(place.left, icon, scale);
     DrawTextW(dc, text.c_str(), -1, &place, ItemTextFormat);
 }
 

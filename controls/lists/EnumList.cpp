@@ -9,7 +9,7 @@
 #include "runtime/core/Scoped.h"
 #include "runtime/drawing/Color.h"
 #include "runtime/drawing/MousePointer.h"
-#include "runtime/drawing/Screen.h"
+#include "runtime/drawing/WindowResolution.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -90,11 +90,12 @@ void EnumList::UserControl_Resize()
 {
     RequestFit([this] { return NeededSize(); });
     const EnumListLayout layout = Layout();
-    cmd.Move(Screen::PixelsX(layout.ButtonLeft), 0, Screen::PixelsX(ButtonWidth),
-             Screen::PixelsY(TheSurface().ScaleHeight()));
+    const Resolution& resolution = TheSurface().TheResolution();
+    cmd.Move(resolution.PixelsX(layout.ButtonLeft), 0, resolution.PixelsX(ButtonWidth),
+             resolution.PixelsY(TheSurface().ScaleHeight()));
     if (layout.MissingWidth <= 0 && layout.MissingHeight <= 0)
-        lbl.Move(0, Screen::PixelsY(layout.LabelTop), Screen::PixelsX(layout.LabelWidth),
-                 Screen::PixelsY(LabelHeight()));
+        lbl.Move(0, resolution.PixelsY(layout.LabelTop), resolution.PixelsX(layout.LabelWidth),
+                 resolution.PixelsY(LabelHeight()));
 }
 
 EnumListLayout EnumList::Layout() const
@@ -111,13 +112,14 @@ std::optional<SIZE> EnumList::NeededSize() const
     if (layout.MissingWidth <= 0 && layout.MissingHeight <= 0)
         return std::nullopt;
     const Surface& surface = TheSurface();
+    const Resolution& resolution = surface.TheResolution();
     SIZE size = surface.OuterSize();
     if (layout.MissingWidth > 0)
-        size.cx =
-            Screen::PixelsX(surface.ScaleWidth() + layout.MissingWidth) + 2 * GetSystemMetrics(SM_CXEDGE);
+        size.cx = resolution.PixelsX(surface.ScaleWidth() + layout.MissingWidth) +
+                  2 * SystemMetric(SM_CXEDGE, resolution);
     if (layout.MissingHeight > 0)
-        size.cy =
-            Screen::PixelsY(surface.ScaleHeight() + layout.MissingHeight) + 2 * GetSystemMetrics(SM_CYEDGE);
+        size.cy = resolution.PixelsY(surface.ScaleHeight() + layout.MissingHeight) +
+                  2 * SystemMetric(SM_CYEDGE, resolution);
     return size;
 }
 
@@ -232,7 +234,7 @@ void EnumList::FontAssigned() {}
 
 double EnumList::LabelHeight() const
 {
-    return lbl.LineHeight() * Screen::TwipsPerPixelY();
+    return lbl.LineHeight() * TheSurface().TheResolution().TwipsPerPixelY();
 }
 
 // Any number is taken; one that is not Code shows the description.

@@ -6,7 +6,6 @@
 #include "runtime/drawing/CharacterWidths.h"
 #include "runtime/drawing/Color.h"
 #include "runtime/drawing/MousePointer.h"
-#include "runtime/drawing/Screen.h"
 
 #include <exception>
 
@@ -62,8 +61,35 @@ void frmEnums::Form_Load()
     Controls& form = *controls_;
 
     form.Bold.Set(CreateFontObject(FontName, FontSize, FW_BOLD), {});
-    const HFONT bold = form.Bold.Handle();
+    Form_ResolutionChanged();
+    DefaultButton(form.cmdOK);
+    CancelButton(form.cmdCancel);
+    for (const long index : {ByCode, ByDescription})
+    {
+        form.optSortBy[index].OnClick = [this, index] { optSortBy_Click(index); };
+        Label& heading = form.lbl[index];
+        heading.Caption(index == ByCode ? L"Code" : L"Description");
+        heading.BackColor(SystemColor(COLOR_BTNFACE));
+        heading.ForeColor(SystemColor(COLOR_BTNTEXT));
+    }
+    const bool showCodes = request_->ShowCodes;
+    form.lstEnums.SpokenName = showCodes ? L"Code, Description" : L"Description";
+    form.lstEnums.SpokenItem = [showCodes](std::wstring_view item) { return SpokenItem(showCodes, item); };
+    form.lstEnums.OnClick = [this] { lstEnums_Click(); };
+    form.lstEnums.OnDblClick = [this] { lstEnums_DblClick(); };
+    form.cmdOK.OnClick = [this] { cmdOK_Click(); };
+    form.cmdCancel.OnClick = [this] { cmdCancel_Click(); };
+
+    form.fraSort.Visible(request_->ShowCodes);
+}
+
+void frmEnums::Form_ResolutionChanged()
+{
+    Controls& form = *controls_;
+    const HFONT bold = form.Bold.Handle(TheSurface().TheResolution());
     form.lstEnums.Font(TheSurface().FontHandle());
+    // A stop is counted in widths of the list's font.
+    form.lstEnums.TabStop(request_->ShowCodes ? TextTabStop : HiddenTabStop);
     for (Constituent* each : std::initializer_list<Constituent*>{
              &form.fraSort, &form.optSortBy[0], &form.optSortBy[1], &form.cmdOK, &form.cmdCancel})
         each->Font(bold);
@@ -71,30 +97,12 @@ void frmEnums::Form_Load()
     Move(form.fraSort, FramePlace);
     Move(form.cmdOK, OkPlace);
     Move(form.cmdCancel, CancelPlace);
-    DefaultButton(form.cmdOK);
-    CancelButton(form.cmdCancel);
     for (const long index : {ByCode, ByDescription})
     {
-        OptionButton& option = form.optSortBy[index];
-        Move(option, OptionPlaces[index]);
-        option.OnClick = [this, index] { optSortBy_Click(index); };
-        Label& heading = form.lbl[index];
-        heading.Caption(index == ByCode ? L"Code" : L"Description");
-        heading.BackColor(SystemColor(COLOR_BTNFACE));
-        heading.ForeColor(SystemColor(COLOR_BTNTEXT));
-        heading.Font(bold);
-        Move(heading, HeadingPlaces[index]);
+        Move(form.optSortBy[index], OptionPlaces[index]);
+        form.lbl[index].Font(bold);
+        Move(form.lbl[index], HeadingPlaces[index]);
     }
-    form.lstEnums.OnClick = [this] { lstEnums_Click(); };
-    const bool showCodes = request_->ShowCodes;
-    form.lstEnums.SpokenName = showCodes ? L"Code, Description" : L"Description";
-    form.lstEnums.SpokenItem = [showCodes](std::wstring_view item) { return SpokenItem(showCodes, item); };
-    form.lstEnums.OnDblClick = [this] { lstEnums_DblClick(); };
-    form.cmdOK.OnClick = [this] { cmdOK_Click(); };
-    form.cmdCancel.OnClick = [this] { cmdCancel_Click(); };
-
-    form.lstEnums.TabStop(request_->ShowCodes ? TextTabStop : HiddenTabStop);
-    form.fraSort.Visible(request_->ShowCodes);
 }
 
 void frmEnums::Form_Resize()
@@ -196,6 +204,7 @@ void frmEnums::Fill(EnumRecordset& rows, int filling)
     const Variant textColumn(EnumTextColumn);
     const Variant codeColumn(EnumCodeColumn);
     const CharacterWidths widths(TheSurface().FontHandle());
+    const double twipsPerPixel = TheSurface().TheResolution().TwipsPerPixelX();
     for (bool atEnd = rows.AtEnd(); !atEnd && !Superseded(filling); atEnd = rows.AtEnd())
     {
         const Bstr description = rows.Text(textColumn);
@@ -208,7 +217,7 @@ void frmEnums::Fill(EnumRecordset& rows, int filling)
         {
             const std::wstring_view line = TakeLine(rest);
             const std::wstring_view measured = line.substr(0, LongestMeasured);
-            if (!widths.FitsIn(measured, static_cast<int>(MaxTextWidth / Screen::TwipsPerPixelX())))
+            if (!widths.FitsIn(measured, static_cast<int>(MaxTextWidth / twipsPerPixel)))
                 MaxTextWidth = WidestLine(MaxTextWidth, TheSurface().TextWidth(measured));
             const bool isFirst = list.ListCount() == first;
             const int item = list.AddItem(
@@ -299,7 +308,7 @@ void frmEnums::EnumCode(std::wstring_view code)
 
 void frmEnums::Display()
 {
-    const double screenWidth = GetSystemMetrics(SM_CXSCREEN) * Screen::TwipsPerPixelX();
+    const double screenWidth = GetSystemMetrics(SM_CXSCREEN) * TheSurface().TheResolution().TwipsPerPixelX();
     OuterWidth(
         PickerWidth(OuterWidth(), TheSurface().ScaleWidth(), ListPlace.Left, MaxTextWidth, screenWidth));
     ShowModal(request_->Teller());

@@ -43,6 +43,7 @@ private:
 
     void Form_Load() override;
     void Form_Resize() override;
+    void Form_ResolutionChanged() override;
     void Form_Paint() override;
     void Form_QueryUnload() override;
     void Form_Unload() override;

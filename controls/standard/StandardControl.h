@@ -63,6 +63,8 @@ protected:
     // Whether anybody is told of another font object is the control's to say.
     virtual void FontAssigned() { PropertyChanged(L"Font"); }
 
+    // The font is as large as ever, and has another handle.
+    void UserControl_ResolutionChanged() override { ApplyFont(); }
     // Lays the control out for its font.
     virtual void ApplyFont() = 0;
     // The font object reports that one of its attributes has changed.

@@ -7,6 +7,11 @@
 
 #include <olectl.h>
 
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <vector>
+
 namespace kiv
 {
 
@@ -14,6 +19,7 @@ namespace
 {
 
 constexpr int IconSize = 32;
+constexpr int AsStored = 0;
 
 struct SharedPicture
 {
@@ -51,10 +57,10 @@ Picture PictureOf(PICTDESC description)
     return picture;
 }
 
-Picture LoadIconPicture(const char* name)
+Picture LoadIconPicture(const char* name, int size)
 {
-    const auto icon = static_cast<HICON>(
-        LoadImageA(ModuleInstance(), name, IMAGE_ICON, IconSize, IconSize, LR_DEFAULTCOLOR));
+    const auto icon =
+        static_cast<HICON>(LoadImageA(ModuleInstance(), name, IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
     if (!icon)
         return nullptr;
     PICTDESC description = {};
@@ -82,6 +88,29 @@ Picture LoadBitmapPicture(const char* name)
     return picture;
 }
 
+// The pictures of a thread in other sizes than the first. One that could not be loaded is null, and is not
+// tried again.
+struct GrownPicture
+{
+    PictureScale Scale;
+    Picture SharedPictures::*Which;
+    Picture Loaded;
+};
+struct GrownPictures
+{
+    std::vector<GrownPicture> All;
+};
+
+Picture LoadGrown(Picture SharedPictures::*picture, const std::string& suffix)
+{
+    const auto isWanted = [&](const SharedPicture& each) { return each.Place == picture; };
+    if (const auto* const icon = std::ranges::find_if(Icons, isWanted); icon != std::end(Icons))
+        return LoadIconPicture((icon->Name + suffix).c_str(), AsStored);
+    if (const auto* const bitmap = std::ranges::find_if(Bitmaps, isWanted); bitmap != std::end(Bitmaps))
+        return LoadBitmapPicture((bitmap->Name + suffix).c_str());
+    return nullptr;
+}
+
 void* HandleOf(const Picture& picture)
 {
     OLE_HANDLE handle = 0;
@@ -101,11 +130,25 @@ void Main()
 {
     ModuleData& module = Module();
     for (const SharedPicture& icon : Icons)
-        module.SharedPictures.*icon.Place = LoadIconPicture(icon.Name);
+        module.SharedPictures.*icon.Place = LoadIconPicture(icon.Name, IconSize);
     for (const SharedPicture& bitmap : Bitmaps)
         module.SharedPictures.*bitmap.Place = LoadBitmapPicture(bitmap.Name);
     module.AppTitle = HostTitle();
     module.Started = true;
+}
+
+Picture PictureIn(PictureScale scale, Picture SharedPictures::*picture)
+{
+    if (scale == PictureScale())
+        return Module().SharedPictures.*picture;
+    auto& all = PerThread<GrownPictures>().All;
+    const auto found = std::ranges::find_if(
+        all, [&](const GrownPicture& each) { return each.Scale == scale && each.Which == picture; });
+    if (found != all.end())
+        return found->Loaded;
+    Picture loaded = LoadGrown(picture, "_" + std::to_string(scale.Percent));
+    all.push_back({scale, picture, loaded});
+    return loaded;
 }
 
 HBITMAP BitmapOf(const Picture& picture)

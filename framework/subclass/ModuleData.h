@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/core/Resolution.h"
+
 #include <windows.h>
 
 #include <ocidl.h>
@@ -52,5 +54,9 @@ void Main();
 // The handle of a bitmap or an icon picture, null for no picture. The picture keeps it.
 HBITMAP BitmapOf(const Picture& picture);
 HICON IconOf(const Picture& picture);
+
+// One of the shared pictures in a size; null when it could not be loaded. In the first size it is the
+// module's own, any other is loaded when the thread first asks for it.
+Picture PictureIn(PictureScale scale, Picture SharedPictures::*picture);
 
 } // namespace kiv

@@ -2,6 +2,7 @@
 
 #include "runtime/com/Errors.h"
 #include "runtime/drawing/Graphics.h"
+#include "runtime/drawing/WindowResolution.h"
 
 #include <algorithm>
 
@@ -20,7 +21,9 @@ ComboBox::ComboBox(ConstituentOwner& owner, HWND parent) :
                 WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
                 0),
     leastItemHeight_(ItemHeight()),
-    leastFieldHeight_(static_cast<int>(Ask(CB_GETITEMHEIGHT, SelectionField)))
+    leastFieldHeight_(static_cast<int>(Ask(CB_GETITEMHEIGHT, SelectionField))),
+    madeAt_(ResolutionOf(hWnd())),
+    resolution_(madeAt_)
 {
 }
 
@@ -125,12 +128,17 @@ int ComboBox::ItemHeight() const
     return static_cast<int>(Ask(CB_GETITEMHEIGHT, 0));
 }
 
+int ComboBox::LeastHeight(int asMade) const
+{
+    return MulDiv(asMade, resolution_.Y, madeAt_.Y);
+}
+
 void ComboBox::Font(HFONT font)
 {
     Constituent::Font(font);
     const int line = LineHeightInPixels(font);
-    Ask(CB_SETITEMHEIGHT, 0, std::max(leastItemHeight_, line));
-    Ask(CB_SETITEMHEIGHT, SelectionField, std::max(leastFieldHeight_, line));
+    Ask(CB_SETITEMHEIGHT, 0, std::max(LeastHeight(leastItemHeight_), line));
+    Ask(CB_SETITEMHEIGHT, SelectionField, std::max(LeastHeight(leastFieldHeight_), line));
 }
 
 bool ComboBox::Received(UINT message, WPARAM wParam, LPARAM lParam)
@@ -201,7 +209,7 @@ void ComboBox::Draw(HDC dc, const RECT& place) const
     RECT inside = place;
     DrawEdge(dc, &inside, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
     RECT button = inside;
-    button.left = std::max(inside.left, inside.right - GetSystemMetrics(SM_CXVSCROLL));
+    button.left = std::max(inside.left, inside.right - SystemMetric(SM_CXVSCROLL, resolution_));
     DrawFrameControl(dc, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | (Enabled() ? 0U : UINT{DFCS_INACTIVE}));
     inside.right = button.left;
 

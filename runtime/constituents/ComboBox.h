@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/constituents/Constituent.h"
+#include "runtime/core/Resolution.h"
 
 #include <string>
 
@@ -46,8 +47,10 @@ public:
     RECT ListPlace() const;
     RECT ItemPlace(int index) const;
 
-    // Items are never lower than one line of the font needs.
+    // Items are never lower than one line of the font needs, and never lower than the system makes them,
+    // which depends on the resolution.
     void Font(HFONT font) override;
+    void At(const Resolution& resolution) { resolution_ = resolution; }
     // Repaints an item, in the open list too.
     void RepaintItem(int index);
     void Draw(HDC dc, const RECT& place) const override;
@@ -60,8 +63,12 @@ private:
     HWND List() const;
     void ReleaseMouse() const;
 
+    int LeastHeight(int asMade) const;
+
     int leastItemHeight_;
     int leastFieldHeight_;
+    const Resolution madeAt_;
+    Resolution resolution_;
 };
 
 } // namespace kiv

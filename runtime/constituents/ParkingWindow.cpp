@@ -2,6 +2,10 @@
 
 #include "runtime/com/Errors.h"
 #include "runtime/com/PerThread.h"
+#include "runtime/drawing/DpiContext.h"
+
+#include <algorithm>
+#include <vector>
 
 namespace kiv
 {
@@ -9,33 +13,61 @@ namespace kiv
 namespace
 {
 
+struct Lot
+{
+    DpiContext Context;
+    HWND Window;
+};
+
 struct Parking
 {
-    HWND Window = nullptr;
+    std::vector<Lot> Lots;
 
-    // A system class, so that no code of this module is called should the window outlive it.
-    Parking() :
-        Window(CreateWindowExA(WS_EX_TOOLWINDOW, "STATIC", "KivControls parking", WS_POPUP, 0, 0, 0, 0,
-                               nullptr, nullptr, nullptr, nullptr))
-    {
-        if (!Window)
-            ThrowLastError();
-    }
+    Parking() = default;
     Parking(const Parking&) = delete;
     Parking& operator=(const Parking&) = delete;
-    ~Parking() { DestroyWindow(Window); }
+    ~Parking()
+    {
+        for (const Lot& lot : Lots)
+            DestroyWindow(lot.Window);
+    }
 };
+
+// A system class, so that no code of this module is called should the window outlive it.
+HWND MakeLot()
+{
+    const HWND window = CreateWindowExA(WS_EX_TOOLWINDOW, "STATIC", "KivControls parking", WS_POPUP, 0, 0, 0,
+                                        0, nullptr, nullptr, nullptr, nullptr);
+    if (!window)
+        ThrowLastError();
+    return window;
+}
 
 } // namespace
 
 HWND ParkingWindow()
 {
-    return PerThread<Parking>().Window;
+    auto& lots = PerThread<Parking>().Lots;
+    const DpiContext context = DpiContext::OfThread();
+    const auto found = std::ranges::find(lots, context, &Lot::Context);
+    if (found != lots.end())
+        return found->Window;
+    lots.reserve(lots.size() + 1);
+    lots.push_back({context, MakeLot()});
+    return lots.back().Window;
+}
+
+HWND ParkingWindowFor(HWND window)
+{
+    const DpiContext::Entered entered(DpiContext::Of(window));
+    return ParkingWindow();
 }
 
 bool IsParked(HWND window)
 {
-    return GetAncestor(window, GA_PARENT) == ParkingWindow();
+    const HWND parent = GetAncestor(window, GA_PARENT);
+    const auto& lots = PerThread<Parking>().Lots;
+    return std::ranges::find(lots, parent, &Lot::Window) != lots.end();
 }
 
 } // namespace kiv

@@ -7,7 +7,7 @@
 #include "runtime/constituents/StrayMessage.h"
 #include "runtime/core/Scoped.h"
 #include "runtime/drawing/Color.h"
-#include "runtime/drawing/Screen.h"
+#include "runtime/drawing/WindowResolution.h"
 
 namespace kiv
 {
@@ -43,7 +43,8 @@ public:
 
 } // namespace
 
-Surface::Surface(SurfaceEvents& events, SIZE size, bool bordered) : events_(events), bordered_(bordered)
+Surface::Surface(SurfaceEvents& events, SIZE size, bool bordered) :
+    events_(events), bordered_(bordered), resolution_(ResolutionOf(ParkingWindow()))
 {
     Reset();
     static const WindowClass windowClass(&Surface::WndProc);
@@ -105,7 +106,7 @@ void Surface::Park()
     if (!window_)
         return;
     Show(false);
-    MoveUnder(ParkingWindow());
+    MoveUnder(ParkingWindowFor(window_));
 }
 
 bool Surface::ContainsFocus() const
@@ -114,19 +115,27 @@ bool Surface::ContainsFocus() const
     return window_ && focus && (focus == window_ || IsChild(window_, focus));
 }
 
+bool Surface::RenewResolution()
+{
+    if (!window_ || IsParked(window_))
+        return false;
+    const Resolution former = std::exchange(resolution_, ResolutionOf(window_));
+    return resolution_ != former;
+}
+
 double Surface::ScaleWidth() const
 {
-    return PixelSize().cx * Screen::TwipsPerPixelX();
+    return PixelSize().cx * resolution_.TwipsPerPixelX();
 }
 
 double Surface::ScaleHeight() const
 {
-    return PixelSize().cy * Screen::TwipsPerPixelY();
+    return PixelSize().cy * resolution_.TwipsPerPixelY();
 }
 
 double Surface::TextWidth(std::wstring_view text) const
 {
-    return TextWidthInPixels(text, font_.Handle()) * Screen::TwipsPerPixelX();
+    return TextWidthInPixels(text, FontHandle()) * resolution_.TwipsPerPixelX();
 }
 
 void Surface::Resize(SIZE outerSize)
@@ -139,7 +148,7 @@ Graphics Surface::AcquireGraphics(HFONT font) const
 {
     const bool painting = paintDc_ != nullptr;
     return Graphics(painting ? nullptr : window_, painting ? paintDc_ : BorrowDc(),
-                    font ? font : font_.Handle(), ResolvedColor(foreColor_), ResolvedColor(backColor_));
+                    font ? font : FontHandle(), ResolvedColor(foreColor_), ResolvedColor(backColor_));
 }
 
 void Surface::Paint(HDC dc)
@@ -199,7 +208,7 @@ LRESULT Surface::Handle(UINT message, WPARAM wParam, LPARAM lParam)
             PaintWithConstituents(reinterpret_cast<HDC>(wParam));
         return 0;
     case WM_GETFONT:
-        return reinterpret_cast<LRESULT>(font_.Handle());
+        return reinterpret_cast<LRESULT>(FontHandle());
     default:
         return events_.SurfaceMessage(window_, message, wParam, lParam);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/constituents/Window.h"
+#include "runtime/core/Resolution.h"
 #include "runtime/drawing/Canvas.h"
 #include "runtime/drawing/FontReference.h"
 
@@ -46,6 +47,12 @@ public:
     void Show(bool shown);
     // Back under the parking window, hidden.
     void Park();
+
+    // That of its window, as it was last looked at: what the surface measures and draws is for it. A parked
+    // window keeps the one that it had.
+    const Resolution& TheResolution() const { return resolution_; }
+    // Looks anew; returns whether it has become another one.
+    bool RenewResolution();
     bool ContainsFocus() const;
 
     OLE_COLOR BackColor() const { return backColor_; }
@@ -61,7 +68,7 @@ public:
         font_.Set(std::move(font), std::move(onChange));
     }
 
-    HFONT FontHandle() const override { return font_.Handle(); }
+    HFONT FontHandle() const override { return font_.Handle(resolution_); }
 
     // Inner size and text sizes, in twips.
     double ScaleWidth() const;
@@ -89,6 +96,7 @@ private:
     HDC paintDc_ = nullptr;
     const bool bordered_;
     bool clipped_ = false;
+    Resolution resolution_;
     OLE_COLOR backColor_ = 0;
     OLE_COLOR foreColor_ = 0;
     bool enabled_ = true;

@@ -1,8 +1,10 @@
 #include "runtime/control/UserControl.h"
 
 #include "runtime/com/InterfaceList.h"
+#include "runtime/constituents/ParkingWindow.h"
 #include "runtime/core/Scoped.h"
 #include "runtime/core/Units.h"
+#include "runtime/drawing/WindowResolution.h"
 
 namespace kiv
 {
@@ -14,7 +16,7 @@ UserControl::UserControl(const ControlClass& controlClass, IUnknown* outer) :
     notifications_(Outer(), this, IID_IPropertyNotifySink),
     extent_{MulDiv(controlClass.DefaultSize.cx, HimetricPerInch, TwipsPerInch),
             MulDiv(controlClass.DefaultSize.cy, HimetricPerInch, TwipsPerInch)},
-    surface_(*this, PixelsOf(extent_), controlClass.HasBorder)
+    surface_(*this, PixelsOf(extent_, ResolutionOf(ParkingWindow())), controlClass.HasBorder)
 {
 }
 

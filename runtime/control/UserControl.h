@@ -150,6 +150,9 @@ protected:
     virtual void UserControl_InitProperties() {}
     virtual void UserControl_ReadProperties(PropertyBag&) {}
     virtual void UserControl_Resize() {}
+    // The window is at another resolution from now on: the same number of twips is another one of pixels, and
+    // the surface's font has another handle. Comes before UserControl_Resize where both change.
+    virtual void UserControl_ResolutionChanged() {}
     virtual void UserControl_Paint() {}
     // Coordinates in twips of the surface. Button and Shift are the bits that the events of forms carry.
     static constexpr short LeftButton = 1;
@@ -340,9 +343,11 @@ private:
 
     // UserControl_view.cpp
     SIZEL ExtentOf(SIZE pixels) const;
-    SIZE PixelsOf(SIZEL extent) const;
+    static SIZE PixelsOf(SIZEL extent, const Resolution& resolution);
+    SIZE PixelsOf(SIZEL extent) const { return PixelsOf(extent, surface_.TheResolution()); }
     void SetSize(SIZEL extent);
     void FollowWindow();
+    void FollowResolution();
 
     const ControlClass& class_;
     AmbientProperties ambient_;

@@ -104,6 +104,8 @@ void UserControl::ShowIn(IOleInPlaceSite* site)
     document_ = std::move(document);
     surface_.MoveUnder(parent);
     surface_.Place(position, clip, true);
+    // One of the same size in pixels has not heard of it.
+    FollowResolution();
 }
 
 void UserControl::RequireActive() const
@@ -213,7 +215,11 @@ HRESULT UserControl::SetObjectRects(LPCRECT position, LPCRECT clip) noexcept
         return E_POINTER;
     if (activity_ == Activity::Inactive)
         return E_UNEXPECTED;
-    return Entry([&] { surface_.Place(*position, *clip, false); });
+    return Entry([&] {
+        surface_.Place(*position, *clip, false);
+        FollowResolution();
+        FollowWindow();
+    });
 }
 
 HRESULT UserControl::ReactivateAndUndo() noexcept

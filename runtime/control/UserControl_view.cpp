@@ -3,7 +3,6 @@
 #include "runtime/core/Scoped.h"
 #include "runtime/core/Units.h"
 #include "runtime/drawing/SavedDc.h"
-#include "runtime/drawing/Screen.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -42,14 +41,13 @@ void MapTo(HDC dc, const RECTL& bounds, SIZE size, const RECTL* windowBounds)
 
 SIZEL UserControl::ExtentOf(SIZE pixels) const
 {
-    return {PixelsToHimetric(pixels.cx, Screen::PixelsPerInchX()),
-            PixelsToHimetric(pixels.cy, Screen::PixelsPerInchY())};
+    const Resolution& resolution = surface_.TheResolution();
+    return {PixelsToHimetric(pixels.cx, resolution.X), PixelsToHimetric(pixels.cy, resolution.Y)};
 }
 
-SIZE UserControl::PixelsOf(SIZEL extent) const
+SIZE UserControl::PixelsOf(SIZEL extent, const Resolution& resolution)
 {
-    return {HimetricToPixels(extent.cx, Screen::PixelsPerInchX()),
-            HimetricToPixels(extent.cy, Screen::PixelsPerInchY())};
+    return {HimetricToPixels(extent.cx, resolution.X), HimetricToPixels(extent.cy, resolution.Y)};
 }
 
 void UserControl::SetSize(SIZEL extent)
@@ -62,10 +60,23 @@ void UserControl::SetSize(SIZEL extent)
 // window has become another size.
 void UserControl::FollowWindow()
 {
+    if (!surface_.hWnd())
+        return;
     const SIZE size = surface_.OuterSize();
     const SIZE known = PixelsOf(extent_);
     if (size.cx != known.cx || size.cy != known.cy)
         extent_ = ExtentOf(size);
+}
+
+// What the window's size says at another resolution is the container's to decide: it is about to give a place
+// there, or it has left the control as it is, in pixels.
+void UserControl::FollowResolution()
+{
+    if (!surface_.RenewResolution() || !initializeRan_)
+        return;
+    const ComPtr<IUnknown> held(Outer());
+    UserControl_ResolutionChanged();
+    Refresh();
 }
 
 void UserControl::RequestSize(SIZE pixels)

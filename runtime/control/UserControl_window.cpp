@@ -1,7 +1,6 @@
 #include "runtime/control/UserControl.h"
 
 #include "runtime/constituents/KeyState.h"
-#include "runtime/drawing/Screen.h"
 
 #include <windowsx.h>
 
@@ -11,14 +10,20 @@ namespace kiv
 namespace
 {
 
-double TwipsX(LPARAM position)
-{
-    return GET_X_LPARAM(position) * Screen::TwipsPerPixelX();
-}
+// Of systems that tell windows' resolutions apart.
+constexpr UINT DpiChanged = 0x02E0;
+constexpr UINT DpiChangedAfterParent = 0x02E3;
 
-double TwipsY(LPARAM position)
+struct TwipsPoint
 {
-    return GET_Y_LPARAM(position) * Screen::TwipsPerPixelY();
+    double X = 0;
+    double Y = 0;
+};
+
+TwipsPoint TwipsOf(LPARAM position, const Resolution& resolution)
+{
+    return {GET_X_LPARAM(position) * resolution.TwipsPerPixelX(),
+            GET_Y_LPARAM(position) * resolution.TwipsPerPixelY()};
 }
 
 } // namespace
@@ -31,10 +36,17 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
     switch (message)
     {
     case WM_SIZE:
+        FollowResolution();
         FollowWindow();
         if (hasProperties_ && !loading_)
             UserControl_Resize();
         UpdateToolTip();
+        return 0;
+    case DpiChanged:
+    case DpiChangedAfterParent:
+        // Under a new parent it comes before the place there.
+        if (!activating_)
+            FollowResolution();
         return 0;
     case WM_SHOWWINDOW:
         toolTip_.Close();
@@ -153,15 +165,18 @@ void UserControl::MousePressed(short button, LPARAM position)
         return;
     TakeFocus();
     surface_.TakeMouse();
-    UserControl_MouseDown(button, ShiftState(), TwipsX(position), TwipsY(position));
+    const TwipsPoint point = TwipsOf(position, surface_.TheResolution());
+    UserControl_MouseDown(button, ShiftState(), point.X, point.Y);
 }
 
 void UserControl::MouseReleased(short button, WPARAM keys, LPARAM position)
 {
     if (GetCapture() == surface_.hWnd() && (keys & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON)) == 0)
         ReleaseCapture();
-    if (TakesInput())
-        UserControl_MouseUp(button, ShiftState(), TwipsX(position), TwipsY(position));
+    if (!TakesInput())
+        return;
+    const TwipsPoint point = TwipsOf(position, surface_.TheResolution());
+    UserControl_MouseUp(button, ShiftState(), point.X, point.Y);
 }
 
 bool UserControl::IsOwn(HWND window) const

@@ -31,7 +31,12 @@ std::int32_t RoundHalfEven(double number)
 
 std::int32_t TwipsToPixels(double twips, double twipsPerPixel)
 {
-    return RoundHalfEven(twips) / RoundHalfEven(twipsPerPixel);
+    if (std::floor(twipsPerPixel) == twipsPerPixel)
+        return RoundHalfEven(twips) / static_cast<std::int32_t>(twipsPerPixel);
+    // What calculating in fractions can lack of a whole pixel.
+    constexpr double hair = 1.0 / 1024;
+    const double pixels = twips / twipsPerPixel;
+    return static_cast<std::int32_t>(pixels + std::copysign(hair, pixels));
 }
 
 std::int32_t HimetricToPixels(std::int32_t himetric, int pixelsPerInch)

@@ -8,8 +8,10 @@ namespace kiv
 // Rounds to the nearest whole number, halves to the even neighbour.
 std::int32_t RoundHalfEven(double number);
 
-// Pixels in a length of twips: the integer quotient, truncated toward zero, of both operands after each is
-// rounded to a whole number. twipsPerPixel must round to 1 or more.
+// Whole pixels in a length of twips, truncated toward zero. Where a pixel has a whole number of twips the
+// length is rounded to whole ones first. Where it has not, neither is: at 192 pixels to the inch 8 twips
+// for 7.5 would lose every sixteenth pixel. There what was counted in pixels is as many pixels again.
+// twipsPerPixel must be 1 or more.
 std::int32_t TwipsToPixels(double twips, double twipsPerPixel);
 
 // Lengths between HIMETRIC (hundredths of a millimetre, 2540 to the inch) and pixels, rounded to the nearest.

@@ -11,4 +11,12 @@ COLORREF ResolvedColor(DWORD oleColor)
     return SUCCEEDED(OleTranslateColor(oleColor, nullptr, &resolved)) ? resolved : RGB(0, 0, 0);
 }
 
+bool InHighContrast()
+{
+    HIGHCONTRASTW settings = {};
+    settings.cbSize = sizeof settings;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof settings, &settings, 0) &&
+           (settings.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
 } // namespace kiv

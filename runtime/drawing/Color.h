@@ -14,4 +14,8 @@ constexpr DWORD SystemColor(int index)
 // The colour that an OLE_COLOR stands for now. A number that names no colour is black.
 COLORREF ResolvedColor(DWORD oleColor);
 
+// Whether the user has asked the system for few colours that stand out: what is disabled is then drawn in the
+// scheme's colour for that, and nothing embossed.
+bool InHighContrast();
+
 } // namespace kiv

@@ -4,11 +4,15 @@
 #include "runtime/com/ComObject.h"
 #include "runtime/com/MakeCom.h"
 #include "runtime/com/PerThread.h"
-#include "runtime/drawing/Screen.h"
+#include "runtime/drawing/WindowResolution.h"
 
 #include <ocidl.h>
 
+#include <algorithm>
+#include <cmath>
+#include <optional>
 #include <string>
+#include <utility>
 
 using Microsoft::WRL::ComPtr;
 
@@ -52,6 +56,21 @@ HFONT HandleOf(const FontObject& object)
 }
 
 constexpr int PointsPerInch = 72;
+
+// What a font object's size comes to at a resolution, as a LOGFONT has it. Nothing where there is none to ask
+// for.
+std::optional<LONG> HeightAt(const FontObject& object, const Resolution& resolution)
+{
+    ComPtr<IFont> font;
+    CY size = {};
+    if (FAILED(object.As(&font)) || FAILED(font->get_Size(&size)))
+        return std::nullopt;
+    const double pixels = static_cast<double>(size.int64) / 10000 * resolution.Y / PointsPerInch;
+    // Any number may come from a host's own object.
+    constexpr double most = 0x7FFF;
+    return -std::lround(std::clamp(pixels, 0.0, most));
+}
+
 constexpr CY FallbackSize = {{82500, 0}}; // 8.25 points, in ten-thousandths
 
 FontObject CreateDialogFont()
@@ -65,7 +84,7 @@ FontObject CreateDialogFont()
     description.lpstrName = known ? dialogFont.lfFaceName : fallbackName;
     description.cySize = FallbackSize;
     if (known && dialogFont.lfHeight < 0)
-        description.cySize.int64 = -10000LL * dialogFont.lfHeight * PointsPerInch / Screen::PixelsPerInchY();
+        description.cySize.int64 = -10000LL * dialogFont.lfHeight * PointsPerInch / ScreenResolution().Y;
     description.sWeight = known ? static_cast<SHORT>(dialogFont.lfWeight) : SHORT{FW_NORMAL};
     description.sCharset = known ? dialogFont.lfCharSet : SHORT{DEFAULT_CHARSET};
 
@@ -152,9 +171,25 @@ void FontReference::Set(FontObject font, Listener listener)
     subscription_.swap(subscription);
 }
 
-HFONT FontReference::Handle() const
+HFONT FontReference::Handle(const Resolution& resolution) const
 {
-    return HandleOf(font_);
+    const HFONT own = HandleOf(font_);
+    return !own || resolution.Y == ScreenResolution().Y ? own : Sized(own, resolution);
+}
+
+HFONT FontReference::Sized(HFONT own, const Resolution& resolution) const
+{
+    const FontKey like(own);
+    if (sized_ && resolution.Y == sizedFor_ && like == sizedLike_)
+        return sized_->Get();
+    const std::optional<LONG> height = HeightAt(font_, resolution);
+    SizedFont sized = height ? FontOfHeight(own, *height) : nullptr;
+    if (!sized)
+        return own;
+    formerlySized_ = std::exchange(sized_, std::move(sized));
+    sizedLike_ = like;
+    sizedFor_ = resolution.Y;
+    return sized_->Get();
 }
 
 } // namespace kiv

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "runtime/core/Resolution.h"
+#include "runtime/drawing/FontKey.h"
+#include "runtime/drawing/SizedFont.h"
+
 #include <windows.h>
 
 #include <ocidl.h>
@@ -40,14 +44,24 @@ public:
     void Set(FontObject font, Listener listener);
     const FontObject& Get() const { return font_; }
 
-    // The font's handle, owned by the font object; null when there is none.
-    HFONT Handle() const;
+    // The font's handle, null when there is none. At the screen's resolution it is the font object's own, at
+    // any other one that of a font like it in as many points, which lives until the font is another one once
+    // more.
+    HFONT Handle(const Resolution& resolution) const;
 
 private:
     class Subscription;
 
+    HFONT Sized(HFONT own, const Resolution& resolution) const;
+
     FontObject font_;
     std::unique_ptr<Subscription> subscription_;
+    // The font at another resolution than the screen's, and what it was made by.
+    mutable SizedFont sized_;
+    mutable FontKey sizedLike_;
+    mutable int sizedFor_ = 0;
+    // Constituents may have it until they are told of the other one.
+    mutable SizedFont formerlySized_;
 };
 
 } // namespace kiv

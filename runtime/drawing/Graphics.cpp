@@ -1,6 +1,7 @@
 #include "runtime/drawing/Graphics.h"
 
 #include "runtime/com/PerThread.h"
+#include "runtime/drawing/Color.h"
 
 namespace kiv
 {
@@ -110,9 +111,13 @@ void DrawEmbossed(HDC dc, const std::string& text, RECT& rectangle, UINT format)
 
 void DrawEmbossed(HDC dc, const std::function<void(int shift)>& write)
 {
-    const COLORREF textColor = SetTextColor(dc, GetSysColor(COLOR_BTNHIGHLIGHT));
-    write(1);
-    SetTextColor(dc, GetSysColor(COLOR_BTNSHADOW));
+    const bool flat = InHighContrast();
+    const COLORREF textColor = SetTextColor(dc, GetSysColor(flat ? COLOR_GRAYTEXT : COLOR_BTNHIGHLIGHT));
+    if (!flat)
+    {
+        write(1);
+        SetTextColor(dc, GetSysColor(COLOR_BTNSHADOW));
+    }
     write(0);
     SetTextColor(dc, textColor);
 }

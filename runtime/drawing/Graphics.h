@@ -48,7 +48,8 @@ bool IsMetafile(HDC dc);
 int TextWidthInPixels(std::wstring_view text, HFONT font);
 int LineHeightInPixels(HFONT font);
 
-// The text of something disabled: highlighted a pixel to the right and below, with its shadow on top. format
+// The text of something disabled: highlighted a pixel to the right and below, with its shadow on top; in high
+// contrast in the system's grey alone. format
 // is DrawText's. The rectangle is changed while this draws and ends as it began, and so does the text colour.
 void DrawEmbossed(HDC dc, const std::string& text, RECT& rectangle, UINT format);
 // The same of whatever write draws, so many pixels to the right and below of where it belongs.

@@ -6,7 +6,7 @@
 #include "runtime/constituents/CommandButton.h"
 #include "runtime/constituents/StrayMessage.h"
 #include "runtime/core/Scoped.h"
-#include "runtime/drawing/Screen.h"
+#include "runtime/drawing/WindowResolution.h"
 
 #include <algorithm>
 #include <utility>
@@ -20,6 +20,9 @@ namespace
 constexpr wchar_t ClassName[] = L"KivControls.Form";
 constexpr DWORD Style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN;
 constexpr DWORD ExtendedStyle = WS_EX_DLGMODALFRAME;
+
+// Of systems that tell windows' resolutions apart.
+constexpr UINT DpiChanged = 0x02E0;
 
 // The window class, there while the module is. In Unicode, other than the surface's: the caption is the
 // host's, with letters that the code page may lack.
@@ -75,17 +78,36 @@ void Form::Load(HWND owner, std::wstring_view caption)
     static const WindowClass windowClass(&Form::WndProc);
     owner_ = owner;
     unloaded_ = false;
-    RECT place = {0, 0, Screen::PixelsX(innerWidth_), Screen::PixelsY(innerHeight_)};
-    const SIZE inner = {place.right, place.bottom};
-    AdjustWindowRectEx(&place, Style, FALSE, ExtendedStyle);
-    if (!CreateWindowExW(ExtendedStyle, ClassName, std::wstring(caption).c_str(), Style, 0, 0,
-                         place.right - place.left, place.bottom - place.top, owner, nullptr, ModuleInstance(),
-                         this))
+    // On the owner's part of the screen, whose resolution it then has.
+    RECT over = {};
+    GetWindowRect(owner, &over);
+    if (!CreateWindowExW(ExtendedStyle, ClassName, std::wstring(caption).c_str(), Style, over.left, over.top,
+                         0, 0, owner, nullptr, ModuleInstance(), this))
         ThrowLastError();
+    const Resolution resolution = ResolutionOf(window_);
+    const SIZE inner = {resolution.PixelsX(innerWidth_), resolution.PixelsY(innerHeight_)};
+    ResizeInside(inner);
     surface_.emplace(static_cast<SurfaceEvents&>(*this), inner, false);
     surface_->MoveUnder(window_);
+    surface_->RenewResolution();
     surface_->Place({0, 0, inner.cx, inner.cy}, {}, true);
     Form_Load();
+}
+
+// The frame is as wide as the system has it at the window's resolution.
+void Form::ResizeInside(SIZE size)
+{
+    RECT outer = {0, 0, size.cx, size.cy};
+    AdjustWindowRectEx(&outer, Style, FALSE, ExtendedStyle);
+    SIZE needed = {outer.right - outer.left, outer.bottom - outer.top};
+    const auto resize = [&] {
+        SetWindowPos(window_, nullptr, 0, 0, needed.cx, needed.cy,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    resize();
+    const SIZE got = Window(window_).InnerSize();
+    needed = {needed.cx + size.cx - got.cx, needed.cy + size.cy - got.cy};
+    resize();
 }
 
 void Form::Destroy() noexcept
@@ -108,35 +130,36 @@ double Form::OuterWidth() const
 {
     RECT outer = {};
     GetWindowRect(window_, &outer);
-    return (outer.right - outer.left) * Screen::TwipsPerPixelX();
+    return (outer.right - outer.left) * TheResolution().TwipsPerPixelX();
 }
 
 void Form::OuterWidth(double width)
 {
     RECT outer = {};
     GetWindowRect(window_, &outer);
-    SetWindowPos(window_, nullptr, 0, 0, Screen::PixelsX(width), outer.bottom - outer.top,
+    SetWindowPos(window_, nullptr, 0, 0, TheResolution().PixelsX(width), outer.bottom - outer.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 FormPlace Form::PlaceOf(const Constituent& control) const
 {
     const RECT place = control.Bounds();
-    const double x = Screen::TwipsPerPixelX();
-    const double y = Screen::TwipsPerPixelY();
+    const double x = TheResolution().TwipsPerPixelX();
+    const double y = TheResolution().TwipsPerPixelY();
     return {place.left * x, place.top * y, (place.right - place.left) * x, (place.bottom - place.top) * y};
 }
 
-void Form::Move(const Constituent& control, const FormPlace& place)
+void Form::Move(const Constituent& control, const FormPlace& place) const
 {
-    SetWindowPos(control.hWnd(), nullptr, Screen::PixelsX(place.Left), Screen::PixelsY(place.Top),
-                 Screen::PixelsX(place.Width), Screen::PixelsY(place.Height), SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(control.hWnd(), nullptr, TheResolution().PixelsX(place.Left),
+                 TheResolution().PixelsY(place.Top), TheResolution().PixelsX(place.Width),
+                 TheResolution().PixelsY(place.Height), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void Form::Move(Label& label, const FormPlace& place)
+void Form::Move(Label& label, const FormPlace& place) const
 {
-    label.Move(Screen::PixelsX(place.Left), Screen::PixelsY(place.Top), Screen::PixelsX(place.Width),
-               Screen::PixelsY(place.Height));
+    label.Move(TheResolution().PixelsX(place.Left), TheResolution().PixelsY(place.Top),
+               TheResolution().PixelsX(place.Width), TheResolution().PixelsY(place.Height));
 }
 
 // The numbers by which the system's dialog keys know the two buttons.
@@ -334,6 +357,20 @@ void Form::Resized()
         Form_Resize();
 }
 
+// suggested: where the system would have the window, of the same size in inches; may be null.
+void Form::FollowResolution(const RECT* suggested)
+{
+    if (!surface_ || !surface_->RenewResolution())
+        return;
+    Form_ResolutionChanged();
+    if (suggested)
+        SetWindowPos(window_, nullptr, suggested->left, suggested->top, suggested->right - suggested->left,
+                     suggested->bottom - suggested->top, SWP_NOZORDER | SWP_NOACTIVATE);
+    if (shown_)
+        Form_Resize();
+    surface_->Invalidate();
+}
+
 LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message)
@@ -345,6 +382,9 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         if (LOWORD(wParam) == WA_INACTIVE || HIWORD(wParam) != 0)
             break;
         TakeFocus();
+        return 0;
+    case DpiChanged:
+        FollowResolution(reinterpret_cast<const RECT*>(lParam));
         return 0;
     case WM_CLOSE:
         Form_QueryUnload();

@@ -63,6 +63,9 @@ protected:
     // go.
     virtual void Form_Load() = 0;
     virtual void Form_Resize() {}
+    // The form is at another resolution now: its parts take their fonts and first places anew. Form_Resize
+    // follows.
+    virtual void Form_ResolutionChanged() {}
     virtual void Form_Paint() {}
     // The user closes the window by its frame.
     virtual void Form_QueryUnload() { Unload(); }
@@ -75,8 +78,8 @@ protected:
     double OuterWidth() const;
     void OuterWidth(double width);
     FormPlace PlaceOf(const Constituent& control) const;
-    static void Move(const Constituent& control, const FormPlace& place);
-    static void Move(Label& label, const FormPlace& place);
+    void Move(const Constituent& control, const FormPlace& place) const;
+    void Move(Label& label, const FormPlace& place) const;
     // The buttons that Enter and Esc press.
     void DefaultButton(const CommandButton& button);
     void CancelButton(const CommandButton& button);
@@ -107,7 +110,10 @@ private:
     void Center();
     void RunLoop();
     void TakeFocus();
+    void ResizeInside(SIZE size);
     void Resized();
+    void FollowResolution(const RECT* suggested);
+    const Resolution& TheResolution() const { return surface_->TheResolution(); }
     static LRESULT CALLBACK WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -1,6 +1,7 @@
 // The drawing routines that controls share, held against the system's own.
 
 #include "framework/subclass/SubClass.h"
+#include "tests/support/KnownPlatformGap.h"
 #include "tests/support/Pixels.h"
 
 #include <gtest/gtest.h>
@@ -131,6 +132,23 @@ TEST_F(CaptionTest, IsEmbossedWhileDisabled)
             EXPECT_EQ(Difference(expected.Content(), drawn), "");
         }
     }
+}
+
+TEST_F(CaptionTest, IsGreyWhileDisabledInHighContrast)
+{
+    HIGHCONTRASTW settings = {};
+    settings.cbSize = sizeof settings;
+    SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof settings, &settings, 0);
+    HIGHCONTRASTW on = settings;
+    on.dwFlags |= HCF_HIGHCONTRASTON;
+    SystemParametersInfoW(SPI_SETHIGHCONTRAST, sizeof on, &on, 0);
+    KnownPlatformGap("the system keeps that high contrast is wanted", [] {
+        const Sheet expected;
+        SetTextColor(expected.Dc(), GetSysColor(COLOR_GRAYTEXT));
+        DrawPlain(expected, "Some &caption", Rectangles[0], DT_LEFT);
+        return Difference(expected.Content(), Drawn(L"Some &caption", Rectangles[0], DT_LEFT, false)).empty();
+    });
+    SystemParametersInfoW(SPI_SETHIGHCONTRAST, sizeof settings, &settings, 0);
 }
 
 // A highlight pixel shows below and to the right of a shadow pixel, and shadow lies on top.

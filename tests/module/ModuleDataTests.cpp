@@ -129,6 +129,41 @@ TEST_F(ModuleDataTest, LeavesThePlaceOfAMissingPictureEmpty)
     EXPECT_NE(Module().SharedPictures.weblink.Get(), nullptr);
 }
 
+TEST_F(ModuleDataTest, HasPicturesInOtherSizesWhenTheyAreAskedFor)
+{
+    for (const PicturePlace& icon : Icons)
+        EXPECT_EQ(PictureIn({100}, icon.Place).Get(), At(icon)) << icon.Resource;
+    const Picture mark = PictureIn({200}, &SharedPictures::checkmark);
+    ASSERT_NE(mark.Get(), nullptr);
+    EXPECT_EQ(KindOf(mark), PICTYPE_ICON);
+    ICONINFO facts = {};
+    ASSERT_TRUE(GetIconInfo(IconOf(mark), &facts));
+    BITMAP mask = {};
+    GetObjectW(facts.hbmMask, sizeof mask, &mask);
+    EXPECT_EQ(mask.bmWidth, 32) << "30 pixels in an icon of 32";
+    DeleteObject(facts.hbmMask);
+    DeleteObject(facts.hbmColor);
+    EXPECT_EQ(PictureIn({200}, &SharedPictures::checkmark).Get(), mark.Get()) << "loaded once";
+
+    const Picture option = PictureIn({150}, &SharedPictures::YNSET);
+    ASSERT_NE(option.Get(), nullptr);
+    BITMAP bitmap = {};
+    GetObjectW(BitmapOf(option), sizeof bitmap, &bitmap);
+    EXPECT_EQ(bitmap.bmWidth, 21);
+    EXPECT_EQ(bitmap.bmHeight, 21);
+    // Not there.
+    EXPECT_EQ(PictureIn({150}, &SharedPictures::checkmark).Get(), nullptr);
+    EXPECT_EQ(PictureIn({200}, &SharedPictures::YNSET).Get(), nullptr);
+
+    const Thread thread([&mark] {
+        const HRESULT entered = OleInitialize(nullptr);
+        EXPECT_HRESULT_SUCCEEDED(entered);
+        EXPECT_NE(PictureIn({200}, &SharedPictures::checkmark).Get(), mark.Get()) << "each thread's own";
+        FreeThreadData();
+        OleUninitialize();
+    });
+}
+
 TEST_F(ModuleDataTest, IsReplacedByAnotherStart)
 {
     const SharedPictures before = Module().SharedPictures;

@@ -7,10 +7,11 @@
 namespace kiv::test
 {
 
-pictures::Picture ShippedPicture(const std::string& name)
+pictures::Picture ShippedPicture(const std::string& name, std::size_t percent)
 {
-    return ReadTextPicture(std::filesystem::path(RequiredVariable(L"KIV_SOURCE")) / "resources" / "pictures",
-                           name);
+    const std::filesystem::path folder =
+        std::filesystem::path(RequiredVariable(L"KIV_SOURCE")) / "resources" / "pictures";
+    return percent == 100 ? ReadTextPicture(folder, name) : ReadDrawnPicture(folder, name, percent);
 }
 
 } // namespace kiv::test

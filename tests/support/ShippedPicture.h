@@ -7,7 +7,8 @@
 namespace kiv::test
 {
 
-// A picture of the library as the tree has it, by its file's name without .pix. Throws std::runtime_error.
-pictures::Picture ShippedPicture(const std::string& name);
+// A picture of the library as the tree has it, by its file's name without .pix, in percent of its first size.
+// Throws std::runtime_error.
+pictures::Picture ShippedPicture(const std::string& name, std::size_t percent = 100);
 
 } // namespace kiv::test

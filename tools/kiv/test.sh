@@ -148,6 +148,22 @@ test_windows() {
         [[ $group != gui ]] || use_test_data "$arch"
         register_once "$arch"
         run_tests "$group" "$arch" "build/$arch/tests/$group/kiv-$group-tests.exe" wine
+        [[ $group != com ]] || test_resolutions "$arch"
+    done
+}
+
+# test_resolutions ARCH: the tests of that, on systems whose whole screen has another one than 96 pixels to the inch.
+# Patterns that say nothing of resolutions pick none of them.
+test_resolutions() {
+    local FILTER=$FILTER pixels
+    if ((${#PATTERNS[@]} == 0)); then
+        FILTER='*Resolution*.*'
+    elif [[ ${PATTERNS[*]} != *Resolution* ]]; then
+        return
+    fi
+    for pixels in 168 192; do
+        use_resolution "$1" "$pixels"
+        run_tests "com-$pixels" "$1" "build/$1/tests/com/kiv-com-tests.exe" wine
     done
 }
 

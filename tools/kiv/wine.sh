@@ -47,6 +47,23 @@ WINE_PREFIXES=()
 
 is_made() { [[ -O $1 && $1/made-by-kiv -nt tools/kiv/wine.sh ]]; }
 
+# use_resolution ARCH PIXELS: the unseen prefix once more, of a system that is set to so many pixels to the inch. Wine
+# looks at that as it starts.
+use_resolution() {
+    local setting twin
+    use_prefix "$1" unseen
+    twin=$WINEPREFIX
+    export WINEPREFIX=$twin-$2
+    WINE_PREFIXES+=("$WINEPREFIX")
+    [[ -O $WINEPREFIX && $WINEPREFIX/made-by-kiv -nt $twin/made-by-kiv ]] && return
+    printf -v setting '"LogPixels"=dword:%08x' "$2"
+    rm -rf "$WINEPREFIX"
+    cp -a "$twin/." "$WINEPREFIX" &&
+        sed -i -e "s/^\"LogPixels\"=.*/$setting/" -e "/^\[Control Panel\\\\\\\\Desktop\]/a $setting" \
+            "$WINEPREFIX/user.reg" &&
+        touch "$WINEPREFIX/made-by-kiv"
+}
+
 # make_prefix DRIVER TWIN: where windows are shown, and a prefix that may be there already and differs in nothing else.
 make_prefix() {
     if [[ -n $2 ]] && is_made "$2"; then

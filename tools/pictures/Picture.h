@@ -11,7 +11,7 @@ namespace kiv::pictures
 
 enum class PictureKind
 {
-    Icon,    // 16 colours, transparent where nothing is drawn; becomes a 32x32 icon
+    Icon,    // 16 colours, transparent where nothing is drawn; becomes an icon of 32x32 at least
     Bitmap,  // 16 colours
     Toolbox, // 24-bit colours, 16x15: what a form designer shows for a control
 };

@@ -11,37 +11,69 @@ namespace kiv::pictures
 
 namespace fs = std::filesystem;
 
+namespace
+{
+
+std::vector<fs::path> FilesOf(const fs::path& folder, const char* extension)
+{
+    std::vector<fs::path> files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+    {
+        if (entry.path().extension() == extension)
+            files.push_back(entry.path());
+    }
+    std::ranges::sort(files);
+    return files;
+}
+
+// Hands the file's text to read, and notes what is wrong with it.
+template<class Read>
+void ReadText(const fs::path& file, std::vector<std::string>& errors, Read&& read)
+{
+    std::ifstream text(file);
+    if (!text)
+    {
+        errors.push_back(file.string() + ": the file cannot be opened");
+        return;
+    }
+    try
+    {
+        read(text);
+    }
+    catch (const PictureError& error)
+    {
+        errors.emplace_back(error.what());
+    }
+}
+
+} // namespace
+
 PictureFolder ReadPictureFolder(const fs::path& folder)
 {
     if (!fs::is_directory(folder))
         throw std::runtime_error(folder.string() + ": there is no such folder");
-    std::vector<fs::path> files;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
-    {
-        if (entry.path().extension() == ".pix")
-            files.push_back(entry.path());
-    }
+    const std::vector<fs::path> files = FilesOf(folder, ".pix");
     if (files.empty())
         throw std::runtime_error(folder.string() + ": the folder holds no .pix file");
-    std::ranges::sort(files);
 
     PictureFolder result;
     for (const fs::path& file : files)
     {
-        std::ifstream text(file);
-        if (!text)
-        {
-            result.errors.push_back(file.string() + ": the file cannot be opened");
+        ReadText(file, result.errors, [&](std::istream& text) {
+            result.pictures.push_back({file.stem().string(), ReadPicture(file.string(), text), {}});
+        });
+    }
+    for (const fs::path& file : FilesOf(folder, ".draw"))
+    {
+        if (!fs::exists(fs::path(file).replace_extension(".pix")))
+            result.errors.push_back(file.string() + ": there is no .pix file of that name");
+        const auto picture = std::ranges::find(result.pictures, file.stem().string(), &NamedPicture::name);
+        // One that is no picture has been told of.
+        if (picture == result.pictures.end())
             continue;
-        }
-        try
-        {
-            result.pictures.push_back({file.stem().string(), ReadPicture(file.string(), text)});
-        }
-        catch (const PictureError& error)
-        {
-            result.errors.emplace_back(error.what());
-        }
+        ReadText(file, result.errors, [&](std::istream& text) {
+            picture->drawing = ReadDrawing(file.string(), text, picture->picture.kind);
+        });
     }
     return result;
 }

@@ -1,5 +1,6 @@
 #include "tools/pictures/ResourceFile.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace kiv::pictures
@@ -11,7 +12,8 @@ namespace
 constexpr std::size_t FileHeaderSize = 14;
 constexpr std::size_t InfoHeaderSize = 40;
 constexpr std::size_t ColourTableSize = 4 * StandardColours.size();
-constexpr std::size_t IconSide = 32;
+constexpr std::size_t LeastIconSide = 32;
+constexpr std::size_t MostIconSide = 255;
 constexpr std::size_t IconDirectorySize = 6 + 16;
 
 void Put8(Bytes& bytes, std::size_t value)
@@ -103,12 +105,19 @@ void Put16ColourPixels(Bytes& bytes, const Picture& picture, std::size_t width, 
     }
 }
 
-// One bit a pixel, set where the icon leaves the screen alone.
-void PutIconMask(Bytes& bytes, const Picture& picture)
+struct IconSize
 {
-    for (std::size_t y = IconSide; y-- > 0;)
+    std::size_t width = 0;
+    std::size_t height = 0;
+};
+
+// One bit a pixel, set where the icon leaves the screen alone.
+void PutIconMask(Bytes& bytes, const Picture& picture, IconSize size)
+{
+    for (std::size_t y = size.height; y-- > 0;)
     {
-        for (std::size_t x = 0; x < IconSide; x += 8)
+        const std::size_t rowStart = bytes.size();
+        for (std::size_t x = 0; x < size.width; x += 8)
         {
             std::size_t bits = 0;
             for (std::size_t i = x; i < x + 8; ++i)
@@ -118,30 +127,32 @@ void PutIconMask(Bytes& bytes, const Picture& picture)
             }
             Put8(bytes, bits);
         }
+        PadRow(bytes, rowStart, RowSize(size.width, 1));
     }
 }
 
 Bytes MakeIcon(const Picture& picture)
 {
-    if (picture.width > IconSide || picture.height > IconSide)
+    const IconSize size = {std::max(LeastIconSide, picture.width), std::max(LeastIconSide, picture.height)};
+    if (size.width > MostIconSide || size.height > MostIconSide)
         throw std::invalid_argument("the picture is too large for an icon");
-    const std::size_t pixelSize = IconSide * RowSize(IconSide, 4) + IconSide * RowSize(IconSide, 1);
+    const std::size_t pixelSize = size.height * (RowSize(size.width, 4) + RowSize(size.width, 1));
     Bytes bytes;
     Put16(bytes, 0);
     Put16(bytes, 1); // an icon
     Put16(bytes, 1); // one image
-    Put8(bytes, IconSide);
-    Put8(bytes, IconSide);
+    Put8(bytes, size.width);
+    Put8(bytes, size.height);
     Put8(bytes, StandardColours.size());
     Put8(bytes, 0);
     Put16(bytes, 1); // planes
     Put16(bytes, 4); // bits a pixel
     Put32(bytes, InfoHeaderSize + ColourTableSize + pixelSize);
     Put32(bytes, IconDirectorySize);
-    PutInfoHeader(bytes, IconSide, 2 * IconSide, 4, pixelSize); // the height counts colours and mask
+    PutInfoHeader(bytes, size.width, 2 * size.height, 4, pixelSize); // the height counts colours and mask
     PutColourTable(bytes);
-    Put16ColourPixels(bytes, picture, IconSide, IconSide);
-    PutIconMask(bytes, picture);
+    Put16ColourPixels(bytes, picture, size.width, size.height);
+    PutIconMask(bytes, picture, size);
     return bytes;
 }
 

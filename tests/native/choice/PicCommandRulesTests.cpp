@@ -215,6 +215,113 @@ TEST(PicCommandRulesTest, SaysWhatThePictureMeans)
         EXPECT_STREQ(MeaningOf(icon), meaning);
 }
 
+struct ScaledRow
+{
+    int Percent;
+    ButtonPicture Mark;
+    ButtonPicture Note;
+    ButtonLayout MarkLayout; // in 300 by 60 pixels
+    ButtonLayout NoteLayout; // the same, with a caption of 40
+    int Frame;               // as wide as all lines of it together, without the focus
+};
+
+const ScaledRow ScaledRows[] = {
+    {100,
+     {ButtonIcon::CheckMark, 15, 10},
+     {ButtonIcon::Note, 23, 23},
+     {{16, 0, 300, 60}, {3, 25}},
+     {{102, 0, 300, 60}, {81, 18}},
+     2},
+    {125,
+     {ButtonIcon::CheckMark, 19, 13},
+     {ButtonIcon::Note, 29, 29},
+     {{20, 0, 300, 60}, {4, 23}},
+     {{106, 0, 300, 60}, {80, 15}},
+     2},
+    {150,
+     {ButtonIcon::CheckMark, 23, 15},
+     {ButtonIcon::Note, 35, 35},
+     {{25, 0, 300, 60}, {5, 22}},
+     {{110, 0, 300, 60}, {78, 12}},
+     4},
+    {200,
+     {ButtonIcon::CheckMark, 30, 20},
+     {ButtonIcon::Note, 46, 46},
+     {{32, 0, 300, 60}, {6, 20}},
+     {{117, 0, 300, 60}, {75, 7}},
+     4},
+    {300,
+     {ButtonIcon::CheckMark, 45, 30},
+     {ButtonIcon::Note, 69, 69},
+     {{48, 0, 300, 60}, {9, 15}},
+     {{132, 0, 300, 60}, {69, -4}},
+     6},
+    {400,
+     {ButtonIcon::CheckMark, 60, 40},
+     {ButtonIcon::Note, 92, 92},
+     {{64, 0, 300, 60}, {12, 10}},
+     {{148, 0, 300, 60}, {64, -16}},
+     8},
+};
+
+TEST(PicCommandRulesTest, GrowsWithItsPictures)
+{
+    for (const ScaledRow& row : ScaledRows)
+    {
+        SCOPED_TRACE(row.Percent);
+        const PictureScale scale = {row.Percent};
+        EXPECT_EQ(ButtonPictureOf(0, 2, scale), row.Mark);
+        EXPECT_EQ(ButtonPictureOf(3, 0, scale), row.Note);
+        EXPECT_EQ(ButtonLayoutOf({0, 0, 300, 60}, row.Mark, 0, 40, scale), row.MarkLayout);
+        EXPECT_EQ(ButtonLayoutOf({0, 0, 300, 60}, row.Note, 3, 40, scale), row.NoteLayout);
+        const int wide = row.Frame;
+        EXPECT_EQ(ButtonFrameOf({0, 0, 300, 60}, false, false, scale).Inside,
+                  (PixelRect{wide, wide, 300 - wide, 60 - wide}));
+        const int focused = wide + wide / 2;
+        EXPECT_EQ(ButtonFrameOf({0, 0, 300, 60}, true, true, scale).Inside,
+                  (PixelRect{focused, focused, 300 - focused, 60 - focused}));
+    }
+}
+
+TEST(PicCommandRulesTest, FramesWithLinesOfSeveralPixels)
+{
+    const PictureScale twice = {200};
+    EXPECT_EQ(Drawn(ButtonFrameOf({0, 0, 12, 10}, false, false, twice), 12, 10),
+              (Picture{"hhhhhhhhhhh#", "hhhhhhhhhh##", "hh-------s##", "hh------ss##", "hh--    ss##",
+                       "hh--    ss##", "hh-sssssss##", "hhssssssss##", "h-##########", "-###########"}));
+    EXPECT_EQ(Drawn(ButtonFrameOf({0, 0, 14, 12}, false, true, twice), 14, 12),
+              (Picture{"##############", "##############", "##hhhhhhhhh###", "##hhhhhhhh####",
+                       "##hh-----s####", "##hh----ss####", "##hh-sssss####", "##hhssssss####",
+                       "##h-##########", "##-###########", "##############", "##############"}));
+}
+
+// No pixel of the frame is left as another state has drawn it.
+TEST(PicCommandRulesTest, FramesLeaveNoGap)
+{
+    for (const int percent : {100, 125, 150, 200, 300, 400})
+    {
+        for (const bool pressed : {false, true})
+        {
+            for (const bool framed : {false, true})
+            {
+                const ButtonFrame frame = ButtonFrameOf({0, 0, 60, 40}, pressed, framed, {percent});
+                const Picture drawn = Drawn(frame, 60, 40);
+                for (int y = 0; y < 40; ++y)
+                {
+                    for (int x = 0; x < 60; ++x)
+                    {
+                        const bool inside = x >= frame.Inside.Left && x < frame.Inside.Right &&
+                                            y >= frame.Inside.Top && y < frame.Inside.Bottom;
+                        EXPECT_EQ(drawn[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] == ' ',
+                                  inside)
+                            << percent << " %, at " << x << ", " << y;
+                    }
+                }
+            }
+        }
+    }
+}
+
 } // namespace
 
 } // namespace kiv

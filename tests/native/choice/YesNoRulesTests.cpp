@@ -38,6 +38,12 @@ const LayoutRow LayoutRows[] = {
     // Other resolutions.
     {1800, 270, 210, 12, {42, 113}},
     {1800, 270, 210, 10, {47, 140}},
+    {1800, 1440.0 / 168 * 32, 1440.0 / 168 * 25, 1440.0 / 168, {52, 166}},
+    {1800, 270, 210, 7.5, {56, 193}},
+    {1800, 1440.0 / 216 * 41, 1440.0 / 216 * 32, 1440.0 / 216, {61, 219}},
+    {1800, 270, 210, 6, {65, 246}},
+    {1800, 270, 210, 5, {74, 299}},
+    {1800, 270, 210, 3.75, {92, 405}},
     // Narrower than both captions: the regions overlap.
     {600, 270, 210, 15, {38, 7}},
     // Narrower than No itself: the division truncates toward zero.
@@ -52,6 +58,33 @@ TEST(YesNoRulesTest, LaysOutBothRegions)
     {
         EXPECT_EQ(CalcYesNoLayout(row.ScaleWidth, row.YesWidth, row.NoWidth, row.TwipsPerPixel), row.Layout)
             << "width " << row.ScaleWidth << ", captions " << row.YesWidth << " and " << row.NoWidth;
+    }
+}
+
+struct ScaledRow
+{
+    int PixelsPerInch;
+    int Percent;
+    YesNoLayout Layout; // of 1800 twips, captions of 270 and 210
+    int Top;            // of the images on 300 twips
+};
+
+const ScaledRow ScaledRows[] = {
+    {96, 100, {38, 87}, 3},    {120, 125, {47, 108}, 3},  {144, 150, {57, 130}, 4},
+    {168, 150, {61, 156}, 7},  {192, 200, {76, 174}, 6},  {216, 200, {80, 200}, 8},
+    {240, 200, {85, 227}, 11}, {288, 300, {114, 261}, 9}, {384, 400, {152, 348}, 12},
+};
+
+TEST(YesNoRulesTest, LeavesRoomForTheImagesOfEveryResolution)
+{
+    for (const ScaledRow& row : ScaledRows)
+    {
+        const Resolution resolution = {row.PixelsPerInch, row.PixelsPerInch};
+        const double twips = resolution.TwipsPerPixelX();
+        const PictureScale scale = PictureScaleAt(resolution);
+        EXPECT_EQ(scale.Percent, row.Percent);
+        EXPECT_EQ(CalcYesNoLayout(1800, 270, 210, twips, scale), row.Layout) << row.PixelsPerInch;
+        EXPECT_EQ(OptionImageTop(300, twips, scale), row.Top) << row.PixelsPerInch;
     }
 }
 
@@ -82,6 +115,15 @@ const TopRow TopRows[] = {
     {232.5, 15, 1},
     {247.5, 15, 1},
     {240, 12, 3},
+    // 300 twips, as high as a new control, from 120 pixels to the inch to 384.
+    {300, 12, 5},
+    {300, 10, 8},
+    {300, 1440.0 / 168, 10},
+    {300, 7.5, 13},
+    {300, 1440.0 / 216, 15},
+    {300, 6, 18},
+    {300, 5, 23},
+    {300, 3.75, 33},
 };
 
 TEST(YesNoRulesTest, CentresTheOptionImages)

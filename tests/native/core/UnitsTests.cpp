@@ -44,7 +44,7 @@ class TwipsToPixelsTest : public testing::TestWithParam<Twips>
 {
 };
 
-TEST_P(TwipsToPixelsTest, RoundsOperandsFirstAndTruncatesTheQuotient)
+TEST_P(TwipsToPixelsTest, TruncatesTheQuotient)
 {
     EXPECT_EQ(TwipsToPixels(GetParam().Length, GetParam().PerPixel), GetParam().Pixels);
 }
@@ -58,8 +58,11 @@ INSTANTIATE_TEST_SUITE_P(Rows, TwipsToPixelsTest,
                                          Twips{-14, 15, 0}, Twips{-15, 15, -1}, Twips{-29, 15, -1},
                                          // Fonts of 125 % and 150 %: 12 and 10 twips to the pixel.
                                          Twips{1440, 12, 120}, Twips{1439, 12, 119}, Twips{1440, 10, 144},
-                                         // The pixel's size rounds as well: 14.6 counts as 15, 14.5 as 14.
-                                         Twips{30, 14.6, 2}, Twips{29, 14.5, 2}));
+                                         // Where a pixel has no whole number of twips, nothing is rounded.
+                                         Twips{30, 14.6, 2}, Twips{29, 14.5, 2}, Twips{29.1, 14.6, 1},
+                                         Twips{14.6, 14.6, 1}, Twips{14.5, 14.6, 0}, Twips{1800, 7.5, 240},
+                                         Twips{7, 7.5, 0}, Twips{-8, 7.5, -1}, Twips{7.499, 7.5, 1},
+                                         Twips{7.49, 7.5, 0}, Twips{-7.499, 7.5, -1}, Twips{-7.49, 7.5, 0}));
 
 struct Lengths
 {

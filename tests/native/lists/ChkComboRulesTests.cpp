@@ -281,6 +281,16 @@ TEST(ChkComboLook, PlacesIconAndText)
     EXPECT_EQ(ItemTextLeft(3, ItemIcon::None), 4);
     EXPECT_EQ(ItemTextLeft(3, ItemIcon::Partial), 17);
     EXPECT_EQ(ItemTextLeft(3, ItemIcon::CompleteSelected), 17);
+    // As the icons grow.
+    const std::pair<int, int> sizes[] = {{125, 18}, {150, 21}, {200, 28}, {300, 42}, {400, 56}};
+    for (const auto& [percent, size] : sizes)
+    {
+        EXPECT_EQ(ItemIconTop(10, 70, {percent}), (80 - size) / 2) << percent;
+        EXPECT_EQ(ItemTextLeft(3, ItemIcon::Partial, {percent}), 3 + size) << percent;
+    }
+    EXPECT_EQ(ItemTextLeft(3, ItemIcon::None, {125}), 4);
+    EXPECT_EQ(ItemTextLeft(3, ItemIcon::None, {200}), 5);
+    EXPECT_EQ(ItemTextLeft(3, ItemIcon::None, {400}), 7);
 }
 
 TEST(ChkComboLook, DropsDownOneOrEightItems)

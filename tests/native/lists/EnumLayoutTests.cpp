@@ -1,4 +1,5 @@
 #include "controls/lists/EnumLayout.h"
+#include "runtime/core/Resolution.h"
 
 #include <gtest/gtest.h>
 
@@ -31,6 +32,48 @@ TEST(EnumListLayoutTest, IsNeverLowerThanTheLabelNorNarrowerThanTheButton)
     const EnumListLayout both = CalcEnumListLayout(0, 0, 255, 195);
     EXPECT_EQ(both.MissingHeight, 195);
     EXPECT_EQ(both.MissingWidth, 255);
+}
+
+// A new control's 1815 by 285 twips in a border of two pixels, its button of 255 twips, and a label of a
+// line.
+struct ScreenRow
+{
+    int PixelsPerInch;
+    int Width; // in pixels, as all that follows
+    int Height;
+    int Line;
+    int ButtonLeft;
+    int ButtonWidth;
+    int LabelTop;
+    int MissingHeight;
+};
+
+const ScreenRow ScreenRows[] = {
+    {96, 121, 19, 13, 100, 17, 1, 0},  {120, 151, 23, 16, 125, 21, 1, 0}, {144, 181, 28, 20, 151, 25, 2, 0},
+    {168, 211, 33, 23, 177, 29, 3, 0}, {192, 242, 38, 26, 204, 34, 4, 0}, {216, 272, 42, 29, 229, 38, 4, 0},
+    {240, 302, 47, 33, 255, 42, 5, 0}, {288, 363, 57, 39, 308, 51, 7, 0}, {384, 484, 76, 52, 412, 68, 10, 0},
+    {96, 121, 19, 16, 100, 17, 0, 1},  {168, 211, 33, 29, 177, 29, 0, 0}, {168, 211, 33, 31, 177, 29, -1, 2},
+    {192, 242, 38, 35, 204, 34, 0, 1}, {216, 272, 42, 38, 229, 38, 0, 0}, {216, 272, 42, 41, 229, 38, -1, 3},
+    {384, 484, 76, 73, 412, 68, 0, 1},
+};
+
+TEST(EnumListLayoutTest, IsRightAtEveryResolution)
+{
+    for (const ScreenRow& row : ScreenRows)
+    {
+        SCOPED_TRACE(std::to_string(row.PixelsPerInch) + ", a line of " + std::to_string(row.Line));
+        const Resolution resolution = {row.PixelsPerInch, row.PixelsPerInch};
+        const double pixel = resolution.TwipsPerPixelX();
+        const EnumListLayout layout =
+            CalcEnumListLayout((row.Width - 4) * pixel, (row.Height - 4) * pixel, 255, row.Line * pixel);
+        EXPECT_EQ(resolution.PixelsX(layout.ButtonLeft), row.ButtonLeft);
+        EXPECT_EQ(resolution.PixelsX(255), row.ButtonWidth);
+        EXPECT_EQ(resolution.PixelsX(layout.LabelWidth), row.ButtonLeft);
+        EXPECT_EQ(resolution.PixelsY(layout.LabelTop), row.LabelTop);
+        EXPECT_EQ(resolution.PixelsY(layout.MissingHeight), row.MissingHeight);
+        EXPECT_EQ(layout.MissingHeight > 0, row.MissingHeight > 0);
+        EXPECT_EQ(layout.MissingWidth, 0);
+    }
 }
 
 PickerSizes Sizes(bool frameShown)

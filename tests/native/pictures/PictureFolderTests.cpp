@@ -112,6 +112,32 @@ TEST_F(PictureFolderTest, ReportsEachFileThatIsNoPicture)
     EXPECT_EQ(read.pictures.size(), 1u);
 }
 
+TEST_F(PictureFolderTest, ReadsTheDrawingOfAPicture)
+{
+    Put("one.pix", Dot);
+    Put("two.pix", Dot);
+    Put("two.draw", "disc red 0.5,0.5 1\n");
+    const PictureFolder read = ReadPictureFolder(folder_);
+    ASSERT_EQ(read.pictures.size(), 2u);
+    EXPECT_TRUE(read.pictures[0].drawing.empty());
+    EXPECT_EQ(read.pictures[1].drawing.size(), 1u);
+    EXPECT_TRUE(read.errors.empty());
+}
+
+TEST_F(PictureFolderTest, ReportsADrawingThatIsNone)
+{
+    Put("a.pix", Dot);
+    Put("a.draw", "circle red 0.5,0.5 1\n");
+    Put("b.draw", "disc red 0.5,0.5 1\n");
+    Put("c.pix", "kind photo\n");
+    Put("c.draw", "disc\n");
+    const PictureFolder read = ReadPictureFolder(folder_);
+    ASSERT_EQ(read.errors.size(), 3u);
+    EXPECT_EQ(read.errors[1], (folder_ / "a.draw").string() +
+                                  ":1: 'circle' is no shape; expected disc, arc, polygon, line or rectangle");
+    EXPECT_EQ(read.errors[2], (folder_ / "b.draw").string() + ": there is no .pix file of that name");
+}
+
 TEST_F(PictureFolderTest, ReportsAFileThatCannotBeRead)
 {
     fs::create_symlink(folder_ / "nowhere", folder_ / "a.pix");

@@ -96,10 +96,26 @@ TEST(ResourceFile, FillsAWholeIcon)
     EXPECT_EQ(Part(bytes, 638, 128), Bytes(128, 0));
 }
 
+// As large as the picture in either direction, and 32 pixels at least.
+TEST(ResourceFile, MakesALargerIconOfALargerPicture)
+{
+    const Bytes bytes = MakeResourceFile(Make(PictureKind::Icon, 45, 30, std::vector<Pixel>(45 * 30, White)));
+    EXPECT_EQ(Part(bytes, 6, 2), (Bytes{45, 32}));
+    EXPECT_EQ(Part(bytes, 26, 8), (Bytes{45, 0, 0, 0, 64, 0, 0, 0})); // colours and mask
+    // Rows of 45 pixels take 24 bytes of colours and 8 of mask, the last two below the picture.
+    EXPECT_EQ(bytes.size(), 126u + 32 * 24 + 32 * 8);
+    EXPECT_EQ(Part(bytes, 126, 2 * 24), Bytes(2 * 24, 0));
+    EXPECT_EQ(Part(bytes, 126 + 2 * 24, 24), (Bytes(22, 0xff) + Bytes{0xf0, 0}));
+    EXPECT_EQ(Part(bytes, 126 + 32 * 24, 6), Bytes(6, 0xff));
+    EXPECT_EQ(Part(bytes, 126 + 32 * 24 + 2 * 8, 8), (Bytes{0, 0, 0, 0, 0, 7, 0, 0}));
+}
+
 TEST(ResourceFile, RefusesWhatTheFormCannotHold)
 {
-    const Picture large = Make(PictureKind::Icon, 33, 1, std::vector<Pixel>(33, Red));
-    EXPECT_THROW(MakeResourceFile(large), std::invalid_argument);
+    const Picture wide = Make(PictureKind::Icon, 256, 1, std::vector<Pixel>(256, Red));
+    EXPECT_THROW(MakeResourceFile(wide), std::invalid_argument);
+    const Picture high = Make(PictureKind::Icon, 1, 256, std::vector<Pixel>(256, Red));
+    EXPECT_THROW(MakeResourceFile(high), std::invalid_argument);
     const Picture pastel = Make(PictureKind::Bitmap, 1, 1, {Colour{255, 200, 200}});
     EXPECT_THROW(MakeResourceFile(pastel), std::invalid_argument);
 }

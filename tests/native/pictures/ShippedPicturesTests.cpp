@@ -35,7 +35,7 @@ std::map<std::string, Picture> ReadShipped()
     if (!folder.errors.empty())
         throw std::runtime_error(folder.errors.front());
     std::map<std::string, Picture> pictures;
-    for (const auto& [name, picture] : folder.pictures)
+    for (const auto& [name, picture, drawing] : folder.pictures)
         pictures.emplace(name, picture);
     return pictures;
 }

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "runtime/core/Resolution.h"
+
+#include <windows.h>
+
+namespace kiv
+{
+
+// The screen's resolution as the calling thread sees it: that of the whole system, or 96 for one that leaves
+// it to the system to enlarge its windows. Font objects make their fonts for it.
+Resolution ScreenResolution();
+
+// The resolution of the part of the screen that a window is on, or that it is meant to be on: on systems that
+// tell windows apart (Windows 10 and later); else the screen's.
+Resolution ResolutionOf(HWND window);
+
+// GetSystemMetrics as it is at a resolution.
+int SystemMetric(int index, const Resolution& resolution);
+
+} // namespace kiv
