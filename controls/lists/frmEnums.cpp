@@ -85,6 +85,8 @@ void frmEnums::Form_Load()
 
 void frmEnums::Form_ResolutionChanged()
 {
+    if (!controls_)
+        return;
     Controls& form = *controls_;
     const HFONT bold = form.Bold.Handle(TheSurface().TheResolution());
     form.lstEnums.Font(TheSurface().FontHandle());

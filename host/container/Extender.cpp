@@ -148,13 +148,13 @@ Variant Extender::Get(DISPID member) const
     case ExtendedObject:
         return Variant(site_->Control());
     case ExtendedLeft:
-        return Variant(bounds.left * TwipsPerPixelX());
+        return Variant(TwipsX(bounds.left));
     case ExtendedTop:
-        return Variant(bounds.top * TwipsPerPixelY());
+        return Variant(TwipsY(bounds.top));
     case ExtendedWidth:
-        return Variant(SizeOf(bounds).cx * TwipsPerPixelX());
+        return Variant(TwipsX(SizeOf(bounds).cx));
     case ExtendedHeight:
-        return Variant(SizeOf(bounds).cy * TwipsPerPixelY());
+        return Variant(TwipsY(SizeOf(bounds).cy));
     case ExtendedVisible:
         return Variant(site_->Visible());
     case ExtendedEnabled:
@@ -188,18 +188,18 @@ void Extender::Put(DISPID member, const Variant& value)
     switch (member)
     {
     case ExtendedLeft:
-        bounds.left = origin.x + value.Long() / TwipsPerPixelX();
+        bounds.left = origin.x + PixelsX(value.Long());
         bounds.right = bounds.left + size.cx;
         return site_->Move(bounds);
     case ExtendedTop:
-        bounds.top = origin.y + value.Long() / TwipsPerPixelY();
+        bounds.top = origin.y + PixelsY(value.Long());
         bounds.bottom = bounds.top + size.cy;
         return site_->Move(bounds);
     case ExtendedWidth:
-        bounds.right = bounds.left + value.Long() / TwipsPerPixelX();
+        bounds.right = bounds.left + PixelsX(value.Long());
         return site_->Move(bounds);
     case ExtendedHeight:
-        bounds.bottom = bounds.top + value.Long() / TwipsPerPixelY();
+        bounds.bottom = bounds.top + PixelsY(value.Long());
         return site_->Move(bounds);
     case ExtendedVisible:
         return site_->SetVisible(value.Bool());

@@ -16,6 +16,19 @@ SIZE PixelsPerInch()
     return found;
 }
 
+long ToTwips(long pixels, long perInch)
+{
+    return MulDiv(static_cast<int>(pixels), TwipsPerInch, static_cast<int>(perInch));
+}
+
+// Where a pixel has no whole number of twips, the nearest one: what ToTwips has rounded comes back.
+long ToPixels(long twips, long perInch)
+{
+    if (TwipsPerInch % perInch == 0)
+        return twips / (TwipsPerInch / perInch);
+    return MulDiv(static_cast<int>(twips), static_cast<int>(perInch), TwipsPerInch);
+}
+
 } // namespace
 
 SIZE PixelsToHimetric(SIZE pixels)
@@ -41,14 +54,24 @@ RECT PixelsFromTwips(long left, long top, long width, long height)
     return {x, y, x + pixels(width, inch.cx), y + pixels(height, inch.cy)};
 }
 
-int TwipsPerPixelX()
+long TwipsX(long pixels)
 {
-    return TwipsPerInch / static_cast<int>(PixelsPerInch().cx);
+    return ToTwips(pixels, PixelsPerInch().cx);
 }
 
-int TwipsPerPixelY()
+long TwipsY(long pixels)
 {
-    return TwipsPerInch / static_cast<int>(PixelsPerInch().cy);
+    return ToTwips(pixels, PixelsPerInch().cy);
+}
+
+long PixelsX(long twips)
+{
+    return ToPixels(twips, PixelsPerInch().cx);
+}
+
+long PixelsY(long twips)
+{
+    return ToPixels(twips, PixelsPerInch().cy);
 }
 
 } // namespace kiv::host

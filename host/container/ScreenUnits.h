@@ -10,8 +10,12 @@ SIZE PixelsToHimetric(SIZE pixels);
 SIZE HimetricToPixels(SIZE himetric);
 // The rectangle of a position and size in twips.
 RECT PixelsFromTwips(long left, long top, long width, long height);
-int TwipsPerPixelX();
-int TwipsPerPixelY();
+// Lengths between whole pixels and twips. Pixels come back from their twips; of twips that are not a whole
+// number of pixels less than one is lost.
+long TwipsX(long pixels);
+long TwipsY(long pixels);
+long PixelsX(long twips);
+long PixelsY(long twips);
 
 inline SIZE SizeOf(const RECT& bounds)
 {

@@ -123,10 +123,10 @@ FormBlock StateOf(FormItem& item)
     RECT bounds = item.Bounds();
     if (const FormItem* const container = item.Container())
         OffsetRect(&bounds, -container->Bounds().left, -container->Bounds().top);
-    state.Set("Left", std::int64_t(bounds.left) * TwipsPerPixelX());
-    state.Set("Top", std::int64_t(bounds.top) * TwipsPerPixelY());
-    state.Set("Width", std::int64_t(SizeOf(bounds).cx) * TwipsPerPixelX());
-    state.Set("Height", std::int64_t(SizeOf(bounds).cy) * TwipsPerPixelY());
+    state.Set("Left", std::int64_t(TwipsX(bounds.left)));
+    state.Set("Top", std::int64_t(TwipsY(bounds.top)));
+    state.Set("Width", std::int64_t(TwipsX(SizeOf(bounds).cx)));
+    state.Set("Height", std::int64_t(TwipsY(SizeOf(bounds).cy)));
     state.Set("TabIndex", std::int64_t(item.TabIndex()));
     state.Set("Visible", item.Visible());
     auto* const site = dynamic_cast<ControlSite*>(&item);
