@@ -22,7 +22,7 @@ ComPtr<ITypeInfo> LoadAccessibleType()
     ComPtr<ITypeLib> library;
     Check(LoadRegTypeLib(AccessibilityLibrary, 1, 1, LOCALE_NEUTRAL, &library));
     ComPtr<ITypeInfo> type;
-    Check(library->GetTypeInfoOfGuid(IID_IAccessible, &type));
+    Check(library->GetTypeInfoOfGuid(__uuidof(IAccessible), &type));
     return type;
 }
 
@@ -272,7 +272,7 @@ HRESULT AccessibleObject::accNavigate(long direction, VARIANT start, VARIANT* en
         {
             // Among windows: theirs are the neighbours.
             ComPtr<IAccessible> frame;
-            Check(AccessibleObjectFromWindow(frame_, static_cast<DWORD>(OBJID_WINDOW), IID_IAccessible,
+            Check(AccessibleObjectFromWindow(frame_, static_cast<DWORD>(OBJID_WINDOW), __uuidof(IAccessible),
                                              reinterpret_cast<void**>(frame.GetAddressOf())));
             return outer_ ? S_FALSE : frame->accNavigate(direction, start, end);
         }

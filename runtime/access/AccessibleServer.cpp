@@ -20,7 +20,7 @@ LRESULT AccessibleServer::Answer(AccessibleSource& source, HWND window, HWND fra
         object.Swap(made);
     }
     const ComPtr<AccessibleObject> held = object;
-    return LresultFromObject(IID_IAccessible, wParam, static_cast<IAccessible*>(held.Get()));
+    return LresultFromObject(__uuidof(IAccessible), wParam, static_cast<IAccessible*>(held.Get()));
 }
 
 void AccessibleServer::Close()

@@ -137,7 +137,7 @@ void Read(IAccessible& object, long part, std::size_t depth, std::vector<std::ws
 ComPtr<IAccessible> AccessibleOf(HWND window)
 {
     ComPtr<IAccessible> object;
-    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
                                reinterpret_cast<void**>(object.GetAddressOf()));
     return object;
 }

@@ -1,5 +1,6 @@
 // Where the host's own keyboard navigation goes.
 
+#include "tests/gui/HostedBox.h"
 #include "tests/gui/HostedTest.h"
 
 #include <string>
@@ -223,6 +224,29 @@ TEST_F(FormKeyboard, TheFocusComesBackWithTheWindow)
     }
     SetForegroundWindow(TheForm().Window());
     EXPECT_TRUE(PumpUntil(TheForm(), [&] { return Focused() == L"second"; })) << "the focus stayed away";
+}
+
+// Leaving the date completes it, and its form's code answers the change by having the form gone.
+TEST_F(FormKeyboard, TheFormMayGoWhileAButtonGetsTheFocus)
+{
+    for (const bool closes : {true, false})
+    {
+        StartAnew();
+        HostedBox date(TheForm(), CLSID_DateBox, Placed({10, 4, 90, 26}));
+        AddButton(L"ok", L"OK");
+        ShowForm();
+        date.Site().Focus();
+        Type(L"1/5/1");
+        date.On(L"Change", [&](const host::EventRecord&, DISPPARAMS&) {
+            if (closes)
+                TheForm().Close();
+            else
+                TheForm().Destroy();
+        });
+        TapKey(VK_TAB);
+        EXPECT_TRUE(PumpUntil(TheForm(), [this] { return TheForm().Closed(); })) << closes;
+        StartAnew();
+    }
 }
 
 } // namespace

@@ -60,11 +60,12 @@ public:
             const LRESULT answer =
                 SendMessageW(window, WM_GETOBJECT, static_cast<WPARAM>(random.OddNumber()), object);
             if (answer > 0)
-                ObjectFromLresult(answer, IID_IAccessible, 0, reinterpret_cast<void**>(found.GetAddressOf()));
+                ObjectFromLresult(answer, __uuidof(IAccessible), 0,
+                                  reinterpret_cast<void**>(found.GetAddressOf()));
         }
         else
         {
-            AccessibleObjectFromWindow(window, static_cast<DWORD>(object), IID_IAccessible,
+            AccessibleObjectFromWindow(window, static_cast<DWORD>(object), __uuidof(IAccessible),
                                        reinterpret_cast<void**>(found.GetAddressOf()));
         }
         if (!found)
