@@ -151,8 +151,9 @@ AccessibleInfo AmountBox::Accessible() const
     AccessibleInfo info;
     info.Role = ROLE_SYSTEM_TEXT;
     info.Value = isParked_ ? lblRight.Caption() : txtLeft.Text();
-    if (!Rules()->IsValid(txtLeft.Text()))
-        info.Description = Rules()->RangeMessage();
+    const std::unique_ptr<const AmountRules> rules = Rules();
+    if (!rules->IsValid(txtLeft.Text()))
+        info.Description = rules->RangeMessage();
     return info;
 }
 

@@ -87,8 +87,7 @@ void PicCommand::UserControl_Initialize()
 void PicCommand::UserControl_InitProperties()
 {
     Properties::Table.Reset(*this);
-    const std::optional<Variant> name = Extender().Get(L"Name").As(VT_BSTR);
-    TakeCaption(name ? name->Text() : std::wstring_view());
+    TakeCaption(Extender().Text(L"Name"));
 }
 
 void PicCommand::UserControl_ReadProperties(PropertyBag& PropBag)
@@ -205,8 +204,7 @@ AccessibleInfo PicCommand::Accessible() const
     info.Role = IsLinkStyle(icon) ? ROLE_SYSTEM_LINK : ROLE_SYSTEM_PUSHBUTTON;
     info.Description = MeaningOf(icon);
     info.DefaultAction = IsLinkStyle(icon) ? L"Jump" : L"Press";
-    if (const wchar_t mnemonic = MnemonicOf(Caption))
-        info.KeyboardShortcut = std::wstring(L"Alt+") + mnemonic;
+    info.KeyboardShortcut = AccessKeyOf(Caption);
     return info;
 }
 

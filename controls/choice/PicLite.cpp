@@ -133,11 +133,8 @@ AccessibleInfo PicLite::Accessible() const
 std::wstring PicLite::AccessibleName() const
 {
     for (const wchar_t* property : {L"AccessibleName", L"ToolTipText", L"Name"})
-    {
-        const std::optional<Variant> text = Extender().Get(property).As(VT_BSTR);
-        if (text && !text->Text().empty())
-            return text->Text();
-    }
+        if (std::wstring text = Extender().Text(property); !text.empty())
+            return text;
     return Ambient().DisplayName();
 }
 

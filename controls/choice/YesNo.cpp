@@ -274,7 +274,6 @@ AccessibleInfo YesNo::Accessible() const
 
 AccessibleInfo YesNo::AccessiblePart(int option) const
 {
-    const SIZE size = TheSurface().PixelSize();
     const bool isSet = Value_ == option;
     AccessibleInfo info;
     info.Role = ROLE_SYSTEM_RADIOBUTTON;
@@ -282,8 +281,7 @@ AccessibleInfo YesNo::AccessiblePart(int option) const
     info.KeyboardShortcut = option == Yes ? L"Y" : L"N";
     info.DefaultAction = isSet ? L"Clear" : L"Select";
     info.State = isSet ? STATE_SYSTEM_CHECKED : 0;
-    info.Place =
-        option == Yes ? RECT{0, 0, layout_.YesRight, size.cy} : RECT{layout_.NoLeft, 0, size.cx, size.cy};
+    info.Place = PlaceOf(option);
     return info;
 }
 
@@ -306,6 +304,12 @@ void YesNo::CalcLayout()
     layout_ =
         CalcYesNoLayout(surface.ScaleWidth(), surface.TextWidth(YesCaption), surface.TextWidth(NoCaption),
                         surface.TheResolution().TwipsPerPixelX(), Scale());
+}
+
+RECT YesNo::PlaceOf(long option) const
+{
+    const SIZE size = TheSurface().PixelSize();
+    return option == Yes ? RECT{0, 0, layout_.YesRight, size.cy} : RECT{layout_.NoLeft, 0, size.cx, size.cy};
 }
 
 // A picture that could not be loaded is left out.
@@ -337,9 +341,7 @@ void YesNo::DrawFocusState(AnswerEnums TargetFocus)
         if (TheSurface().ContainsFocus())
             Announce(EVENT_OBJECT_FOCUS, FocusOption);
     }
-    const SIZE size = TheSurface().PixelSize();
-    const RECT rectangle = FocusOption == Yes ? RECT{0, 0, layout_.YesRight, size.cy}
-                                              : RECT{layout_.NoLeft, 0, size.cx, size.cy};
+    const RECT rectangle = PlaceOf(FocusOption);
     DrawFocusRect(TheSurface().AcquireGraphics().Dc(), &rectangle);
 }
 

@@ -63,6 +63,7 @@ private:
     void RaiseChange();
 
     void CalcLayout();
+    RECT PlaceOf(long option) const; // pixels of the surface
     PictureScale Scale() const { return PictureScaleAt(TheSurface().TheResolution()); }
     void DrawOption(HDC dc, HDC memory, Picture SharedPictures::*which, int x, DWORD rasterOperation) const;
     void DrawFocusState(AnswerEnums TargetFocus);

@@ -47,7 +47,6 @@ protected:
     const Window& FocusWindow() const override { return HScroll1; }
     bool Wants(WPARAM key) const override;
     AccessibleInfo Accessible() const override;
-    AccessibleInfo AccessiblePart(int part) const override;
     int PartCount() const override { return 1; }
     AccessibleSource* SourceOf(int part) override { return part == 1 ? &items_ : nullptr; }
     bool DoDefaultAction(int part) override;

@@ -18,13 +18,6 @@ AccessibleInfo ChkCombo::Accessible() const
     return info;
 }
 
-AccessibleInfo ChkCombo::AccessiblePart(int) const
-{
-    AccessibleInfo list = items_.Describe(CHILDID_SELF);
-    MapWindowPoints(nullptr, TheSurface().hWnd(), reinterpret_cast<POINT*>(&list.Place), 2);
-    return list;
-}
-
 // Who asks does not wait for what the host makes of it.
 bool ChkCombo::DoDefaultAction(int)
 {

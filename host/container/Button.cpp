@@ -54,8 +54,7 @@ AccessibleInfo Button::Accessible() const
     info.Role = ROLE_SYSTEM_PUSHBUTTON;
     info.Name = WithoutMnemonic(options_.caption);
     info.DefaultAction = L"Press";
-    if (const wchar_t mnemonic = MnemonicOf(options_.caption))
-        info.KeyboardShortcut = std::wstring(L"Alt+") + mnemonic;
+    info.KeyboardShortcut = AccessKeyOf(options_.caption);
     info.State |= (CanBeUsed() ? STATE_SYSTEM_FOCUSABLE : 0) | (HasFocus() ? STATE_SYSTEM_FOCUSED : 0) |
                   (options_.isDefault ? STATE_SYSTEM_DEFAULT : 0);
     return info;

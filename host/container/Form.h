@@ -103,6 +103,7 @@ private:
     AccessibleInfo Describe(int part) const override;
     int PartCount() const override { return static_cast<int>(ShownItems().size()); }
     int FocusedPart() const override;
+    int PartAt(POINT place) override;
     HWND WindowOf(int part) const override;
     std::vector<FormItem*> ShownItems() const;
     FormItem* ShownItem(int part) const;

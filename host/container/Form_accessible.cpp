@@ -46,6 +46,17 @@ int Form::FocusedPart() const
     return focused == items.end() ? 0 : static_cast<int>(focused - items.begin()) + 1;
 }
 
+// The last one there: what stands in a frame comes behind it.
+int Form::PartAt(POINT place)
+{
+    const std::vector<FormItem*> items = ShownItems();
+    const auto there = std::find_if(items.rbegin(), items.rend(), [&](const FormItem* item) {
+        const RECT bounds = item->Accessible().Place;
+        return PtInRect(&bounds, place) != FALSE;
+    });
+    return static_cast<int>(items.rend() - there);
+}
+
 HWND Form::WindowOf(int part) const
 {
     const FormItem* const item = ShownItem(part);

@@ -4,6 +4,7 @@
 
 #ifdef _WIN32
 #include "host/files/WholeFile.h"
+#include "runtime/com/Wine.h"
 
 #include <windows.h>
 
@@ -27,11 +28,6 @@ void Rename(const fs::path& fresh, const fs::path& file)
 }
 
 #ifdef _WIN32
-bool IsWine()
-{
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
-
 bool Overwrite(const fs::path& file, const std::string& content)
 {
     std::fstream stream(file, std::ios::binary | std::ios::in | std::ios::out);
@@ -75,7 +71,7 @@ void TakePlace(const fs::path& fresh, const fs::path& file)
     if (!fs::exists(before))
         return Rename(fresh, file);
 #ifdef _WIN32
-    if (IsWine())
+    if (RunsOnWine())
         return TakePlaceUnderWine(fresh, file);
     if (!ReplaceFileW(file.c_str(), fresh.c_str(), nullptr, 0, nullptr, nullptr))
         throw FileError(file, "cannot be replaced");

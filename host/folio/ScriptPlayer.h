@@ -23,7 +23,7 @@ struct ScriptProps
 {
     Microsoft::WRL::ComPtr<IDispatch> Database; // or null
     std::filesystem::path Shot;                 // where a picture goes; empty: nowhere
-    ULONGLONG PatienceMs = 5000;                // how long an expectation may take to come true
+    ULONGLONG PatienceMs = 0;                   // how long an expectation may take to come true
 };
 
 // Plays a script against a form the way a person would: keys and mouse go to the system, what comes of them

@@ -19,24 +19,18 @@ namespace
 
 Speech* speaking = nullptr;
 
-Variant PartNumber(long part)
-{
-    return Variant(part);
-}
-
 template<class Getter>
 std::wstring TextOf(IAccessible& object, Getter getter, long part)
 {
     Bstr text;
-    return SUCCEEDED((object.*getter)(PartNumber(part).Get(), text.Receive())) ? text.String()
-                                                                               : std::wstring();
+    return SUCCEEDED((object.*getter)(Variant(part).Get(), text.Receive())) ? text.String() : std::wstring();
 }
 
 template<class Getter>
 long NumberOf(IAccessible& object, Getter getter, long part)
 {
     Variant number;
-    if (FAILED((object.*getter)(PartNumber(part).Get(), number.Receive())) || number.Type() != VT_I4)
+    if (FAILED((object.*getter)(Variant(part).Get(), number.Receive())) || number.Type() != VT_I4)
         return 0;
     return number.Long();
 }

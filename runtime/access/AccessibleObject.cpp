@@ -83,7 +83,7 @@ HRESULT AccessibleObject::Text(const VARIANT& part, BSTR* text, Find find) noexc
         return E_POINTER;
     *text = nullptr;
     return Ask(part, [&](int number) {
-        const std::wstring found = find(*source_, number);
+        const std::wstring found = find(number);
         if (found.empty())
             return S_FALSE;
         *text = Bstr(found).Detach();
@@ -93,28 +93,22 @@ HRESULT AccessibleObject::Text(const VARIANT& part, BSTR* text, Find find) noexc
 
 HRESULT AccessibleObject::get_accName(VARIANT part, BSTR* name) noexcept
 {
-    return Text(part, name, [](const AccessibleSource& source, int number) { return source.NameOf(number); });
+    return Text(part, name, [this](int number) { return source_->NameOf(number); });
 }
 
 HRESULT AccessibleObject::get_accDescription(VARIANT part, BSTR* description) noexcept
 {
-    return Text(part, description, [](const AccessibleSource& source, int number) {
-        return source.Describe(number).Description;
-    });
+    return Text(part, description, [this](int number) { return source_->InfoOf(number).Description; });
 }
 
 HRESULT AccessibleObject::get_accKeyboardShortcut(VARIANT part, BSTR* shortcut) noexcept
 {
-    return Text(part, shortcut, [](const AccessibleSource& source, int number) {
-        return source.Describe(number).KeyboardShortcut;
-    });
+    return Text(part, shortcut, [this](int number) { return source_->InfoOf(number).KeyboardShortcut; });
 }
 
 HRESULT AccessibleObject::get_accDefaultAction(VARIANT part, BSTR* action) noexcept
 {
-    return Text(part, action, [](const AccessibleSource& source, int number) {
-        return source.Describe(number).DefaultAction;
-    });
+    return Text(part, action, [this](int number) { return source_->InfoOf(number).DefaultAction; });
 }
 
 // Nothing entered is an empty text, other than no value at all.
@@ -124,7 +118,7 @@ HRESULT AccessibleObject::get_accValue(VARIANT part, BSTR* value) noexcept
         return E_POINTER;
     *value = nullptr;
     return Ask(part, [&](int number) {
-        const std::optional<std::wstring> found = InfoOf(number).Value;
+        const std::optional<std::wstring> found = source_->InfoOf(number).Value;
         if (!found)
             return DISP_E_MEMBERNOTFOUND;
         *value = Bstr(*found).Detach();
@@ -138,7 +132,7 @@ HRESULT AccessibleObject::get_accRole(VARIANT part, VARIANT* role) noexcept
         return E_POINTER;
     VariantInit(role);
     return Ask(part, [&](int number) {
-        PutPart(role, InfoOf(number).Role);
+        PutPart(role, source_->InfoOf(number).Role);
         return S_OK;
     });
 }
@@ -149,7 +143,7 @@ HRESULT AccessibleObject::get_accState(VARIANT part, VARIANT* state) noexcept
         return E_POINTER;
     VariantInit(state);
     return Ask(part, [&](int number) {
-        PutPart(state, InfoOf(number).State);
+        PutPart(state, source_->InfoOf(number).State);
         return S_OK;
     });
 }
@@ -198,18 +192,6 @@ ComPtr<IDispatch> AccessibleObject::ObjectOf(int part)
         found = object.Get();
     }
     return found;
-}
-
-// A part that is a window says by itself what it is; here it has a place.
-AccessibleInfo AccessibleObject::InfoOf(int part) const
-{
-    const HWND window = part == CHILDID_SELF ? nullptr : source_->WindowOf(part);
-    if (!window)
-        return source_->Describe(part);
-    AccessibleInfo info;
-    info.Role = ROLE_SYSTEM_WINDOW;
-    GetWindowRect(window, &info.Place);
-    return info;
 }
 
 // As an object where it is one, as a number where it is not.
@@ -270,11 +252,13 @@ HRESULT AccessibleObject::accNavigate(long direction, VARIANT start, VARIANT* en
         }
         else if (number == CHILDID_SELF)
         {
+            if (outer_)
+                return S_FALSE;
             // Among windows: theirs are the neighbours.
             ComPtr<IAccessible> frame;
             Check(AccessibleObjectFromWindow(frame_, static_cast<DWORD>(OBJID_WINDOW), __uuidof(IAccessible),
                                              reinterpret_cast<void**>(frame.GetAddressOf())));
-            return outer_ ? S_FALSE : frame->accNavigate(direction, start, end);
+            return frame->accNavigate(direction, start, end);
         }
         else
         {
@@ -295,7 +279,7 @@ HRESULT AccessibleObject::accLocation(long* left, long* top, long* width, long* 
         return E_POINTER;
     *left = *top = *width = *height = 0;
     return Ask(part, [&](int number) {
-        const RECT place = InfoOf(number).Place;
+        const RECT place = source_->InfoOf(number).Place;
         *left = place.left;
         *top = place.top;
         *width = place.right - place.left;

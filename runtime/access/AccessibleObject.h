@@ -5,7 +5,6 @@
 
 #include <wrl/client.h>
 
-#include <functional>
 #include <map>
 
 namespace kiv
@@ -70,7 +69,6 @@ private:
     template<class Find>
     HRESULT Text(const VARIANT& part, BSTR* text, Find find) noexcept;
     Microsoft::WRL::ComPtr<IDispatch> ObjectOf(int part);
-    AccessibleInfo InfoOf(int part) const;
     void Hand(int part, VARIANT* result);
 
     AccessibleSource* source_;

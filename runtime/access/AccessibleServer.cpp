@@ -1,6 +1,7 @@
 #include "runtime/access/AccessibleServer.h"
 
 #include "runtime/com/MakeCom.h"
+#include "runtime/com/Wine.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -30,19 +31,6 @@ void AccessibleServer::Close()
         object->Disconnect();
 }
 
-namespace
-{
-
-// Wine's edit controls, buttons, lists and scroll bars announce nothing.
-bool ControlsAnnounce()
-{
-    static const bool announce =
-        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
-    return announce;
-}
-
-} // namespace
-
 void Announce(DWORD event, HWND window, int part)
 {
     if (window && IsWinEventHookInstalled(event))
@@ -51,7 +39,9 @@ void Announce(DWORD event, HWND window, int part)
 
 void AnnounceForSystem(DWORD event, HWND window, int part)
 {
-    if (!ControlsAnnounce())
+    // Wine's edit controls, buttons, lists and scroll bars announce nothing.
+    static const bool isLeftToUs = RunsOnWine();
+    if (isLeftToUs)
         Announce(event, window, part);
 }
 

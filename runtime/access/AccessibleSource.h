@@ -38,7 +38,7 @@ public:
     virtual int FocusedPart() const { return 0; }
     virtual int SelectedPart() const { return 0; }
     // The part at a place of the screen; 0 for none.
-    virtual int PartAt(POINT place) const;
+    virtual int PartAt(POINT place);
     // A part that has parts in its turn, as a combo box has a list; null for all others. It lives as long as
     // this.
     virtual AccessibleSource* SourceOf(int) { return nullptr; }
@@ -49,6 +49,9 @@ public:
     virtual bool TakeAccessibleFocus(int) { return false; }
     virtual bool TakeAccessibleSelection(int) { return false; }
     virtual bool TakeAccessibleValue(std::wstring_view) { return false; }
+    // What is told of a part, whichever kind it is: one that describes itself is asked, of a window there is
+    // its place.
+    AccessibleInfo InfoOf(int part);
     // Holds what is described while it is asked: doing something may let the host drop it.
     virtual IUnknown* AccessibleHolder() noexcept { return nullptr; }
 

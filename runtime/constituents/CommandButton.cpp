@@ -43,9 +43,13 @@ AccessibleInfo CommandButton::Describe(int part) const
 {
     AccessibleInfo info = Constituent::Describe(part);
     info.Role = ROLE_SYSTEM_PUSHBUTTON;
-    info.Name = WithoutMnemonic(caption_);
     info.DefaultAction = L"Press";
     return info;
+}
+
+std::wstring CommandButton::NameOf(int) const
+{
+    return WithoutMnemonic(caption_);
 }
 
 // Who asks does not wait for what comes of it.

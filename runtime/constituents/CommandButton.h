@@ -32,6 +32,7 @@ public:
 
     void Notified(WORD code) override;
     AccessibleInfo Describe(int part) const override;
+    std::wstring NameOf(int part) const override;
     bool DoDefaultAction(int part) override;
     void Draw(HDC dc, const RECT& place) const override;
 

@@ -157,12 +157,16 @@ AccessibleInfo Constituent::Describe(int) const
 {
     AccessibleInfo info;
     GetWindowRect(window_, &info.Place);
-    info.Name = WithoutMnemonic(CaptionOf(window_));
     info.State = IsWindowVisible(window_) ? 0 : STATE_SYSTEM_INVISIBLE;
     info.State |= IsWindowEnabled(window_) ? STATE_SYSTEM_FOCUSABLE : STATE_SYSTEM_UNAVAILABLE;
     if (GetFocus() == window_)
         info.State |= STATE_SYSTEM_FOCUSED;
     return info;
+}
+
+std::wstring Constituent::NameOf(int) const
+{
+    return WithoutMnemonic(CaptionOf(window_));
 }
 
 bool Constituent::TakeAccessibleFocus(int)

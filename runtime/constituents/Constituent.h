@@ -65,6 +65,7 @@ public:
     // AccessibleSource, for a constituent that describes itself: as a window with its text. A class knows its
     // role and what it does.
     AccessibleInfo Describe(int part) const override;
+    std::wstring NameOf(int part) const override;
     IUnknown* AccessibleHolder() noexcept override { return owner_.ConstituentHolder(); }
     bool TakeAccessibleFocus(int part) override;
 

@@ -126,13 +126,11 @@ AccessibleInfo ListBox::Describe(int part) const
 {
     AccessibleInfo list = Constituent::Describe(CHILDID_SELF);
     list.Role = ROLE_SYSTEM_LIST;
-    list.Name = SpokenName;
     if (part == CHILDID_SELF)
         return list;
     const int index = part - 1;
     AccessibleInfo item;
     item.Role = ROLE_SYSTEM_LISTITEM;
-    item.Name = SpokenItem ? SpokenItem(List(index)) : std::wstring(List(index));
     item.DefaultAction = L"Double Click";
     item.State = STATE_SYSTEM_SELECTABLE | (list.State & (STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_UNAVAILABLE));
     if (index == ListIndex())
@@ -145,7 +143,15 @@ AccessibleInfo ListBox::Describe(int part) const
     return item;
 }
 
-int ListBox::PartAt(POINT place) const
+std::wstring ListBox::NameOf(int part) const
+{
+    if (part == CHILDID_SELF)
+        return SpokenName;
+    const std::wstring_view text = List(part - 1);
+    return SpokenItem ? SpokenItem(text) : std::wstring(text);
+}
+
+int ListBox::PartAt(POINT place)
 {
     POINT inside = place;
     ScreenToClient(hWnd(), &inside);

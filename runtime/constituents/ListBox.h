@@ -58,10 +58,11 @@ public:
     std::wstring SpokenName;
     std::function<std::wstring(std::wstring_view text)> SpokenItem;
     AccessibleInfo Describe(int part) const override;
+    std::wstring NameOf(int part) const override;
     int PartCount() const override { return ListCount(); }
     int FocusedPart() const override { return GetFocus() == hWnd() ? ListIndex() + 1 : 0; }
     int SelectedPart() const override { return ListIndex() + 1; }
-    int PartAt(POINT place) const override;
+    int PartAt(POINT place) override;
     bool DoDefaultAction(int part) override;
     bool TakeAccessibleSelection(int part) override;
 

@@ -29,4 +29,10 @@ Variant ExtenderProperties::Get(const wchar_t* property) const
     return value;
 }
 
+std::wstring ExtenderProperties::Text(const wchar_t* property) const
+{
+    const std::optional<Variant> text = Get(property).As(VT_BSTR);
+    return text ? text->Text() : std::wstring();
+}
+
 } // namespace kiv

@@ -17,6 +17,8 @@ public:
 
     // Empty when the container has no such property, or nothing of the kind at all.
     Variant Get(const wchar_t* property) const;
+    // The same as a text; empty also for what is none.
+    std::wstring Text(const wchar_t* property) const;
 
 private:
     Microsoft::WRL::ComPtr<IOleControlSite> site_;

@@ -11,23 +11,15 @@ namespace kiv
 namespace
 {
 
-std::wstring TextOf(const Variant& value)
-{
-    const std::optional<Variant> text = value.As(VT_BSTR);
-    return text ? text->Text() : std::wstring();
-}
-
 // As a site that takes part itself calls what stands in it.
 std::wstring NameBySite(IOleClientSite* site)
 {
     ComPtr<IAccessible> accessible;
     if (!site || FAILED(site->QueryInterface(IID_PPV_ARGS(&accessible))))
         return {};
-    VARIANT self = {};
-    V_VT(&self) = VT_I4;
-    V_I4(&self) = CHILDID_SELF;
+    const Variant self(long{CHILDID_SELF});
     Bstr name;
-    return SUCCEEDED(accessible->get_accName(self, name.Receive())) ? name.String() : std::wstring();
+    return SUCCEEDED(accessible->get_accName(self.Get(), name.Receive())) ? name.String() : std::wstring();
 }
 
 } // namespace
@@ -72,12 +64,12 @@ std::wstring UserControl::NameOf(int part) const
 // Each of these asks the container, which may do anything.
 std::wstring UserControl::AccessibleName() const
 {
-    std::wstring name = TextOf(Extender().Get(L"AccessibleName"));
+    std::wstring name = Extender().Text(L"AccessibleName");
     if (name.empty())
         name = NameBySite(ComPtr<IOleClientSite>(clientSite_).Get());
     // Labels that are no windows only the container knows.
     if (name.empty())
-        name = TextOf(Extender().Get(L"LabelText"));
+        name = Extender().Text(L"LabelText");
     if (name.empty())
         name = PrecedingLabel(surface_.hWnd());
     return name.empty() ? Ambient().DisplayName() : name;

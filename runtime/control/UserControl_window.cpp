@@ -1,6 +1,7 @@
 #include "runtime/control/UserControl.h"
 
 #include "runtime/constituents/KeyState.h"
+#include "runtime/drawing/WindowResolution.h"
 
 #include <windowsx.h>
 
@@ -9,10 +10,6 @@ namespace kiv
 
 namespace
 {
-
-// Of systems that tell windows' resolutions apart.
-constexpr UINT DpiChanged = 0x02E0;
-constexpr UINT DpiChangedAfterParent = 0x02E3;
 
 struct TwipsPoint
 {
@@ -96,7 +93,7 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
         PreviewKeyUp(key);
         break;
     case WM_GETOBJECT:
-        if (const LRESULT object = accessible_.Answer(*this, window, window, wParam, lParam))
+        if (const LRESULT object = *AnswerAccessible(window, wParam, lParam))
             return object;
         break;
     case WM_COMMAND:

@@ -16,6 +16,12 @@ wchar_t MnemonicOf(std::wstring_view caption)
     return 0;
 }
 
+std::wstring AccessKeyOf(std::wstring_view caption)
+{
+    const wchar_t letter = MnemonicOf(caption);
+    return letter != 0 ? std::wstring(L"Alt+") + letter : std::wstring();
+}
+
 std::wstring WithoutMnemonic(std::wstring_view caption)
 {
     std::wstring shown;

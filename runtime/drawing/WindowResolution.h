@@ -15,6 +15,10 @@ Resolution ScreenResolution();
 // tell windows apart (Windows 10 and later); else the screen's.
 Resolution ResolutionOf(HWND window);
 
+// What such systems tell a window: a top-level one, and one in it.
+constexpr UINT DpiChanged = 0x02E0;
+constexpr UINT DpiChangedAfterParent = 0x02E3;
+
 // GetSystemMetrics as it is at a resolution.
 int SystemMetric(int index, const Resolution& resolution);
 

@@ -21,9 +21,6 @@ constexpr wchar_t ClassName[] = L"KivControls.Form";
 constexpr DWORD Style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN;
 constexpr DWORD ExtendedStyle = WS_EX_DLGMODALFRAME;
 
-// Of systems that tell windows' resolutions apart.
-constexpr UINT DpiChanged = 0x02E0;
-
 // The window class, there while the module is. In Unicode, other than the surface's: the caption is the
 // host's, with letters that the code page may lack.
 class WindowClass

@@ -15,14 +15,6 @@ namespace
 
 WinEventLog* listening = nullptr;
 
-VARIANT PartOf(long part)
-{
-    VARIANT number = {};
-    V_VT(&number) = VT_I4;
-    V_I4(&number) = part;
-    return number;
-}
-
 std::wstring RoleName(long role)
 {
     switch (role)
@@ -92,7 +84,7 @@ using Getter = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, BSTR*);
 std::wstring TextOf(IAccessible& object, Getter get, long part, const wchar_t* before, const wchar_t* behind)
 {
     Bstr text;
-    const HRESULT result = (object.*get)(PartOf(part), text.Receive());
+    const HRESULT result = (object.*get)(Part(part), text.Receive());
     if (FAILED(result))
         return result == DISP_E_MEMBERNOTFOUND || result == E_NOTIMPL ? L"" : L" !" + Number(result);
     return text.View().empty() && result == S_FALSE ? L"" : before + text.String() + behind;
@@ -102,7 +94,7 @@ long NumberOf(IAccessible& object, HRESULT (STDMETHODCALLTYPE IAccessible::*get)
               long part)
 {
     Variant value;
-    return SUCCEEDED((object.*get)(PartOf(part), value.Receive()))
+    return SUCCEEDED((object.*get)(Part(part), value.Receive()))
                ? value.As(VT_I4).value_or(Variant(-1L)).Long()
                : -1;
 }
@@ -140,6 +132,81 @@ ComPtr<IAccessible> AccessibleOf(HWND window)
     AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
                                reinterpret_cast<void**>(object.GetAddressOf()));
     return object;
+}
+
+VARIANT Part(long number)
+{
+    VARIANT part = {};
+    V_VT(&part) = VT_I4;
+    V_I4(&part) = number;
+    return part;
+}
+
+void CallMember(IAccessible& object, std::size_t member, const VARIANT& part, std::wstring_view text,
+                const std::function<long(long)>& below)
+{
+    Bstr got;
+    Variant answer;
+    ComPtr<IDispatch> other;
+    long numbers[4] = {};
+    switch (member)
+    {
+    case 0:
+        object.get_accName(part, got.Receive());
+        break;
+    case 1:
+        object.get_accValue(part, got.Receive());
+        break;
+    case 2:
+        object.get_accDescription(part, got.Receive());
+        break;
+    case 3:
+        object.get_accRole(part, answer.Receive());
+        break;
+    case 4:
+        object.get_accState(part, answer.Receive());
+        break;
+    case 5:
+        object.get_accKeyboardShortcut(part, got.Receive());
+        break;
+    case 6:
+        object.get_accDefaultAction(part, got.Receive());
+        break;
+    case 7:
+        object.accLocation(&numbers[0], &numbers[1], &numbers[2], &numbers[3], part);
+        break;
+    case 8:
+        object.accNavigate(below(10), part, answer.Receive());
+        break;
+    case 9: {
+        const long y = below(300);
+        object.accHitTest(below(300), y, answer.Receive());
+        break;
+    }
+    case DefaultActionMember:
+        object.accDoDefaultAction(part);
+        break;
+    case 11:
+        object.get_accChild(part, &other);
+        break;
+    case 12:
+        object.get_accParent(&other);
+        break;
+    case 13:
+        object.accSelect(below(64), part);
+        break;
+    case 14:
+        object.get_accFocus(answer.Receive());
+        object.get_accSelection(answer.Receive());
+        object.get_accChildCount(numbers);
+        break;
+    default: {
+        const Bstr given(text);
+        object.put_accValue(part, given.Get());
+        object.put_accName(part, given.Get());
+        break;
+    }
+    }
 }
 
 std::wstring Reading(IAccessible& object, long part)

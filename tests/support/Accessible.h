@@ -5,7 +5,9 @@
 #include <oleacc.h>
 #include <wrl/client.h>
 
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kiv::test
@@ -14,6 +16,16 @@ namespace kiv::test
 // What a client of the system's accessibility interface is told.
 
 Microsoft::WRL::ComPtr<IAccessible> AccessibleOf(HWND window);
+
+// A part as an argument.
+VARIANT Part(long number);
+
+// Calls one of the object's members, by a number below MembersOfAccessible, for a part that there may not be.
+// below: chooses a number for an argument, less than the one given. text: what is set.
+constexpr std::size_t MembersOfAccessible = 16;
+constexpr std::size_t DefaultActionMember = 10;
+void CallMember(IAccessible& object, std::size_t member, const VARIANT& part, std::wstring_view text,
+                const std::function<long(long)>& below);
 
 // One thing in a line: its role, name, value, description, states, default action and key, as far as it has
 // them: grouping "Resident?" = "Yes" (...) [focusable, focused] {Press} <Alt+R>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "runtime/com/Wine.h"
 
 #include <gtest/gtest.h>
 
@@ -8,11 +8,6 @@
 
 namespace kiv::test
 {
-
-inline bool RunsOnWine()
-{
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 // For a check that holds on Windows and is known to fail on Wine, which lacks or mistakes something. There it
 // passes as long as the check fails, and fails once the gap has closed: then the check is to stand alone.

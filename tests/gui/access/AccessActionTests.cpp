@@ -14,14 +14,6 @@ namespace kiv::test
 namespace
 {
 
-VARIANT PartNumber(long part)
-{
-    VARIANT number = {};
-    V_VT(&number) = VT_I4;
-    V_I4(&number) = part;
-    return number;
-}
-
 // Windows whose procedures have been replaced: one that asks, as a client in the same process may at any
 // moment, whenever a window is about to go.
 struct Asking
@@ -59,11 +51,11 @@ class AccessActionTest : public AccessTest
 protected:
     static HRESULT Act(HWND window, long part = CHILDID_SELF)
     {
-        return AccessibleOf(window)->accDoDefaultAction(PartNumber(part));
+        return AccessibleOf(window)->accDoDefaultAction(Part(part));
     }
     static HRESULT PutValue(HWND window, const wchar_t* text)
     {
-        return AccessibleOf(window)->put_accValue(PartNumber(CHILDID_SELF), Bstr(text).Get());
+        return AccessibleOf(window)->put_accValue(Part(CHILDID_SELF), Bstr(text).Get());
     }
 };
 
@@ -119,14 +111,14 @@ TEST_F(AccessActionTest, ButtonsArePressedAndListsOpened)
     EXPECT_NE(ReadingsOf(combo.Window()).front().find(L"collapsed"), std::wstring::npos);
     // Its list is an object, whose items can be selected.
     ComPtr<IDispatch> child;
-    ASSERT_EQ(AccessibleOf(combo.Window())->get_accChild(PartNumber(1), &child), S_OK);
+    ASSERT_EQ(AccessibleOf(combo.Window())->get_accChild(Part(1), &child), S_OK);
     ComPtr<IAccessible> list;
     ASSERT_EQ(child.As(&list), S_OK);
-    EXPECT_EQ(list->accSelect(SELFLAG_TAKESELECTION, PartNumber(2)), S_OK);
+    EXPECT_EQ(list->accSelect(SELFLAG_TAKESELECTION, Part(2)), S_OK);
     EXPECT_EQ(combo.Get(L"Text").Text(), L"Two");
-    EXPECT_EQ(list->accDoDefaultAction(PartNumber(1)), S_OK);
+    EXPECT_EQ(list->accDoDefaultAction(Part(1)), S_OK);
     EXPECT_EQ(combo.Get(L"Text").Text(), L"One");
-    EXPECT_EQ(list->accDoDefaultAction(PartNumber(3)), E_INVALIDARG);
+    EXPECT_EQ(list->accDoDefaultAction(Part(3)), E_INVALIDARG);
     // It knows what it is a part of.
     ComPtr<IDispatch> parent;
     ASSERT_EQ(list->get_accParent(&parent), S_OK);
@@ -159,11 +151,11 @@ TEST_F(AccessActionTest, TheFocusCanBeTakenAndIsFound)
     Variant focused;
     EXPECT_EQ(object->get_accFocus(focused.Receive()), S_FALSE);
     EXPECT_EQ(focused.Type(), VT_EMPTY);
-    EXPECT_EQ(object->accSelect(SELFLAG_TAKEFOCUS, PartNumber(CHILDID_SELF)), S_OK);
+    EXPECT_EQ(object->accSelect(SELFLAG_TAKEFOCUS, Part(CHILDID_SELF)), S_OK);
     EXPECT_EQ(TheForm().FocusedItem(), &site);
     EXPECT_EQ(object->get_accFocus(focused.Receive()), S_OK);
     EXPECT_EQ(focused.Long(), 1);
-    EXPECT_EQ(object->accSelect(SELFLAG_EXTENDSELECTION, PartNumber(CHILDID_SELF)), E_INVALIDARG);
+    EXPECT_EQ(object->accSelect(SELFLAG_EXTENDSELECTION, Part(CHILDID_SELF)), E_INVALIDARG);
 }
 
 TEST_F(AccessActionTest, APlaceLeadsToTheOptionThere)
@@ -185,11 +177,33 @@ TEST_F(AccessActionTest, APlaceLeadsToTheOptionThere)
     Variant found;
     EXPECT_EQ(object->accHitTest(place.left - 1, place.top, found.Receive()), S_FALSE);
     // From one to the other, and no further.
-    EXPECT_EQ(object->accNavigate(NAVDIR_FIRSTCHILD, PartNumber(CHILDID_SELF), found.Receive()), S_OK);
+    EXPECT_EQ(object->accNavigate(NAVDIR_FIRSTCHILD, Part(CHILDID_SELF), found.Receive()), S_OK);
     EXPECT_EQ(found.Long(), 1);
-    EXPECT_EQ(object->accNavigate(NAVDIR_NEXT, PartNumber(1), found.Receive()), S_OK);
+    EXPECT_EQ(object->accNavigate(NAVDIR_NEXT, Part(1), found.Receive()), S_OK);
     EXPECT_EQ(found.Long(), 2);
-    EXPECT_EQ(object->accNavigate(NAVDIR_NEXT, PartNumber(2), found.Receive()), S_FALSE);
+    EXPECT_EQ(object->accNavigate(NAVDIR_NEXT, Part(2), found.Receive()), S_FALSE);
+}
+
+TEST_F(AccessActionTest, APlaceInAFrameLeadsToWhatStandsThere)
+{
+    host::FrameOptions frame;
+    frame.name = L"fraOne";
+    frame.caption = L"About you";
+    frame.bounds = {10, 5, 250, 110};
+    TheForm().AddFrame(frame);
+    host::ControlSite& site = AddLabelled(L"Wages:", CLSID_CurrencyBox);
+    ShowForm();
+    const HWND page = GetParent(site.Window());
+    const auto at = [&](POINT place) {
+        ClientToScreen(page, &place);
+        ComPtr<IAccessible> object;
+        Variant child;
+        EXPECT_EQ(AccessibleObjectFromPoint(place, &object, child.Receive()), S_OK);
+        return object ? Reading(*object.Get(), child.Long()) : std::wstring();
+    };
+    EXPECT_EQ(at({150, 30}), L"text \"Wages:\" = \"\" [focusable]");
+    EXPECT_EQ(at({30, 30}), L"label \"Wages:\" []");
+    EXPECT_EQ(at({30, 100}), L"grouping \"About you\" []");
 }
 
 TEST_F(AccessActionTest, AnObjectMayBeHeldLongerThanTheControlLives)
@@ -206,7 +220,7 @@ TEST_F(AccessActionTest, AnObjectMayBeHeldLongerThanTheControlLives)
             objects.push_back(AccessibleOf(inner));
         ComPtr<IDispatch> child;
         ComPtr<IAccessible> list;
-        if (objects.back()->get_accChild(PartNumber(1), &child) == S_OK && child.As(&list) == S_OK)
+        if (objects.back()->get_accChild(Part(1), &child) == S_OK && child.As(&list) == S_OK)
             objects.push_back(list);
         TheForm().Remove(site);
     }
@@ -217,15 +231,15 @@ TEST_F(AccessActionTest, AnObjectMayBeHeldLongerThanTheControlLives)
         Variant value;
         long number = 0;
         ComPtr<IDispatch> child;
-        EXPECT_EQ(object->get_accName(PartNumber(0), text.Receive()), CO_E_OBJNOTCONNECTED);
-        EXPECT_EQ(object->get_accValue(PartNumber(0), text.Receive()), CO_E_OBJNOTCONNECTED);
-        EXPECT_EQ(object->get_accState(PartNumber(0), value.Receive()), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->get_accName(Part(0), text.Receive()), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->get_accValue(Part(0), text.Receive()), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->get_accState(Part(0), value.Receive()), CO_E_OBJNOTCONNECTED);
         EXPECT_EQ(object->get_accChildCount(&number), CO_E_OBJNOTCONNECTED);
-        EXPECT_EQ(object->get_accChild(PartNumber(1), &child), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->get_accChild(Part(1), &child), CO_E_OBJNOTCONNECTED);
         EXPECT_EQ(object->get_accParent(&child), CO_E_OBJNOTCONNECTED);
-        EXPECT_EQ(object->accDoDefaultAction(PartNumber(0)), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->accDoDefaultAction(Part(0)), CO_E_OBJNOTCONNECTED);
         EXPECT_EQ(object->accHitTest(0, 0, value.Receive()), CO_E_OBJNOTCONNECTED);
-        EXPECT_EQ(object->put_accName(PartNumber(0), nullptr), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(object->put_accName(Part(0), nullptr), CO_E_OBJNOTCONNECTED);
         ComPtr<IOleWindow> window;
         HWND found = nullptr;
         ASSERT_EQ(object.As(&window), S_OK);
@@ -271,7 +285,7 @@ TEST_F(AccessActionTest, AnObjectOnAnotherThreadRefusesInsteadOfBreaking)
     {
         const Thread thread([&] {
             Bstr name;
-            result = object->get_accName(PartNumber(0), name.Receive());
+            result = object->get_accName(Part(0), name.Receive());
         });
     }
     EXPECT_EQ(result, RPC_E_WRONG_THREAD);

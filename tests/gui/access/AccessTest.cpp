@@ -44,13 +44,11 @@ void AccessTest::Extended(host::ControlSite& site, const wchar_t* property, cons
 RECT AccessTest::PlaceOf(HWND window)
 {
     const ComPtr<IAccessible> object = AccessibleOf(window);
-    VARIANT self = {};
-    V_VT(&self) = VT_I4;
     long left = 0;
     long top = 0;
     long width = 0;
     long height = 0;
-    EXPECT_EQ(object->accLocation(&left, &top, &width, &height, self), S_OK);
+    EXPECT_EQ(object->accLocation(&left, &top, &width, &height, Part(CHILDID_SELF)), S_OK);
     return {left, top, left + width, top + height};
 }
 

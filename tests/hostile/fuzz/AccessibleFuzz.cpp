@@ -4,6 +4,7 @@
 #include "tests/hostile/fuzz/AttackTest.h"
 #include "tests/hostile/fuzz/OddMessages.h"
 #include "tests/hostile/fuzz/OddValues.h"
+#include "tests/support/Accessible.h"
 #include "tests/support/StrayMessages.h"
 #include "tests/support/ToolTips.h"
 #include "tests/support/WindowClass.h"
@@ -91,69 +92,13 @@ private:
     void Ask(IAccessible* asked, Random& random, const Tell& tell, const std::string& whose)
     {
         const VARIANT child = Child(random);
-        const std::size_t member = random.Below(16);
+        const std::size_t member = random.Below(MembersOfAccessible);
         tell("member " + std::to_string(member) + " of " + whose + ", child " + OddValues::Show(child));
-        Bstr text;
-        Variant answer;
-        ComPtr<IDispatch> object;
-        long numbers[4] = {};
-        switch (member)
-        {
-        case 0:
-            asked->get_accName(child, text.Receive());
-            break;
-        case 1:
-            asked->get_accValue(child, text.Receive());
-            break;
-        case 2:
-            asked->get_accDescription(child, text.Receive());
-            break;
-        case 3:
-            asked->get_accRole(child, answer.Receive());
-            break;
-        case 4:
-            asked->get_accState(child, answer.Receive());
-            break;
-        case 5:
-            asked->get_accKeyboardShortcut(child, text.Receive());
-            break;
-        case 6:
-            asked->get_accDefaultAction(child, text.Receive());
-            break;
-        case 7:
-            asked->accLocation(&numbers[0], &numbers[1], &numbers[2], &numbers[3], child);
-            break;
-        case 8:
-            asked->accNavigate(static_cast<long>(random.Below(10)), child, answer.Receive());
-            break;
-        case 9:
-            asked->accHitTest(static_cast<long>(random.Below(300)), static_cast<long>(random.Below(300)),
-                              answer.Receive());
-            break;
-        case 10:
-            asked->accDoDefaultAction(child);
-            break;
-        case 11:
-            asked->get_accChild(child, &object);
-            break;
-        case 12:
-            asked->get_accParent(&object);
-            break;
-        case 13:
-            asked->accSelect(static_cast<long>(random.Below(64)), child);
-            break;
-        case 14:
-            asked->get_accFocus(answer.Receive());
-            asked->get_accSelection(answer.Receive());
-            asked->get_accChildCount(numbers);
-            break;
-        default: {
-            const Bstr given(OddValues::Text(random));
-            asked->put_accValue(child, given.Get());
-            asked->put_accName(child, given.Get());
-            break;
-        }
-        }
+        const std::wstring text =
+            member == MembersOfAccessible - 1 ? OddValues::Text(random) : std::wstring();
+        CallMember(*asked, member, child, text, [&](long limit) {
+            return static_cast<long>(random.Below(static_cast<std::size_t>(limit)));
+        });
     }
 
     OddValues values_;

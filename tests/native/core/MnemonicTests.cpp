@@ -45,6 +45,13 @@ TEST(MnemonicTest, IsNotShown)
         EXPECT_EQ(WithoutMnemonic(caption), shown) << testing::PrintToString(std::wstring(caption));
 }
 
+TEST(MnemonicTest, IsPressedWithAlt)
+{
+    EXPECT_EQ(AccessKeyOf(L"E&xit"), L"Alt+x");
+    EXPECT_EQ(AccessKeyOf(L"A && B"), L"");
+    EXPECT_EQ(AccessKeyOf(L""), L"");
+}
+
 } // namespace
 
 } // namespace kiv::test
