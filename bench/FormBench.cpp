@@ -123,7 +123,7 @@ private:
 
 void OpenFile(const FormFile& file)
 {
-    host::FormPage page(file.Path(), false, false);
+    host::FormPage page(file.Path(), {.ToBeSaved = false});
     Show(page.Window().Window());
 }
 

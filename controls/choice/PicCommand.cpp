@@ -8,11 +8,6 @@
 namespace kiv
 {
 
-namespace
-{
-
-} // namespace
-
 const ControlClass PicCommand::Class = {
     CLSID_PicCommand, __uuidof(_PicCommand),     __uuidof(__PicCommand),
     L"PicCommand",    L"KivControls.PicCommand", KIV_TOOLBOX_PICCOMMAND,

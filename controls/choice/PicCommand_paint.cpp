@@ -3,6 +3,8 @@
 #include "controls/choice/PicCommand.h"
 
 #include "framework/subclass/ModuleData.h"
+#include "runtime/drawing/Color.h"
+#include "runtime/drawing/TwoColors.h"
 
 namespace kiv
 {
@@ -61,7 +63,7 @@ COLORREF ColorOf(FrameColor color)
     case FrameColor::Highlight:
         return GetSysColor(COLOR_BTNHIGHLIGHT);
     default:
-        return RGB(0, 0, 0);
+        return InHighContrast() ? GetSysColor(COLOR_WINDOWFRAME) : RGB(0, 0, 0);
     }
 }
 
@@ -117,9 +119,10 @@ void PicCommand::DrawButton(const DRAWITEMSTRUCT& item)
     // An icon that could not be loaded is left out.
     if (!icon)
         picture = {};
-    const bool isLink = IsLinkStyle(picture.Icon);
+    // Links have never shown the focus; who needs high contrast is to see it all the same.
+    const bool showsFocus = !IsLinkStyle(picture.Icon) || InHighContrast();
     const bool pressed = (item.itemState & ODS_SELECTED) != 0;
-    const bool framed = (item.itemState & ODS_FOCUS) != 0 && !isLink;
+    const bool framed = (item.itemState & ODS_FOCUS) != 0 && showsFocus;
 
     const ButtonFrame frame = ButtonFrameOf(ToPixelRect(item.rcItem), pressed, framed, scale);
     DrawFrame(item.hDC, frame);
@@ -134,7 +137,7 @@ void PicCommand::DrawButton(const DRAWITEMSTRUCT& item)
     default:
         return;
     }
-    if (!isLink)
+    if (showsFocus)
         DrawFocusIfFocused(item, static_cast<short>(-scale.Of(FocusInset)));
 }
 
@@ -159,7 +162,8 @@ void PicCommand::DrawFace(const DRAWITEMSTRUCT& item, const PixelRect& inside, c
         DrawCaption(dc, Caption, caption, CaptionFormat, cmd.Enabled());
     }
     if (icon)
-        DrawIconEx(dc, layout.Icon.X, layout.Icon.Y, icon, 0, 0, 0, nullptr, DI_NORMAL);
+        DrawSign(dc, {layout.Icon.X, layout.Icon.Y}, icon,
+                 {GetSysColor(cmd.Enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT), GetSysColor(COLOR_BTNFACE)});
 }
 
 } // namespace kiv

@@ -24,11 +24,15 @@ HBITMAP BitmapIn(const ComPtr<IPictureDisp>& object)
     return BitmapOf(picture);
 }
 
+bool IsSystemColor(OLE_COLOR color)
+{
+    return (color & 0x80000000) != 0;
+}
+
 // What a colour stands for now. Only the lowest byte of a system colour is looked at.
 COLORREF PlainColor(OLE_COLOR color)
 {
-    constexpr OLE_COLOR systemColor = 0x80000000;
-    return (color & systemColor) != 0 ? GetSysColor(static_cast<int>(color & 0xFF)) : color;
+    return IsSystemColor(color) ? GetSysColor(static_cast<int>(color & 0xFF)) : color;
 }
 
 ComPtr<IPictureDisp> AsAutomation(const Picture& picture)
@@ -97,6 +101,12 @@ void PicLite::UserControl_Paint()
         BitBlt(graphics.Dc(), 0, 0, header.bmWidth, header.bmHeight, memory.Get(), 0, 0, SRCCOPY);
 }
 
+void PicLite::UserControl_SystemColorsChanged()
+{
+    if (IsSystemColor(ReplaceColor) || IsSystemColor(MaskColor))
+        Recolor();
+}
+
 void PicLite::UserControl_WriteProperties(PropertyBag& PropBag)
 {
     Properties::Table.Write(*this, PropBag);
@@ -140,7 +150,7 @@ std::wstring PicLite::AccessibleName() const
 
 // --- The exchange ---
 
-// System colours are resolved here and now: a later change of theirs is not followed.
+// System colours are resolved here and now: a later change is followed when the control's window hears of it.
 void PicLite::Recolor()
 {
     ResultPicture.Reset();

@@ -29,6 +29,7 @@ private:
     void UserControl_InitProperties() override;
     void UserControl_ReadProperties(PropertyBag& PropBag) override;
     void UserControl_Paint() override;
+    void UserControl_SystemColorsChanged() override;
     void UserControl_WriteProperties(PropertyBag& PropBag) override;
 
     void SetColor(OLE_COLOR& color, OLE_COLOR newColor, const wchar_t* name);

@@ -103,13 +103,17 @@ void YesNo::UserControl_Paint()
     if (!memory)
         return;
 
-    using Pictures = SharedPictures;
-    const int yesLeft = 0;
-    const int noLeft = layout_.NoLeft;
-    DrawOption(dc, memory.Get(), &Pictures::YNMASK, yesLeft, SRCAND);
-    DrawOption(dc, memory.Get(), &Pictures::YNMASK, noLeft, SRCAND);
-    DrawOption(dc, memory.Get(), Value_ == Yes ? &Pictures::YNSET : &Pictures::YNCLEAR, yesLeft, SRCPAINT);
-    DrawOption(dc, memory.Get(), Value_ == No ? &Pictures::YNSET : &Pictures::YNCLEAR, noLeft, SRCPAINT);
+    const HBITMAP mask = OptionPicture(&SharedPictures::YNMASK);
+    for (const long option : {Yes, No})
+        DrawOption(dc, memory.Get(), mask, option, SRCAND);
+    for (const long option : {Yes, No})
+    {
+        const HBITMAP picture =
+            OptionPicture(Value_ == option ? &SharedPictures::YNSET : &SharedPictures::YNCLEAR);
+        const GdiObject<HBITMAP> recolored =
+            InHighContrast() ? InTwoColors(picture, mask, OptionColors()) : GdiObject<HBITMAP>();
+        DrawOption(dc, memory.Get(), recolored ? recolored.Get() : picture, option, SRCPAINT);
+    }
 
     const SIZE size = TheSurface().PixelSize();
     const int margin = Scale().Of(2);
@@ -312,18 +316,29 @@ RECT YesNo::PlaceOf(long option) const
     return option == Yes ? RECT{0, 0, layout_.YesRight, size.cy} : RECT{layout_.NoLeft, 0, size.cx, size.cy};
 }
 
-// A picture that could not be loaded is left out.
-void YesNo::DrawOption(HDC dc, HDC memory, Picture SharedPictures::*which, int x, DWORD rasterOperation) const
+HBITMAP YesNo::OptionPicture(Picture SharedPictures::*which) const
 {
-    const PictureScale scale = Scale();
-    const HBITMAP bitmap = BitmapOf(PictureIn(scale, which));
-    if (!bitmap)
+    return BitmapOf(PictureIn(Scale(), which));
+}
+
+TwoColors YesNo::OptionColors() const
+{
+    const Surface& surface = TheSurface();
+    return {surface.Enabled() ? ResolvedColor(surface.ForeColor()) : GetSysColor(COLOR_GRAYTEXT),
+            ResolvedColor(surface.BackColor())};
+}
+
+// A picture that could not be loaded is left out.
+void YesNo::DrawOption(HDC dc, HDC memory, HBITMAP picture, long option, DWORD rasterOperation) const
+{
+    if (!picture)
         return;
+    const PictureScale scale = Scale();
     const int top =
         OptionImageTop(TheSurface().ScaleHeight(), TheSurface().TheResolution().TwipsPerPixelY(), scale);
     const int size = scale.Of(OptionImageSize);
-    const Selection selected(memory, bitmap);
-    BitBlt(dc, x, top, size, size, memory, 0, 0, rasterOperation);
+    const Selection selected(memory, picture);
+    BitBlt(dc, PlaceOf(option).left, top, size, size, memory, 0, 0, rasterOperation);
 }
 
 // There is no record of whether the rectangle shows: drawing inverts, so each call without a target toggles

@@ -5,6 +5,7 @@
 #include "framework/subclass/ModuleData.h"
 #include "framework/subclass/SubClass.h"
 #include "framework/subclass/SubClassOwner.h"
+#include "runtime/drawing/TwoColors.h"
 
 #include <KivMembers.h>
 
@@ -65,7 +66,9 @@ private:
     void CalcLayout();
     RECT PlaceOf(long option) const; // pixels of the surface
     PictureScale Scale() const { return PictureScaleAt(TheSurface().TheResolution()); }
-    void DrawOption(HDC dc, HDC memory, Picture SharedPictures::*which, int x, DWORD rasterOperation) const;
+    HBITMAP OptionPicture(Picture SharedPictures::*which) const;
+    TwoColors OptionColors() const; // in high contrast
+    void DrawOption(HDC dc, HDC memory, HBITMAP picture, long option, DWORD rasterOperation) const;
     void DrawFocusState(AnswerEnums TargetFocus);
     void CommitValue(long newValue);
 

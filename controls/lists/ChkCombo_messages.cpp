@@ -4,6 +4,7 @@
 
 #include "framework/subclass/ModuleData.h"
 #include "runtime/core/Scoped.h"
+#include "runtime/drawing/TwoColors.h"
 
 namespace kiv
 {
@@ -224,8 +225,8 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
     const ItemIcon icon = ItemIconFor(list_.Status(index), selected);
     const PictureScale scale = PictureScaleAt(TheSurface().TheResolution());
     if (const HICON picture = PictureFor(icon, scale))
-        DrawIconEx(dc, place.left, ItemIconTop(place.top, place.bottom, scale), picture, 0, 0, 0, nullptr,
-                   DI_NORMAL);
+        DrawSign(dc, {place.left, ItemIconTop(place.top, place.bottom, scale)}, picture,
+                 selected ? TwoColors{background, foreground} : TwoColors{foreground, background});
     place.left = ItemTextLeft(place.left, icon, scale);
     DrawTextW(dc, text.c_str(), -1, &place, ItemTextFormat);
 }

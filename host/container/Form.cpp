@@ -146,6 +146,24 @@ HFONT Form::Font() const
     return handle;
 }
 
+double Form::UsualFontSize()
+{
+    ComPtr<IFont> font;
+    CY size = {};
+    Check(SystemDialogFont().As(&font));
+    Check(font->get_Size(&size));
+    return static_cast<double>(size.int64) / 10000;
+}
+
+void Form::FontSize(double points)
+{
+    ComPtr<IFont> font;
+    CY size = {};
+    size.int64 = static_cast<LONGLONG>(points * 10000);
+    Check(fontObject_.As(&font));
+    Check(font->put_Size(size));
+}
+
 void Form::SetDesignMode(SIZE gridPixels)
 {
     design_ = std::make_unique<DesignSurface>(*this, gridPixels);

@@ -24,6 +24,9 @@ class FormFrame;
 class Form : private ItemOwner, private SheetOwner, private AccessibleSource
 {
 public:
+    // In points, of the system's dialog font.
+    static double UsualFontSize();
+
     // size in pixels, of what can stand on it. The window is made at once, hidden; it scrolls and can be
     // sized when the screen is smaller.
     Form(std::wstring_view title, SIZE size);
@@ -50,6 +53,8 @@ public:
     HWND Page() const override { return sheet_ ? sheet_->Window() : nullptr; }
     // Of the form, in the system's dialog font; also the default ambient font.
     HFONT Font() const override;
+    // Before anything stands on the form.
+    void FontSize(double points);
     IFontDisp* FontObject() const override { return fontObject_.Get(); }
 
     void Show();    // and brings it to the foreground with the focus on the first item

@@ -52,6 +52,12 @@ struct Errand
     bool Done = false;
 };
 
+BOOL CALLBACK TellOfColors(HWND window, LPARAM)
+{
+    SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
+    return TRUE;
+}
+
 } // namespace
 
 void Form::CreateFormWindow(std::wstring_view title, SIZE size)
@@ -132,6 +138,10 @@ LRESULT Form::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         else if (sheet_)
             sheet_->OnWheel(SB_VERT, GET_WHEEL_DELTA_WPARAM(wParam));
         return 0;
+    case WM_SYSCOLORCHANGE:
+        // The system tells top-level windows alone, and leaves it to them to tell those on them.
+        EnumChildWindows(Page(), &TellOfColors, 0);
+        break;
     case WM_ACTIVATE:
         OnActivate(LOWORD(wParam) != WA_INACTIVE);
         break;

@@ -17,6 +17,8 @@ const char* const UsageText = R"(FolioHost shows a form file with its controls.
   --shot FILE.png    when the form is closed or the script says so, draw a picture of its window into FILE.png
   --spoken FILE      write into FILE what a screen reader would say as the focus goes from one to the next
   --timeout SECONDS  give up after that time (with --script 120, otherwise never)
+  --themed           draw it as the user's theme has it, instead of as Windows always did
+  --points SIZE      show the form in a font of that size, and everything on it larger in proportion (not to be saved)
   --patience SECONDS how long what a script expects may take to come true (5)
   --help, -h, /?     this text
 
@@ -42,6 +44,16 @@ unsigned ReadSeconds(const std::string& option, const std::string& text)
     if (error != std::errc() || stop != end || seconds == 0 || seconds > 86400)
         throw UsageError(option + " takes a number of seconds, not \"" + text + "\"");
     return seconds;
+}
+
+double ReadPoints(const std::string& text)
+{
+    double points = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, points);
+    if (error != std::errc() || stop != end || !(points >= 6 && points <= 72))
+        throw UsageError("--points takes a size from 6 to 72, not \"" + text + "\"");
+    return points;
 }
 
 struct NamedFile
@@ -107,6 +119,10 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
             line.Help = true;
         else if (argument == "--design")
             line.Design = true;
+        else if (argument == "--themed")
+            line.Themed = true;
+        else if (argument == "--points")
+            line.Points = ReadPoints(value());
         else if (argument == "--script")
             line.Script = FromUtf8(value());
         else if (argument == "--log")
@@ -134,6 +150,8 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
         throw UsageError("which form is to be shown?");
     if (!line.Help)
         CheckFiles(line);
+    if (line.Points != 0 && !line.Save.empty())
+        throw UsageError("--save does not go with --points: the form is larger than its file says");
     if (line.TimeoutSeconds == 0 && !line.Script.empty())
         line.TimeoutSeconds = ScriptTimeoutSeconds;
     return line;

@@ -25,6 +25,8 @@ struct CommandLine
     unsigned TimeoutSeconds = 0;  // 0: none
     unsigned PatienceSeconds = 5; // how long what a script expects may take to come true
     bool Design = false;
+    bool Themed = false;
+    double Points = 0; // size of the form's font; 0: the system's
     bool Help = false;
 };
 

@@ -10,6 +10,7 @@
 #include "runtime/com/MakeCom.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kiv::host
 {
@@ -81,6 +82,18 @@ private:
     const FormBlock& block_;
 };
 
+// The form and all that stands on it.
+void Enlarge(FormBlock& block, double times)
+{
+    for (const char* key : {"Left", "Top", "Width", "Height", "ClientWidth", "ClientHeight"})
+        if (const FormValue* const value = block.Find(key))
+            block.Set(
+                key, std::int64_t{std::llround(static_cast<double>(std::get<std::int64_t>(*value)) * times)});
+    for (FormEntry& entry : block.Entries)
+        if (IsItem(entry))
+            Enlarge(entry.Block.front(), times);
+}
+
 std::string Joined(const std::multimap<int, std::string>& mistakes)
 {
     std::string all;
@@ -145,9 +158,11 @@ FormBlock StateOf(FormItem& item)
 
 } // namespace
 
-FormPage::FormPage(const std::filesystem::path& file, bool design, bool toBeSaved) :
+FormPage::FormPage(const std::filesystem::path& file, const PageOptions& options) :
     fileName_(file.string()), document_(LoadFormFile(file))
 {
+    if (options.Points != 0)
+        Enlarge(document_.Form, options.Points / Form::UsualFontSize());
     const Keys keys(document_.Form);
     const auto pixels = [](long width, long height) { return SizeOf(PixelsFromTwips(0, 0, width, height)); };
     try
@@ -161,12 +176,14 @@ FormPage::FormPage(const std::filesystem::path& file, bool design, bool toBeSave
         throw std::runtime_error("FolioHost: there is no display that a form can be shown on (" +
                                  DescribeError(error) + ")");
     }
-    if (design)
+    if (options.Points != 0)
+        form_->FontSize(options.Points);
+    if (options.Design)
         form_->SetDesignMode(pixels(keys.Number("GridX", Grid), keys.Number("GridY", Grid)));
     AddItems(document_.Form, nullptr);
     if (!mistakes_.empty())
         throw std::runtime_error(Joined(mistakes_));
-    if (toBeSaved)
+    if (options.ToBeSaved)
         for (const auto& item : form_->Items())
             Remember(*item);
 }

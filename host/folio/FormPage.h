@@ -13,14 +13,20 @@
 namespace kiv::host
 {
 
+struct PageOptions
+{
+    bool Design = false;
+    bool ToBeSaved = true; // what it is like once it is loaded is kept, for Save to tell what was changed
+    double Points = 0;     // of the form's font, to which all is enlarged; 0: the system's. Not to be saved
+};
+
 // A form file on the screen: makes the form and what stands on it, and writes it back. Throws FileError,
 // FormError for what is wrong in the file, and std::runtime_error with such a line for each control that
 // cannot be made and each value that a control does not take.
 class FormPage
 {
 public:
-    // toBeSaved: what it is like once it is loaded is kept, for Save to tell what was changed.
-    FormPage(const std::filesystem::path& file, bool design, bool toBeSaved = true);
+    explicit FormPage(const std::filesystem::path& file, const PageOptions& options = {});
 
     Form& Window() { return *form_; }
     std::vector<ControlSite*> Sites() const; // in tab order

@@ -34,7 +34,9 @@ public:
         inputs_.push_back(input);
     }
 
-    void MoveMouse(POINT screen)
+    // button: one that goes down or up there, in the same step, since a window that has just come up may make
+    // the system look where the pointer was before.
+    void MoveMouse(POINT screen, DWORD button = 0)
     {
         // Absolute positions count in 65536ths of the screen; half a pixel more hits the middle of the one
         // meant.
@@ -42,7 +44,7 @@ public:
             const int extent = GetSystemMetrics(metric);
             return static_cast<LONG>(((2LL * pixel + 1) * 65536) / (2LL * extent));
         };
-        Mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, scaled(screen.x, SM_CXSCREEN),
+        Mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | button, scaled(screen.x, SM_CXSCREEN),
               scaled(screen.y, SM_CYSCREEN));
     }
 
@@ -138,8 +140,8 @@ void SendClick(POINT screen, MouseButton button)
 {
     InputSequence inputs;
     inputs.MoveMouse(screen);
-    inputs.Mouse(button == MouseButton::Left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
-    inputs.Mouse(button == MouseButton::Left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
+    inputs.MoveMouse(screen, button == MouseButton::Left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
+    inputs.MoveMouse(screen, button == MouseButton::Left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
     inputs.Send();
 }
 
@@ -147,7 +149,7 @@ void SendPress(POINT screen)
 {
     InputSequence inputs;
     inputs.MoveMouse(screen);
-    inputs.Mouse(MOUSEEVENTF_LEFTDOWN);
+    inputs.MoveMouse(screen, MOUSEEVENTF_LEFTDOWN);
     inputs.Send();
 }
 

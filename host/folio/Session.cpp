@@ -51,7 +51,7 @@ Session::Session(const CommandLine& line) :
     line_(line),
     script_(LoadScript(line.Script)),
     database_(line.Design ? nullptr : OpenDatabase(line.Database)),
-    page_(line.Form, line.Design, !line.Save.empty()),
+    page_(line.Form, {.Design = line.Design, .ToBeSaved = !line.Save.empty(), .Points = line.Points}),
     boxes_([this](const ShownMessageBox& box) { journal_->Write(box); })
 {
     if (script_)

@@ -2,6 +2,7 @@
 #include "host/folio/Session.h"
 #include "host/folio/Text.h"
 #include "host/folio/Thread.h"
+#include "host/folio/VisualStyles.h"
 #include "runtime/com/Errors.h"
 
 #include <windows.h>
@@ -73,6 +74,14 @@ private:
     std::optional<Thread> thread_;
 };
 
+std::wstring ProgramFile()
+{
+    std::wstring name(MAX_PATH, L'\0');
+    while (GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size())) == name.size())
+        name.resize(2 * name.size());
+    return name.c_str();
+}
+
 int Main(const std::vector<std::string>& arguments)
 {
     try
@@ -84,6 +93,9 @@ int Main(const std::vector<std::string>& arguments)
             return AsExpected;
         }
         const Watchdog watchdog(line.TimeoutSeconds);
+        std::optional<VisualStyles> styles;
+        if (line.Themed)
+            styles.emplace(ProgramFile());
         const OleSession ole;
         const std::vector<std::string> mistakes = Session(line).Run();
         for (const std::string& mistake : mistakes)

@@ -2,6 +2,7 @@
 
 #include "runtime/com/Errors.h"
 #include "runtime/constituents/KeyState.h"
+#include "runtime/drawing/BoxBorder.h"
 #include "runtime/drawing/Color.h"
 #include "runtime/drawing/FittedLine.h"
 #include "runtime/drawing/GlyphReach.h"
@@ -223,7 +224,8 @@ void TextBox::Draw(HDC dc, const RECT& place) const
 {
     RECT inside = place;
     if (look_.HasBorder)
-        DrawEdge(dc, &inside, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+        DrawBoxBorder(GetParent(hWnd()), dc, inside, Enabled() ? BoxState::Usual : BoxState::Disabled,
+                      IsThemed(hWnd()));
     FillSolid(dc, inside, ResolvedColor(backColor_));
 
     const auto font = reinterpret_cast<HFONT>(Ask(WM_GETFONT));

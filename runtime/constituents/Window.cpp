@@ -21,6 +21,12 @@ void Window::Redraw() const
         RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
 
+void Window::InvalidateWithBorder() const
+{
+    if (window_)
+        RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_NOCHILDREN);
+}
+
 void Window::TakeFocus() const
 {
     if (window_)
@@ -54,6 +60,11 @@ void Window::TakeBack(UINT message) const
 HDC Window::BorrowDc() const
 {
     return window_ ? GetDC(window_) : nullptr;
+}
+
+HDC Window::BorrowWholeDc() const
+{
+    return window_ ? GetWindowDC(window_) : nullptr;
 }
 
 SIZE Window::InnerSize() const

@@ -20,6 +20,7 @@ public:
     void Invalidate(bool erase = true) const;
     void Invalidate(const RECT& part) const;
     void Redraw() const;
+    void InvalidateWithBorder() const;
 
     void TakeFocus() const;
     void TakeMouse() const;
@@ -31,8 +32,9 @@ public:
     // Takes back what was posted and has not arrived.
     void TakeBack(UINT message) const;
 
-    // A device context, for its borrower to release; null without a window.
+    // A device context, of the inside or with the border, for its borrower to release; null without a window.
     HDC BorrowDc() const;
+    HDC BorrowWholeDc() const;
 
     // In pixels: the inner size, and that with borders.
     SIZE InnerSize() const;

@@ -6,6 +6,7 @@
 #include "runtime/constituents/ParkingWindow.h"
 #include "runtime/constituents/StrayMessage.h"
 #include "runtime/core/Scoped.h"
+#include "runtime/drawing/BoxBorder.h"
 #include "runtime/drawing/Color.h"
 #include "runtime/drawing/WindowResolution.h"
 
@@ -62,6 +63,12 @@ Surface::~Surface()
         SetWindowLongPtrA(window, 0, 0);
         DestroyWindow(window);
     }
+}
+
+void Surface::Enabled(bool enabled)
+{
+    enabled_ = enabled;
+    UpdateBorder();
 }
 
 void Surface::Reset()
@@ -178,7 +185,7 @@ void Surface::PaintWithBorder(HDC dc)
     {
         const SIZE size = OuterSize();
         RECT inside = {0, 0, size.cx, size.cy};
-        DrawEdge(dc, &inside, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+        DrawBoxBorder(window_, dc, inside, enabled_ ? BoxState::Usual : BoxState::Disabled, HasThemeBorder());
         IntersectClipRect(dc, inside.left, inside.top, inside.right, inside.bottom);
         OffsetWindowOrgEx(dc, -inside.left, -inside.top, nullptr);
     }
@@ -194,6 +201,33 @@ void Surface::PaintWindow()
     EndPaint(window_, &paint);
 }
 
+// Where the system's own controls have one: they look alike, and all have one constituent at least.
+bool Surface::HasThemeBorder() const
+{
+    return bordered_ && IsThemed(GetWindow(window_, GW_CHILD));
+}
+
+bool Surface::PaintThemeBorder() const
+{
+    if (!HasThemeBorder())
+        return false;
+    const SIZE size = OuterSize();
+    const BoxState state = !enabled_ || !IsWindowEnabled(window_) ? BoxState::Disabled
+                           : ContainsFocus()                      ? BoxState::Focused
+                                                                  : BoxState::Usual;
+    const HDC dc = BorrowWholeDc();
+    const bool painted = dc && DrawThemeBorder(window_, dc, {0, 0, size.cx, size.cy}, state);
+    if (dc)
+        ReleaseDC(window_, dc);
+    return painted;
+}
+
+void Surface::UpdateBorder() const
+{
+    if (HasThemeBorder())
+        InvalidateWithBorder();
+}
+
 LRESULT Surface::Handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message)
@@ -203,6 +237,13 @@ LRESULT Surface::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_PAINT:
         PaintWindow();
         return 0;
+    case WM_NCPAINT:
+        if (!PaintThemeBorder())
+            return events_.SurfaceMessage(window_, message, wParam, lParam);
+        return 0;
+    case WM_ENABLE:
+        UpdateBorder();
+        return events_.SurfaceMessage(window_, message, wParam, lParam);
     case WM_PRINTCLIENT:
         if (wParam != 0)
             PaintWithConstituents(reinterpret_cast<HDC>(wParam));

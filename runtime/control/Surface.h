@@ -54,6 +54,8 @@ public:
     // Looks anew; returns whether it has become another one.
     bool RenewResolution();
     bool ContainsFocus() const;
+    // A theme's border shows where the focus is.
+    void UpdateBorder() const;
 
     OLE_COLOR BackColor() const { return backColor_; }
     void BackColor(OLE_COLOR color) { backColor_ = color; }
@@ -61,7 +63,7 @@ public:
     void ForeColor(OLE_COLOR color) { foreColor_ = color; }
     // A disabled surface raises no mouse or key events and takes no focus when it is clicked.
     bool Enabled() const { return enabled_; }
-    void Enabled(bool enabled) { enabled_ = enabled; }
+    void Enabled(bool enabled);
     const FontObject& Font() const { return font_.Get(); }
     void Font(FontObject font, FontReference::Listener onChange)
     {
@@ -91,6 +93,8 @@ private:
     static LRESULT CALLBACK WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     void PaintWindow();
+    bool HasThemeBorder() const;
+    bool PaintThemeBorder() const;
 
     SurfaceEvents& events_;
     HDC paintDc_ = nullptr;

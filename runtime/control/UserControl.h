@@ -154,6 +154,8 @@ protected:
     // the surface's font has another handle. Comes before UserControl_Resize where both change.
     virtual void UserControl_ResolutionChanged() {}
     virtual void UserControl_Paint() {}
+    // The colours of the system's scheme are others now; the control is painted anew in any case.
+    virtual void UserControl_SystemColorsChanged() {}
     // Coordinates in twips of the surface. Button and Shift are the bits that the events of forms carry.
     static constexpr short LeftButton = 1;
     static constexpr short RightButton = 2;

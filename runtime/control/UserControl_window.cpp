@@ -48,6 +48,10 @@ LRESULT UserControl::SurfaceMessage(HWND window, UINT message, WPARAM wParam, LP
     case WM_SHOWWINDOW:
         toolTip_.Close();
         break;
+    case WM_SYSCOLORCHANGE:
+        UserControl_SystemColorsChanged();
+        Refresh();
+        return 0;
     case WM_DESTROY:
         // With the container's window, or alone. The first may be left: then nothing of the control is lost.
         toolTip_.Close();
@@ -185,6 +189,7 @@ bool UserControl::IsOwn(HWND window) const
 // send such messages among its own windows.
 void UserControl::FocusGained(HWND from)
 {
+    surface_.UpdateBorder();
     if (IsOwn(from))
         return;
     const bool returns = away_.has_value();
@@ -203,6 +208,7 @@ void UserControl::FocusGained(HWND from)
 
 void UserControl::FocusLost(HWND to)
 {
+    surface_.UpdateBorder();
     if (IsOwn(to) || surface_.ContainsFocus() || !hasFocus_)
         return;
     if (LeavesFor(to))

@@ -31,7 +31,8 @@ TEST(ExportTest, NeedsNothingThatWindowsDoesNotBring)
 {
     const std::vector<std::string> windows = {"advapi32.dll", "comctl32.dll", "gdi32.dll",  "kernel32.dll",
                                               "msvcrt.dll",   "ole32.dll",    "oleacc.dll", "oleaut32.dll",
-                                              "olepro32.dll", "shell32.dll",  "user32.dll", "version.dll"};
+                                              "olepro32.dll", "shell32.dll",  "user32.dll", "uxtheme.dll",
+                                              "version.dll"};
     const PortableExecutable file = FileUnderTest();
     EXPECT_FALSE(file.Imports.empty());
     for (const std::string& import : file.Imports)

@@ -3,6 +3,7 @@
 #include "framework/subclass/SubClass.h"
 #include "tests/support/KnownPlatformGap.h"
 #include "tests/support/Pixels.h"
+#include "tests/support/SystemColour.h"
 
 #include <gtest/gtest.h>
 
@@ -136,6 +137,19 @@ TEST_F(CaptionTest, IsEmbossedWhileDisabled)
 
 TEST_F(CaptionTest, IsGreyWhileDisabledInHighContrast)
 {
+    for (const COLORREF ground : {RGB(0, 0, 0), RGB(255, 255, 255)})
+    {
+        const HighContrast scheme(ground);
+        const Sheet expected;
+        SetTextColor(expected.Dc(), HighContrast::Disabled);
+        DrawPlain(expected, "Some &caption", Rectangles[0], DT_LEFT);
+        EXPECT_EQ(Difference(expected.Content(), Drawn(L"Some &caption", Rectangles[0], DT_LEFT, false)), "");
+    }
+}
+
+// Until then the scheme's colours stand for it.
+TEST_F(CaptionTest, TheSystemKeepsThatHighContrastIsWanted)
+{
     HIGHCONTRASTW settings = {};
     settings.cbSize = sizeof settings;
     SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof settings, &settings, 0);
@@ -143,10 +157,10 @@ TEST_F(CaptionTest, IsGreyWhileDisabledInHighContrast)
     on.dwFlags |= HCF_HIGHCONTRASTON;
     SystemParametersInfoW(SPI_SETHIGHCONTRAST, sizeof on, &on, 0);
     KnownPlatformGap("the system keeps that high contrast is wanted", [] {
-        const Sheet expected;
-        SetTextColor(expected.Dc(), GetSysColor(COLOR_GRAYTEXT));
-        DrawPlain(expected, "Some &caption", Rectangles[0], DT_LEFT);
-        return Difference(expected.Content(), Drawn(L"Some &caption", Rectangles[0], DT_LEFT, false)).empty();
+        HIGHCONTRASTW kept = {};
+        kept.cbSize = sizeof kept;
+        SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof kept, &kept, 0);
+        return (kept.dwFlags & HCF_HIGHCONTRASTON) != 0;
     });
     SystemParametersInfoW(SPI_SETHIGHCONTRAST, sizeof settings, &settings, 0);
 }

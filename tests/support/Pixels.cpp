@@ -46,6 +46,19 @@ Pixels PixelsOfWindow(HWND window)
     return canvas.Content();
 }
 
+Pixels PixelsOfWholeWindow(HWND window)
+{
+    RECT outer = {};
+    if (!GetWindowRect(window, &outer))
+        ThrowLastError();
+    const SIZE size = {outer.right - outer.left, outer.bottom - outer.top};
+    const Canvas canvas(size);
+    const HDC dc = GetDCEx(window, nullptr, DCX_WINDOW | DCX_CACHE);
+    BitBlt(canvas.Dc(), 0, 0, size.cx, size.cy, dc, 0, 0, SRCCOPY);
+    ReleaseDC(window, dc);
+    return canvas.Content();
+}
+
 std::string Difference(const Pixels& expected, const Pixels& actual)
 {
     if (expected == actual)

@@ -33,6 +33,9 @@ private:
 // What a window's client area shows now, as its device context has it.
 Pixels PixelsOfWindow(HWND window);
 
+// The same with its border and all that stands in it.
+Pixels PixelsOfWholeWindow(HWND window);
+
 // "" for equal pictures, else how many pixels differ and where, for people.
 std::string Difference(const Pixels& expected, const Pixels& actual);
 

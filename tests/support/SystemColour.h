@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <vector>
+
 namespace kiv::test
 {
 
@@ -19,6 +21,24 @@ public:
 private:
     int index_;
     COLORREF former_;
+};
+
+// The scheme that a user has who needs few colours that stand out; put back at the end.
+class HighContrast
+{
+public:
+    static constexpr COLORREF Disabled = RGB(0, 255, 0); // of texts
+    static constexpr COLORREF Chosen = RGB(128, 0, 128); // behind white texts
+
+    // ground: black or white.
+    explicit HighContrast(COLORREF ground);
+    HighContrast(const HighContrast&) = delete;
+    HighContrast& operator=(const HighContrast&) = delete;
+    ~HighContrast();
+
+private:
+    std::vector<int> indices_;
+    std::vector<COLORREF> former_;
 };
 
 } // namespace kiv::test

@@ -69,26 +69,3 @@ conclude_demo() {
         ;;
     esac
 }
-
-# Each form in docs/pictures/ has a script that brings it into the state to be shown. The README shows the demo's.
-cmd_docs() {
-    no_arguments docs "$@"
-    local base picture host
-    ensure build run
-    lock_tree docs
-    build_product x86
-    start_display
-    open_registered_prefix x86
-    manage_windows N FolioHost
-    make_codes "$DEMO_CODES" examples/codes.sql
-    host=("$(host_program x86)" --database "$(windows_path "$ROOT/$DEMO_CODES")")
-    mkdir -p docs/pictures
-    while read -r base; do
-        picture=docs/pictures/${base##*/}.png
-        step "$picture" "build/docs/${base##*/}.log" \
-            play_script "${host[@]}" "$ROOT/$base" "$ROOT/$picture" || {
-            tail -n 10 "build/docs/${base##*/}.log" >&2
-            die "the host made no picture of $base.form." "Its messages are in build/docs/${base##*/}.log."
-        }
-    done < <(printf '%s\n' examples/interview && find docs/pictures -name '*.form' | sed 's/\.form$//' | LC_ALL=C sort)
-}

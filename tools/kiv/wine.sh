@@ -5,12 +5,13 @@
 export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
 
 # What runs unwatched gets a display of its own, since its input must reach its own windows only, and one locale.
+# start_display [SIZE]
 start_display() {
     local number
     export LC_ALL=C.UTF-8 XENVIRONMENT=$ROOT/tools/kiv/display.resources
     # It dies with kiv, even where kiv is killed without a chance to clean up, but not of the interrupt that ends kiv:
     # what it shows would complain.
-    exec {XVFB_OUTPUT}< <(exec setsid setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1280x1024x24 \
+    exec {XVFB_OUTPUT}< <(exec setsid setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 "${1:-1280x1024}x24" \
         -nolisten tcp -noreset 2>build/xvfb.log 9>&-)
     XVFB=$!
     at_end stop_display
@@ -47,21 +48,23 @@ WINE_PREFIXES=()
 
 is_made() { [[ -O $1 && $1/made-by-kiv -nt tools/kiv/wine.sh ]]; }
 
-# use_resolution ARCH PIXELS: the unseen prefix once more, of a system that is set to so many pixels to the inch. Wine
-# looks at that as it starts.
+# use_resolution ARCH PIXELS: the unseen prefix once more, of a system that is set to so many pixels to the inch.
 use_resolution() {
-    local setting twin
+    local twin
     use_prefix "$1" unseen
     twin=$WINEPREFIX
     export WINEPREFIX=$twin-$2
     WINE_PREFIXES+=("$WINEPREFIX")
     [[ -O $WINEPREFIX && $WINEPREFIX/made-by-kiv -nt $twin/made-by-kiv ]] && return
-    printf -v setting '"LogPixels"=dword:%08x' "$2"
     rm -rf "$WINEPREFIX"
-    cp -a "$twin/." "$WINEPREFIX" &&
-        sed -i -e "s/^\"LogPixels\"=.*/$setting/" -e "/^\[Control Panel\\\\\\\\Desktop\]/a $setting" \
-            "$WINEPREFIX/user.reg" &&
-        touch "$WINEPREFIX/made-by-kiv"
+    cp -a "$twin/." "$WINEPREFIX" && set_resolution "$2" && touch "$WINEPREFIX/made-by-kiv"
+}
+
+# set_resolution PIXELS: of the current prefix, which Wine has not started in: it looks at that as it starts.
+set_resolution() {
+    local setting
+    printf -v setting '"LogPixels"=dword:%08x' "$1"
+    sed -i -e "s/^\"LogPixels\"=.*/$setting/" -e "/^\[Control Panel\\\\\\\\Desktop\]/a $setting" "$WINEPREFIX/user.reg"
 }
 
 # make_prefix DRIVER TWIN: where windows are shown, and a prefix that may be there already and differs in nothing else.

@@ -1,5 +1,6 @@
 // The host program as its user runs it: exit status, messages, log, picture, saved form.
 
+#include "host/container/Form.h"
 #include "tests/gui/host/HostProcess.h"
 #include "tests/support/Text.h"
 
@@ -87,8 +88,9 @@ TEST_F(FolioHost, RefusesWhatItCannotUse)
     EXPECT_EQ(outcome.ExitCode, 2U);
     EXPECT_NE(outcome.Output.find(ScriptPath() + ":1: ynOne has no event Clik"), std::string::npos)
         << outcome.Output;
-    for (const wchar_t* arguments : {L"", L"--dance x.form", L"missing.form", L"--timeout soon x.form",
-                                     L"--patience 0 x.form", L"--log", L"--database"})
+    for (const wchar_t* arguments :
+         {L"", L"--dance x.form", L"missing.form", L"--timeout soon x.form", L"--patience 0 x.form", L"--log",
+          L"--database", L"--points 5 x.form", L"--points large x.form", L"--points 12 --save y.form x.form"})
         EXPECT_EQ(Run(arguments).ExitCode, 2U) << Narrow(arguments);
     for (const wchar_t* arguments : {L"--help", L"-h", L"/?", L"x.form --help"})
     {
@@ -96,6 +98,48 @@ TEST_F(FolioHost, RefusesWhatItCannotUse)
         EXPECT_EQ(outcome.ExitCode, 0U) << Narrow(arguments);
         EXPECT_NE(outcome.Output.find("FolioHost [options] FORM"), std::string::npos) << outcome.Output;
     }
+}
+
+// As the file of a picture says.
+SIZE SizeIn(const std::string& png)
+{
+    const auto number = [&](std::size_t at) {
+        LONG value = 0;
+        for (std::size_t each = at; each < at + 4; ++each)
+            value = value * 256 + static_cast<unsigned char>(png.at(each));
+        return value;
+    };
+    return {number(16), number(20)};
+}
+
+// Text twice as large takes a form twice as large; what is around it stays.
+TEST_F(FolioHost, ShowsAFormInTheSizeOfTextThatIsWanted)
+{
+    WriteForm(OnePage);
+    WriteScript("");
+    const TemporaryFile shot(L".png");
+    const auto size = [&](const std::wstring& options) {
+        EXPECT_EQ(Play(options + L" --shot " + Quoted(shot.Path())).ExitCode, 0U);
+        return SizeIn(Read(shot));
+    };
+    const SIZE usual = size({});
+    const SIZE large = size(L"--points " + std::to_wstring(2 * host::Form::UsualFontSize()));
+    EXPECT_EQ(large.cx - usual.cx, 3000 / 15);
+    EXPECT_EQ(large.cy - usual.cy, 1500 / 15);
+}
+
+TEST_F(FolioHost, ShowsAFormInTheUsersThemeWhenItIsToldTo)
+{
+    WriteForm(OnePage);
+    WriteScript("");
+    const TemporaryFile shot(L".png");
+    const auto picture = [&](const std::wstring& options) {
+        EXPECT_EQ(Play(options + L" --shot " + Quoted(shot.Path())).ExitCode, 0U);
+        return Read(shot);
+    };
+    const std::string usual = picture({});
+    EXPECT_EQ(picture({}), usual);
+    EXPECT_NE(picture(L"--themed"), usual);
 }
 
 constexpr const char* OneList = "Begin Form page\n"

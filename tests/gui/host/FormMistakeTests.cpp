@@ -158,7 +158,7 @@ std::string MistakesIn(const TemporaryFile& file)
 {
     try
     {
-        const host::FormPage page(file.Path(), false);
+        const host::FormPage page(file.Path());
         return "it was read";
     }
     catch (const std::exception& error)

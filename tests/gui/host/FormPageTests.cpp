@@ -42,7 +42,7 @@ protected:
 
     std::string SavedUnchanged(const std::filesystem::path& file, bool design)
     {
-        host::FormPage page(file, design);
+        host::FormPage page(file, {.Design = design});
         page.Window().Show();
         Settle();
         return Saved(page);
@@ -197,7 +197,7 @@ TEST_F(FormPage, KeepsAThousandFormsAsTheyAre)
     for (unsigned seed = 1; seed <= 1000 && !HasFailure(); ++seed)
     {
         const std::string text = FormWriter(seed).Form();
-        host::FormPage page(Written(text).Path(), seed % 2 == 0);
+        host::FormPage page(Written(text).Path(), {.Design = seed % 2 == 0});
         EXPECT_EQ(Saved(page), text) << "form " << seed;
     }
 }
@@ -244,7 +244,7 @@ TEST_F(FormPage, RewritesWhatWasChangedAndNothingElse)
     };
     for (const Row& row : rows)
     {
-        host::FormPage page(Written(OneOfEach).Path(), true);
+        host::FormPage page(Written(OneOfEach).Path(), {.Design = true});
         const std::wstring name(row.Property, row.Property + strlen(row.Property));
         host::PutProperty(page.Window().FindSite(L"curOne")->ExtendedControl(), name, row.Value);
         std::string expected = OneOfEach;
@@ -258,7 +258,7 @@ TEST_F(FormPage, RewritesWhatWasChangedAndNothingElse)
 
 TEST_F(FormPage, RewritesOneLineOfAFont)
 {
-    host::FormPage page(Written(OneOfEach).Path(), true);
+    host::FormPage page(Written(OneOfEach).Path(), {.Design = true});
     const Variant font = page.Window().FindSite(L"curOne")->Get(L"Font");
     Microsoft::WRL::ComPtr<IDispatch> object;
     ASSERT_EQ(font.Object()->QueryInterface(IID_PPV_ARGS(&object)), S_OK);
@@ -273,7 +273,7 @@ TEST_F(FormPage, RewritesOneLineOfAFont)
 
 TEST_F(FormPage, KeepsPlacesInAFrameWhenTheFrameMoves)
 {
-    host::FormPage page(Written(OneOfEach).Path(), true);
+    host::FormPage page(Written(OneOfEach).Path(), {.Design = true});
     host::FormItem& frame = *page.Window().Find(L"fra");
     RECT bounds = frame.Bounds();
     OffsetRect(&bounds, 10, 0);
@@ -285,7 +285,7 @@ TEST_F(FormPage, KeepsPlacesInAFrameWhenTheFrameMoves)
 
 TEST_F(FormPage, PutsWhatIsNestedIntoItsFrame)
 {
-    const host::FormPage page(Written(OneOfEach).Path(), false);
+    const host::FormPage page(Written(OneOfEach).Path());
     host::Form& form = const_cast<host::FormPage&>(page).Window();
     const host::FormItem* const frame = form.Find(L"fra");
     const host::ControlSite* const site = form.FindSite(L"curOne");
@@ -301,7 +301,7 @@ TEST_F(FormPage, NotesLinesThatNobodyReads)
     text.insert(text.find("            MinValue"),
                 "            MaxVaule = 5\n            _Version = 65536\n");
     const TemporaryFile& file = Written(text);
-    host::FormPage page(file.Path(), false);
+    host::FormPage page(file.Path());
     ASSERT_EQ(page.Notes().size(), 1U);
     EXPECT_EQ(page.Notes().front(), std::filesystem::path(file.Path()).string() +
                                         ":15: curOne has no property MaxVaule; the line is kept");

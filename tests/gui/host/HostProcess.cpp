@@ -9,6 +9,12 @@
 namespace kiv::test
 {
 
+std::wstring HostProgram()
+{
+    const std::wstring& library = Library::UnderTest().Path();
+    return library.substr(0, library.find_last_of(L'\\') + 1) + L"FolioHost.exe";
+}
+
 ProcessOutcome HostProcess::Play(const std::wstring& options)
 {
     return Run(L"--script " + Quoted(script_.Path()) + L" " + options + L" " + Quoted(form_.Path()));
@@ -16,9 +22,7 @@ ProcessOutcome HostProcess::Play(const std::wstring& options)
 
 ProcessOutcome HostProcess::Run(const std::wstring& arguments)
 {
-    const std::wstring& library = Library::UnderTest().Path();
-    const std::wstring folder = library.substr(0, library.find_last_of(L'\\') + 1);
-    return RunProcess(Quoted(folder + L"FolioHost.exe") + L" " + arguments);
+    return RunProcess(Quoted(HostProgram()) + L" " + arguments);
 }
 
 std::string HostProcess::ReadOf(const std::wstring& path)

@@ -10,6 +10,9 @@
 namespace kiv::test
 {
 
+// The file of the host program.
+std::wstring HostProgram();
+
 // The host program as its user runs it, on a form and a script that the test writes.
 class HostProcess : public testing::Test
 {
