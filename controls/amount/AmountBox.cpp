@@ -35,7 +35,6 @@ LRESULT AmountBox::ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM 
 void AmountBox::UserControl_Initialize()
 {
     txtLeft.OnChange = [this] { txtLeft_Change(); };
-    Font(CreateDefaultFont());
     HookBox(txtLeft);
 }
 

@@ -71,7 +71,6 @@ void PicCommand::UserControl_Initialize()
         Main();
     cmd.OnClick = [this] { cmd_Click(); };
     SetWindowLongPtrA(cmd.hWnd(), GWL_STYLE, GetWindowLongPtrA(cmd.hWnd(), GWL_STYLE) | BS_OWNERDRAW);
-    Font(CreateDefaultFont());
     for (const HWND window : {TheSurface().hWnd(), cmd.hWnd()})
         RegisterOwner(window, &subClass_);
     PrevWndProc.HookWindow(TheSurface());

@@ -74,7 +74,6 @@ void YesNo::UserControl_Initialize()
 {
     if (!Module().SharedPictures.YNCLEAR)
         Main();
-    Font(CreateDefaultFont());
     RegisterOwner(TheSurface().hWnd(), &subClass_);
     PrevWndProc.HookWindow(TheSurface());
     FocusOption = 1;

@@ -56,7 +56,6 @@ void ChkCombo::UserControl_Initialize()
     MoveSelection(-1);
     const SIZE size = TheSurface().PixelSize();
     cbo.Move(0, 0, size.cx, size.cy, false);
-    Font(CreateDefaultFont());
     for (const HWND window : {TheSurface().hWnd(), cbo.hWnd(), HScroll1.hWnd()})
         RegisterOwner(window, &subClass_);
     controlPrevWndProc_.HookWindow(TheSurface());

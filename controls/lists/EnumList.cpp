@@ -70,7 +70,6 @@ void EnumList::UserControl_Initialize()
         if (TakesInput())
             cmd_Click();
     };
-    Font(CreateDefaultFont());
 }
 
 void EnumList::UserControl_InitProperties()

@@ -63,7 +63,6 @@ void DateBox::UserControl_Initialize()
 {
     txtDate.OnChange = [this] { txtDate_Change(); };
     txtDate.OnClick = [this] { txtDate_Click(); };
-    Font(CreateDefaultFont());
     HookBox(txtDate);
 }
 

@@ -48,8 +48,6 @@ void NumberBox::UserControl_Initialize()
 {
     for (TextBox* box : {&txtNumber, &txtRTN})
         box->OnChange = [this] { Box_Change(); };
-    txtRTN.Visible(false);
-    Font(CreateDefaultFont());
     HookBox(*activeBox_);
 }
 

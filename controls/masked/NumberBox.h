@@ -55,7 +55,7 @@ private:
 
     NumberRules rules_;
     TextBox txtNumber{*this, TheSurface().hWnd()};
-    TextBox txtRTN{*this, TheSurface().hWnd()};
+    TextBox txtRTN{*this, TheSurface().hWnd(), {.IsVisible = false}};
     TextBox* activeBox_ = &txtNumber;
 };
 

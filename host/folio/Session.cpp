@@ -108,15 +108,28 @@ bool Session::MayClose()
     return true;
 }
 
-// The first answer that is not says so itself, in a message box, and keeps the focus.
+// The first answer that is not says so itself, in a message box, and keeps the focus. Of one whose control
+// cannot tell, the form says so: nothing is lost by staying open.
 bool Session::AnswersAreValid()
 {
     for (ControlSite* const site : page_.Sites())
     {
-        if (!site->HasMember(L"IsValidInput") || site->Call(L"IsValidInput", {Variant(false)}).Bool())
+        if (!site->HasMember(L"IsValidInput"))
             continue;
-        site->Focus();
-        site->Call(L"IsValidInput", {Variant(true)});
+        try
+        {
+            if (site->Call(L"IsValidInput", {Variant(false)}).Bool())
+                continue;
+            site->Focus();
+            site->Call(L"IsValidInput", {Variant(true)});
+        }
+        catch (const ComError& error)
+        {
+            site->Focus();
+            const std::wstring text =
+                site->Name() + L" cannot tell whether its answer is valid: " + Wide(DescribeError(error));
+            MessageBoxW(page_.Window().Window(), text.c_str(), L"FolioHost", MB_ICONEXCLAMATION);
+        }
         return false;
     }
     return true;

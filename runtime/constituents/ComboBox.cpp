@@ -115,6 +115,13 @@ void ComboBox::ReleaseMouse() const
 
 void ComboBox::Move(int left, int top, int width, int height, bool repaint)
 {
+    const RECT place = {left, top, left + width, top + height};
+    const RECT bounds = Bounds();
+    // The system takes several steps for each, even where it is.
+    if (EqualRect(&place, &place_) && bounds.left == left && bounds.top == top &&
+        bounds.right - bounds.left == width)
+        return;
+    place_ = place;
     MoveWindow(hWnd(), left, top, width, height, repaint);
 }
 

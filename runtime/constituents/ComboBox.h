@@ -69,6 +69,7 @@ private:
     int leastFieldHeight_;
     const Resolution madeAt_;
     Resolution resolution_;
+    RECT place_ = {}; // as it was last moved, with the list open
 };
 
 } // namespace kiv

@@ -24,12 +24,26 @@ struct Constituents
     std::unordered_map<HWND, Constituent*> ByWindow;
 };
 
+RECT InsideOf(HWND parent)
+{
+    RECT inside = {};
+    GetClientRect(parent, &inside);
+    return inside;
+}
+
 } // namespace
 
 Constituent::Constituent(ConstituentOwner& owner, HWND parent, const char* windowClass, DWORD style,
                          DWORD extendedStyle) :
-    Window(CreateWindowExA(extendedStyle, windowClass, "", WS_CHILD | style, 0, 0, 0, 0, parent, nullptr,
-                           nullptr, nullptr)),
+    Constituent(owner, parent, windowClass, style, extendedStyle, InsideOf(parent))
+{
+}
+
+Constituent::Constituent(ConstituentOwner& owner, HWND parent, const char* windowClass, DWORD style,
+                         DWORD extendedStyle, const RECT& place) :
+    Window(CreateWindowExA(extendedStyle, windowClass, "", WS_CHILD | style, place.left, place.top,
+                           place.right - place.left, place.bottom - place.top, parent, nullptr, nullptr,
+                           nullptr)),
     owner_(owner)
 {
     if (!window_)

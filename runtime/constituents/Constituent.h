@@ -70,9 +70,12 @@ public:
     bool TakeAccessibleFocus(int part) override;
 
 protected:
-    // style: in addition to that of a child. Throws ComError when the window cannot be made.
+    // style: in addition to that of a child. Where most fill their parent, none has to be moved there. Throws
+    // ComError when the window cannot be made.
     Constituent(ConstituentOwner& owner, HWND parent, const char* windowClass, DWORD style,
                 DWORD extendedStyle);
+    Constituent(ConstituentOwner& owner, HWND parent, const char* windowClass, DWORD style,
+                DWORD extendedStyle, const RECT& place);
     virtual ~Constituent();
 
     // Moves the window to a place on the surface, in pixels, unless it is there: asking costs next to

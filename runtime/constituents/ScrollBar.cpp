@@ -6,11 +6,16 @@
 namespace kiv
 {
 
-ScrollBar::ScrollBar(ConstituentOwner& owner, HWND parent) :
-    Constituent(owner, parent, "SCROLLBAR", WS_VISIBLE | WS_TABSTOP | SBS_HORZ, 0)
+namespace
 {
-    constexpr int Size = 16;
-    MoveWindow(hWnd(), -Size, 0, Size, Size, FALSE);
+
+constexpr int Size = 16; // pixels
+
+} // namespace
+
+ScrollBar::ScrollBar(ConstituentOwner& owner, HWND parent) :
+    Constituent(owner, parent, "SCROLLBAR", WS_VISIBLE | WS_TABSTOP | SBS_HORZ, 0, {-Size, 0, 0, Size})
+{
 }
 
 void ScrollBar::Value(short newValue)

@@ -26,7 +26,8 @@ constexpr int Margin = 1;
 
 DWORD StyleOf(TextBoxLook look)
 {
-    return WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | (look.AlignsRight ? DWORD{ES_RIGHT} : 0);
+    return WS_TABSTOP | ES_AUTOHSCROLL | (look.IsVisible ? DWORD{WS_VISIBLE} : 0) |
+           (look.AlignsRight ? DWORD{ES_RIGHT} : 0);
 }
 
 // The message that one of the older keys for the clipboard stands for; 0 for other keys.

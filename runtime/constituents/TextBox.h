@@ -17,6 +17,7 @@ namespace kiv
 struct TextBoxLook
 {
     bool HasBorder = true;    // a sunken one
+    bool IsVisible = true;    // from the beginning
     bool AlignsRight = false; // for amounts: the font's furthest reach stays free at the right
 };
 
