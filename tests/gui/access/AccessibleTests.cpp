@@ -1,6 +1,8 @@
 // What a client of the system's accessibility interface reads of each control on the container's form, in
 // this process and from another one.
 
+#include "runtime/com/ComObject.h"
+#include "runtime/com/MakeCom.h"
 #include "tests/gui/access/AccessTest.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +13,45 @@ namespace kiv::test
 namespace
 {
 
+using Microsoft::WRL::ComPtr;
 using Lines = std::vector<std::wstring>;
+
+// A client site that takes part itself in what assistive tools are told: as a window of the host's does.
+class SpeakingSite final : public ComObject<IOleClientSite>
+{
+public:
+    SpeakingSite(ComPtr<IOleClientSite> site, HWND speaker) : site_(std::move(site)), speaker_(speaker) {}
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override
+    {
+        if (iid == __uuidof(IAccessible))
+            return AccessibleObjectFromWindow(speaker_, static_cast<DWORD>(OBJID_CLIENT), iid, object);
+        return iid == IID_IUnknown || iid == IID_IOleClientSite ? ComObject::QueryInterface(iid, object)
+                                                                : site_->QueryInterface(iid, object);
+    }
+    HRESULT STDMETHODCALLTYPE SaveObject() noexcept override { return site_->SaveObject(); }
+    HRESULT STDMETHODCALLTYPE GetMoniker(DWORD assign, DWORD which, IMoniker** moniker) noexcept override
+    {
+        return site_->GetMoniker(assign, which, moniker);
+    }
+    HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer** container) noexcept override
+    {
+        return site_->GetContainer(container);
+    }
+    HRESULT STDMETHODCALLTYPE ShowObject() noexcept override { return site_->ShowObject(); }
+    HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL shown) noexcept override
+    {
+        return site_->OnShowWindow(shown);
+    }
+    HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() noexcept override
+    {
+        return site_->RequestNewObjectLayout();
+    }
+
+private:
+    ComPtr<IOleClientSite> site_;
+    HWND speaker_;
+};
 
 } // namespace
 
@@ -230,6 +270,29 @@ TEST_F(AccessTest, TheNameIsWhatTheHostGaveFirst)
     // With neither, what the container calls it.
     host::ControlSite& other = TheForm().Add(CLSID_YesNo, Placed({20, 60, 140, 80}));
     EXPECT_EQ(ReadingsOf(other.Window())[0], L"grouping \"ynQuestion\" = \"\" [focusable]");
+}
+
+// After what the extended control says, before the label.
+TEST_F(AccessTest, TheNameIsWhatTheSiteItselfSays)
+{
+    host::ControlSite& site = AddLabelled(L"&Wages:", CLSID_CurrencyBox);
+    ShowForm();
+    const HWND speaker = CreateWindowExW(0, L"STATIC", L"Said by the site", WS_POPUP, 0, 0, 0, 0, nullptr,
+                                         nullptr, nullptr, nullptr);
+    const auto object = site.Query<IOleObject>();
+    ComPtr<IOleClientSite> usual;
+    ASSERT_HRESULT_SUCCEEDED(object->GetClientSite(&usual));
+    const auto speaking = MakeCom<SpeakingSite>(usual, speaker);
+    ASSERT_HRESULT_SUCCEEDED(object->SetClientSite(speaking.Get()));
+    const ComPtr<IAccessible> accessible = AccessibleOf(site.Window());
+    EXPECT_EQ(Reading(*accessible.Get()), L"text \"Said by the site\" = \"\" [focusable]");
+    SetWindowTextW(speaker, L"");
+    EXPECT_EQ(Reading(*accessible.Get()), L"text \"Wages:\" = \"\" [focusable]");
+    SetWindowTextW(speaker, L"Said by the site");
+    Extended(site, L"AccessibleName", L"Wages of the year");
+    EXPECT_EQ(Reading(*accessible.Get()), L"text \"Wages of the year\" = \"\" [focusable]");
+    DestroyWindow(speaker);
+    EXPECT_HRESULT_SUCCEEDED(object->SetClientSite(usual.Get()));
 }
 
 TEST_F(AccessTest, TheFormTellsAllThatStandsOnIt)
