@@ -9,6 +9,7 @@ Portable code|lint find_windows_headers
 Lengths|lint find_long_files
 Names|lint find_misnamed
 Calls without a window|lint find_raw_window_calls
+What was released|lint find_lost
 Blanks and line ends|lint find_blanks
 Words|lint find_words
 Shell scripts|lint find_shell_mistakes

@@ -91,6 +91,29 @@ portable_files() {
     cpp_sources | grep -E "^((runtime/core|tools|fuzz|tests/(native|pictures)|host/formfile)/|host/data/[A-Za-z]*Query|controls/($rules)\.)"
 }
 
+# What a release had stays: each line of its files is in today's, in the same order. Tests hold those to the library that
+# is built.
+find_lost() {
+    local release file today
+    for release in tests/released/*/; do
+        for file in "$release"*.contract "$release"*.state "$release"*.def; do
+            case $file in
+            *.contract) today=tests/com/${file##*/} ;;
+            *.state) today=tests/com/state/${file##*/} ;;
+            *.def) today=framework/library/${file##*/} ;;
+            esac
+            # shellcheck disable=SC2016 # the dollars are awk's
+            [[ ! -f $file ]] || awk '
+                NR == FNR { line[++lines] = $0; next }
+                {
+                    for (at = last + 1; at <= lines && line[at] != $0; at++);
+                    if (at <= lines) last = at
+                    else print FILENAME ":" FNR ": is not so any more: " $0
+                }' "$today" "$file"
+        done
+    done
+}
+
 # Windows takes no window for all windows, for the desktop or for the thread: runtime/constituents/Window.cpp makes sure that
 # there is one. A literal nullptr is meant.
 find_raw_window_calls() {

@@ -112,6 +112,13 @@ expect find_words docs/a.md 'A method to do it, in some/root.\n' ''
 expect find_words docs/a.md '\nTO''DO: finish\n' 'docs/a.md:2: a note to oneself: TO''DO'
 expect find_words docs/a.md 'see /''home/ann/notes\n' 'docs/a.md:1: a path of one machine: /''home/ann/notes'
 
+mkdir -p "$samples/tests/com/state"
+printf 'a = 1\nb = 2\nc = 3\n' >"$samples/tests/com/state/A.state"
+expect find_lost tests/released/1.0.0/A.state 'a = 1\nc = 3\n' ''
+expect find_lost tests/released/1.0.0/A.state 'a = 1\nb = 1\nc = 3\n' 'tests/released/1.0.0/A.state:2: is not so any more: b = 1'
+expect find_lost tests/released/1.0.0/A.state 'b = 2\na = 1\n' 'tests/released/1.0.0/A.state:2: is not so any more: a = 1'
+expect find_lost tests/released/1.0.0/B.contract 'a\n' 'awk: '
+
 mkdir -p "$samples/.ci" "$samples/tools/kiv"
 printf '#!/bin/bash\n' | tee "$samples/.ci/run" >"$samples/tools/kiv/test_none.sh"
 # shellcheck disable=SC2016 # the dollar is the sample's
