@@ -56,16 +56,16 @@ private:
     std::uint32_t Bits() const
     {
         std::uint32_t bits = 0;
-        GetBitmapBits(bitmap_.Get(), RowBytes(), &bits);
+        GetBitmapBits(bitmap_.Get(), static_cast<LONG>(RowBytes()), &bits);
         BITMAP header = {};
         GetObjectA(bitmap_.Get(), sizeof header, &header);
         return header.bmBitsPixel < 32 ? bits & ((1U << header.bmBitsPixel) - 1) : bits;
     }
-    LONG RowBytes() const
+    DWORD RowBytes() const
     {
         BITMAP header = {};
         GetObjectA(bitmap_.Get(), sizeof header, &header);
-        return (header.bmBitsPixel + 15) / 16 * 2;
+        return (DWORD{header.bmBitsPixel} + 15) / 16 * 2;
     }
 
     HDC dc_;

@@ -34,13 +34,13 @@ std::wstring ChkCombo::Items::NameOf(int item) const
 
 AccessibleInfo ChkCombo::Items::Describe(int item) const
 {
-    const ComboBox& cbo = combo_.cbo;
-    const bool isOpen = cbo.IsDropped();
+    const ComboBox& box = combo_.cbo;
+    const bool isOpen = box.IsDropped();
     AccessibleInfo info;
     if (item == CHILDID_SELF)
     {
         info.Role = ROLE_SYSTEM_LIST;
-        info.Place = cbo.ListPlace();
+        info.Place = box.ListPlace();
         info.State = isOpen ? 0 : STATE_SYSTEM_INVISIBLE;
         return info;
     }
@@ -48,11 +48,11 @@ AccessibleInfo ChkCombo::Items::Describe(int item) const
     info.Role = ROLE_SYSTEM_LISTITEM;
     info.Description = combo_.list_.Holds(index) ? StatusInWords(combo_.list_.Status(index)) : L"";
     info.DefaultAction = L"Double Click";
-    info.Place = cbo.ItemPlace(index);
+    info.Place = box.ItemPlace(index);
     info.State = STATE_SYSTEM_SELECTABLE | STATE_SYSTEM_FOCUSABLE;
     if (item == SelectedPart())
         info.State |= STATE_SYSTEM_SELECTED | (isOpen ? STATE_SYSTEM_FOCUSED : 0);
-    const RECT list = cbo.ListPlace();
+    const RECT list = box.ListPlace();
     RECT seen = {};
     if (!isOpen || !IntersectRect(&seen, &info.Place, &list))
         info.State |= STATE_SYSTEM_INVISIBLE;

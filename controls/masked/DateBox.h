@@ -21,6 +21,7 @@ public:
     HRESULT STDMETHODCALLTYPE InitStyle() noexcept override;
 
     LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
+    using DateBoxMembers::IsValidInput;
     bool IsValidInput(bool ShowMessage) override;
 
 protected:

@@ -19,6 +19,7 @@ public:
     explicit NumberBox(IUnknown* outer);
 
     LRESULT ISubClass_WndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
+    using NumberBoxMembers::IsValidInput;
     bool IsValidInput(bool ShowMessage) override;
 
 protected:

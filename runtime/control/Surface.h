@@ -28,7 +28,7 @@ protected:
 
 // A control's own window and what is drawn on it. The window exists from the beginning, under the parking
 // window, and moves under a container's window while the control is active there.
-class Surface : public Window, public Canvas
+class Surface final : public Window, public Canvas
 {
 public:
     // size: in pixels, with the sunken border that the surface may have. Throws ComError when the window

@@ -43,10 +43,11 @@ void HideResource(const std::wstring& path, std::wstring name)
     };
     const auto former = stored(name);
     --name.back();
-    const auto found = std::ranges::search(file, former);
-    if (found.empty() || std::search(found.end(), file.end(), former.begin(), former.end()) != file.end())
+    const auto next = [&](auto from) { return std::search(from, file.end(), former.begin(), former.end()); };
+    const auto found = next(file.begin());
+    if (found == file.end() || next(found + 1) != file.end())
         throw std::runtime_error("not exactly one resource of that name");
-    std::ranges::copy(stored(name), found.begin());
+    std::ranges::copy(stored(name), found);
     WriteWholeFile(path, file);
 }
 

@@ -158,7 +158,7 @@ TEST_F(ResolutionPictureTest, SeveralSizesAreUsedAtOnce)
     for (std::size_t at = 0; at < std::size(Screens); ++at)
     {
         const Pixels shown = controls[at]->Seen().Picture;
-        for (const std::size_t percent : {100, 125, 150, 200, 300, 400})
+        for (const std::size_t percent : {100U, 125U, 150U, 200U, 300U, 400U})
         {
             EXPECT_EQ(IsShown(shown, ShippedPicture("graph", percent)), percent == Screens[at].Percent)
                 << percent << " % at " << Screens[at].PixelsPerInch;
