@@ -10,6 +10,7 @@ Lengths|lint find_long_files
 Names|lint find_misnamed
 Calls without a window|lint find_raw_window_calls
 What was released|lint find_lost
+The reference|lint find_old_reference
 Blanks and line ends|lint find_blanks
 Words|lint find_words
 Shell scripts|lint find_shell_mistakes

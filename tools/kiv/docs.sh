@@ -15,6 +15,7 @@ cmd_docs() {
     manage_windows N FolioHost
     make_codes "$DEMO_CODES" examples/codes.sql
     mkdir -p docs/pictures
+    step docs/reference.md build/docs/reference.log make_reference
     while read -r base; do
         make_picture "${base##*/}" "$base"
     done < <(printf '%s\n' examples/interview && find docs/pictures -name '*.form' | sed 's/\.form$//' | LC_ALL=C sort)
@@ -30,6 +31,8 @@ cmd_docs() {
     make_picture interview-200-percent examples/interview
     rm -rf "$WINEPREFIX"
 }
+
+make_reference() { reference >docs/reference.md; }
 
 # make_picture NAME BASE [OPTION ...]: BASE.form as BASE.script leaves it.
 make_picture() {

@@ -91,6 +91,16 @@ portable_files() {
     cpp_sources | grep -E "^((runtime/core|tools|fuzz|tests/(native|pictures)|host/formfile)/|host/data/[A-Za-z]*Query|controls/($rules)\.)"
 }
 
+find_old_reference() {
+    reference | cmp docs/reference.md - 2>&1 | sed -E 's/^.*line ([0-9]+)$/docs\/reference.md:\1: not what the contract says; .\/kiv docs makes it anew/'
+}
+
+# What the documentation says of every member.
+REFERENCE_MAKER=$PWD/tools/kiv/reference.awk
+reference() {
+    awk -f "$REFERENCE_MAKER" framework/contract/*.idl tests/com/KivControls.contract tests/com/state/*.state
+}
+
 # What a release had stays: each line of its files is in today's, in the same order. Tests hold those to the library that
 # is built.
 find_lost() {

@@ -119,6 +119,12 @@ expect find_lost tests/released/1.0.0/A.state 'a = 1\nb = 1\nc = 3\n' 'tests/rel
 expect find_lost tests/released/1.0.0/A.state 'b = 2\na = 1\n' 'tests/released/1.0.0/A.state:2: is not so any more: a = 1'
 expect find_lost tests/released/1.0.0/B.contract 'a\n' 'awk: '
 
+mkdir -p "$samples/framework/contract"
+: >"$samples/framework/contract/A.idl"
+printf 'coclass A {1}\n' >"$samples/tests/com/KivControls.contract"
+expect find_old_reference docs/reference.md "$(cd "$samples" && reference)\n" ''
+expect find_old_reference docs/reference.md '# Reference\nof old\n' 'docs/reference.md:2: not what the contract says'
+
 mkdir -p "$samples/.ci" "$samples/tools/kiv"
 printf '#!/bin/bash\n' | tee "$samples/.ci/run" >"$samples/tools/kiv/test_none.sh"
 # shellcheck disable=SC2016 # the dollar is the sample's
