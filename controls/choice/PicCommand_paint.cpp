@@ -3,6 +3,7 @@
 #include "controls/choice/PicCommand.h"
 
 #include "framework/subclass/ModuleData.h"
+#include "runtime/drawing/MirroredDc.h"
 
 namespace kiv
 {
@@ -158,8 +159,10 @@ void PicCommand::DrawFace(const DRAWITEMSTRUCT& item, const PixelRect& inside, c
         RECT caption = ToRect(layout.Caption);
         DrawCaption(dc, Caption, caption, CaptionFormat, cmd.Enabled());
     }
+    const UprightPictures upright(dc);
     if (icon)
-        DrawIconEx(dc, layout.Icon.X, layout.Icon.Y, icon, 0, 0, 0, nullptr, DI_NORMAL);
+        DrawIconEx(dc, upright.LeftOf(layout.Icon.X, picture.PicWidth, Scale().Of(SharedIconSize)),
+                   layout.Icon.Y, icon, 0, 0, 0, nullptr, DI_NORMAL);
 }
 
 } // namespace kiv

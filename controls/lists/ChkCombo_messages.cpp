@@ -4,6 +4,7 @@
 
 #include "framework/subclass/ModuleData.h"
 #include "runtime/core/Scoped.h"
+#include "runtime/drawing/MirroredDc.h"
 
 namespace kiv
 {
@@ -195,6 +196,7 @@ void ChkCombo::Combo_CloseUp()
 
 void ChkCombo::DrawItem(const DRAWITEMSTRUCT& item) const
 {
+    ComboBox::ClipTo(item);
     if ((item.itemAction & (ODA_DRAWENTIRE | ODA_SELECT)) != 0)
         DrawContent(item);
     if ((item.itemAction & ODA_FOCUS) != 0)
@@ -224,8 +226,11 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
     const ItemIcon icon = ItemIconFor(list_.Status(index), selected);
     const PictureScale scale = PictureScaleAt(TheSurface().TheResolution());
     if (const HICON picture = PictureFor(icon, scale))
-        DrawIconEx(dc, place.left, ItemIconTop(place.top, place.bottom, scale), picture, 0, 0, 0, nullptr,
-                   DI_NORMAL);
+    {
+        const UprightPictures upright(dc);
+        DrawIconEx(dc, upright.LeftOf(place.left, scale.Of(ItemIconSize), scale.Of(SharedIconSize)),
+                   ItemIconTop(place.top, place.bottom, scale), picture, 0, 0, 0, nullptr, DI_NORMAL);
+    }
     place.left = ItemTextLeft(place.left, icon, scale);
     DrawTextW(dc, text.c_str(), -1, &place, ItemTextFormat);
 }
