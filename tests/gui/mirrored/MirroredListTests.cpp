@@ -5,6 +5,7 @@
 
 #include "tests/gui/lists/HostedCombo.h"
 #include "tests/support/Accessible.h"
+#include "tests/support/KnownPlatformGap.h"
 #include "tests/support/ToolTips.h"
 
 #include <algorithm>
@@ -103,6 +104,29 @@ TEST_F(MirroredCombo, ListOpensRightBelow)
     EXPECT_EQ(list.top, field.bottom);
     ClickAt({field.left + 5, (field.top + field.bottom) / 2});
     EXPECT_FALSE(combo.IsOpen());
+}
+
+TEST_F(MirroredCombo, ScrollBarOfALongListIsAtTheLeft)
+{
+    HostedCombo combo = Shown();
+    combo.Fill(std::vector<long>(20));
+    // Left of what is inside, and right of it.
+    const auto beside = [&] {
+        combo.Open(true);
+        Settle();
+        const RECT list = OnScreen(combo.List());
+        RECT inside = {};
+        GetClientRect(combo.List(), &inside);
+        MapWindowPoints(combo.List(), nullptr, reinterpret_cast<POINT*>(&inside), 2);
+        combo.Open(false);
+        return std::pair(inside.left - list.left, list.right - inside.right);
+    };
+    const auto fromRight = beside();
+    Turn(combo.Site(), false);
+    const auto fromLeft = beside();
+    EXPECT_GE(fromLeft.second, GetSystemMetrics(SM_CXVSCROLL));
+    KnownPlatformGap("a mirrored window has its scroll bar at the left",
+                     [&] { return fromRight == std::pair(fromLeft.second, fromLeft.first); });
 }
 
 TEST_F(MirroredCombo, ItemsAndKeysAnswer)
