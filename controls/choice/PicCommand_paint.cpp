@@ -162,7 +162,7 @@ void PicCommand::DrawFace(const DRAWITEMSTRUCT& item, const PixelRect& inside, c
     const UprightPictures upright(dc);
     if (icon)
         DrawIconEx(dc, upright.LeftOf(layout.Icon.X, picture.PicWidth, Scale().Of(SharedIconSize)),
-                   layout.Icon.Y, icon, 0, 0, 0, nullptr, DI_NORMAL);
+                   layout.Icon.Y, icon, 0, 0, 0, nullptr, DI_NORMAL | DI_NOMIRROR);
 }
 
 } // namespace kiv

@@ -229,7 +229,8 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
     {
         const UprightPictures upright(dc);
         DrawIconEx(dc, upright.LeftOf(place.left, scale.Of(ItemIconSize), scale.Of(SharedIconSize)),
-                   ItemIconTop(place.top, place.bottom, scale), picture, 0, 0, 0, nullptr, DI_NORMAL);
+                   ItemIconTop(place.top, place.bottom, scale), picture, 0, 0, 0, nullptr,
+                   DI_NORMAL | DI_NOMIRROR);
     }
     place.left = ItemTextLeft(place.left, icon, scale);
     DrawTextW(dc, text.c_str(), -1, &place, ItemTextFormat);

@@ -259,6 +259,15 @@ TEST_F(MirroredEnumList, GrowsForALargerFontToTheLeftOfWhereItBegins)
     EXPECT_EQ(OnScreen(ButtonOf(list)).left, after.left + GetSystemMetrics(SM_CXEDGE));
 }
 
+TEST_F(MirroredEnumList, GrowsForItsButtonToTheLeft)
+{
+    host::ControlSite& list = AddList(0, L"", L"Single", Placed({20, 20, 26, 40}));
+    ShowForm();
+    const RECT place = OnScreen(list.Window());
+    EXPECT_EQ(place.right, OnScreen(TheForm().Page()).right - 20);
+    EXPECT_EQ(place.right - place.left, 255 / 15 + 2 * GetSystemMetrics(SM_CXEDGE));
+}
+
 TEST_F(MirroredEnumList, ToolTipComesOverTheLabelOnly)
 {
     Database().Rows(

@@ -5,11 +5,13 @@
 #include "runtime/com/Errors.h"
 #include "tests/gui/choice/HostedButton.h"
 #include "tests/support/Drawing.h"
+#include "tests/support/KnownPlatformGap.h"
 #include "tests/support/NamedRow.h"
 
 #include <olectl.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 using Microsoft::WRL::ComPtr;
 
@@ -109,6 +111,47 @@ TEST_F(MirroredPicture, OfAPicLiteStandsAtTheRightTheRightWayRound)
     const Pixels fromLeft = Seen(site.Window());
     EXPECT_EQ(Cut(fromLeft, {0, 0, 10, 10}).Count(Red), 100);
     EXPECT_EQ(Cut(fromLeft, {10, 0, 20, 10}).Count(Blue), 100);
+}
+
+namespace
+{
+
+// What is of a colour.
+RECT InkOf(const Pixels& picture, COLORREF ink)
+{
+    RECT bounds = {picture.Size().cx, picture.Size().cy, 0, 0};
+    for (LONG y = 0; y < picture.Size().cy; ++y)
+        for (LONG x = 0; x < picture.Size().cx; ++x)
+            if (picture.At(x, y) == ink)
+                bounds = {std::min(bounds.left, x), std::min(bounds.top, y), std::max(bounds.right, x + 1),
+                          std::max(bounds.bottom, y + 1)};
+    return bounds;
+}
+
+// How far from the text's left the line below its mnemonic begins.
+LONG MnemonicIn(const Pixels& button)
+{
+    constexpr LONG frame = 6;
+    const SIZE size = button.Size();
+    const Pixels inside = Cut(button, {frame, frame, size.cx - frame, size.cy - frame});
+    const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
+    const RECT text = InkOf(inside, ink);
+    const Pixels line = Cut(inside, {0, text.bottom - 1, inside.Size().cx, text.bottom});
+    return InkOf(line, ink).left - text.left;
+}
+
+} // namespace
+
+TEST_F(MirroredPicture, LeavesTheMnemonicOfAButtonMarked)
+{
+    AddElsewhere();
+    HostedButton button(TheForm(), Placed({20, 20, 140, 50}));
+    button.SetCaption(L"&Hall");
+    ShowForm();
+    const auto [fromRight, fromLeft] = SeenBothWays(button.Site(), button.Button());
+    EXPECT_LE(MnemonicIn(fromLeft), 1);
+    KnownPlatformGap("a mirrored text has the line below its mnemonic",
+                     [&] { return std::abs(MnemonicIn(fromRight) - MnemonicIn(fromLeft)) <= 1; });
 }
 
 TEST_F(MirroredPicture, LeavesAButtonThatAnswersClicksAndKeys)

@@ -3,6 +3,7 @@
 #include "tests/gui/mirrored/MirroredTest.h"
 
 #include "tests/support/NamedRow.h"
+#include "tests/support/Thread.h"
 
 namespace kiv::test
 {
@@ -66,6 +67,36 @@ TEST_P(MirroredPlace, FollowsWithItsNextPlace)
     site.Move(place);
     EXPECT_FALSE(IsMirrored(site.Window()));
     EXPECT_EQ(OnScreen(site.Window()).left, OnScreen(page).left + 30);
+}
+
+// A program may have all its windows mirrored from the first, the one that controls wait under included.
+TEST_P(MirroredPlace, IsNotMirroredByItsProcessAlone)
+{
+    DWORD before = 0;
+    ASSERT_TRUE(GetProcessDefaultLayout(&before));
+    ASSERT_TRUE(SetProcessDefaultLayout(LAYOUT_RTL));
+    {
+        const Thread thread([] {
+            EXPECT_HRESULT_SUCCEEDED(OleInitialize(nullptr));
+            {
+                host::Form form(L"Second", {200, 60});
+                EXPECT_TRUE(IsMirrored(form.Window()));
+                host::SiteOptions options = Placed();
+                options.activate = false;
+                host::ControlSite& site =
+                    form.Add(Library::UnderTest().Create(GetParam().ClassId).Get(), options);
+                EXPECT_HRESULT_SUCCEEDED(site.Activate());
+                const HWND window = site.Window();
+                EXPECT_EQ(IsMirrored(window), GetParam().Follows);
+                EXPECT_HRESULT_SUCCEEDED(site.Deactivate());
+                EXPECT_FALSE(IsMirrored(window));
+                for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+                    EXPECT_FALSE(IsMirrored(child));
+            }
+            OleUninitialize();
+        });
+    }
+    SetProcessDefaultLayout(before);
 }
 
 // What the container clips is not seen, whichever side the control's own places count from.
