@@ -4,6 +4,7 @@
 
 #include "framework/subclass/ModuleData.h"
 #include "runtime/drawing/Color.h"
+#include "runtime/drawing/MirroredDc.h"
 #include "runtime/drawing/TwoColors.h"
 
 namespace kiv
@@ -161,9 +162,11 @@ void PicCommand::DrawFace(const DRAWITEMSTRUCT& item, const PixelRect& inside, c
         RECT caption = ToRect(layout.Caption);
         DrawCaption(dc, Caption, caption, CaptionFormat, cmd.Enabled());
     }
+    const UprightPictures upright(dc);
     if (icon)
-        DrawSign(dc, {layout.Icon.X, layout.Icon.Y}, icon,
-                 {GetSysColor(cmd.Enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT), GetSysColor(COLOR_BTNFACE)});
+        DrawSign(
+            dc, {upright.LeftOf(layout.Icon.X, picture.PicWidth, Scale().Of(SharedIconSize)), layout.Icon.Y},
+            icon, {GetSysColor(cmd.Enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT), GetSysColor(COLOR_BTNFACE)});
 }
 
 } // namespace kiv

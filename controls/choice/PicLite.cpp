@@ -3,6 +3,7 @@
 #include "controls/choice/Recolor.h"
 #include "resources/ResourceIds.h"
 #include "runtime/control/PropertyTable.h"
+#include "runtime/drawing/MirroredDc.h"
 
 #include <olectl.h>
 
@@ -97,6 +98,7 @@ void PicLite::UserControl_Paint()
     const MemoryDc memory(graphics.CompatibleWith());
     const Selection selected(memory.Get(), bitmap);
     // The host has the bitmap as well, and may be drawing with it.
+    const UprightPictures upright(graphics.Dc());
     if (Holds(memory.Get(), bitmap))
         BitBlt(graphics.Dc(), 0, 0, header.bmWidth, header.bmHeight, memory.Get(), 0, 0, SRCCOPY);
 }

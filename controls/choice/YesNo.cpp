@@ -3,6 +3,7 @@
 #include "resources/ResourceIds.h"
 #include "runtime/com/LateBound.h"
 #include "runtime/drawing/Color.h"
+#include "runtime/drawing/MirroredDc.h"
 
 using Microsoft::WRL::ComPtr;
 
@@ -143,10 +144,11 @@ void YesNo::UserControl_MouseUp(short, short, double X, double Y)
 
 void YesNo::UserControl_KeyDown(short& KeyCode, short)
 {
+    const bool mirrored = TheSurface().IsMirrored();
     if (KeyCode == VK_LEFT)
-        DrawFocusState(Yes);
+        DrawFocusState(mirrored ? No : Yes);
     else if (KeyCode == VK_RIGHT)
-        DrawFocusState(No);
+        DrawFocusState(mirrored ? Yes : No);
 }
 
 void YesNo::UserControl_KeyPress(short& KeyAscii)
@@ -337,6 +339,7 @@ void YesNo::DrawOption(HDC dc, HDC memory, HBITMAP picture, long option, DWORD r
         OptionImageTop(TheSurface().ScaleHeight(), TheSurface().TheResolution().TwipsPerPixelY(), scale);
     const int size = scale.Of(OptionImageSize);
     const Selection selected(memory, picture);
+    const UprightPictures upright(dc);
     BitBlt(dc, PlaceOf(option).left, top, size, size, memory, 0, 0, rasterOperation);
 }
 

@@ -31,6 +31,8 @@ protected:
 
     void* FindInterface(REFIID iid) noexcept override;
     void FontChanged() override;
+    // Digits, dates and amounts are read from left to right everywhere, and a mask would be taken apart.
+    bool FollowsDirection() const override { return false; }
     bool TakeAccessibleValue(std::wstring_view text) override;
 
     // For the control's table.

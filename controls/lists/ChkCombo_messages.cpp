@@ -4,6 +4,7 @@
 
 #include "framework/subclass/ModuleData.h"
 #include "runtime/core/Scoped.h"
+#include "runtime/drawing/MirroredDc.h"
 #include "runtime/drawing/TwoColors.h"
 
 namespace kiv
@@ -196,6 +197,7 @@ void ChkCombo::Combo_CloseUp()
 
 void ChkCombo::DrawItem(const DRAWITEMSTRUCT& item) const
 {
+    ComboBox::ClipTo(item);
     if ((item.itemAction & (ODA_DRAWENTIRE | ODA_SELECT)) != 0)
         DrawContent(item);
     if ((item.itemAction & ODA_FOCUS) != 0)
@@ -225,8 +227,13 @@ void ChkCombo::DrawContent(const DRAWITEMSTRUCT& item) const
     const ItemIcon icon = ItemIconFor(list_.Status(index), selected);
     const PictureScale scale = PictureScaleAt(TheSurface().TheResolution());
     if (const HICON picture = PictureFor(icon, scale))
-        DrawSign(dc, {place.left, ItemIconTop(place.top, place.bottom, scale)}, picture,
-                 selected ? TwoColors{background, foreground} : TwoColors{foreground, background});
+    {
+        const UprightPictures upright(dc);
+        DrawSign(dc,
+                 {upright.LeftOf(place.left, scale.Of(ItemIconSize), scale.Of(SharedIconSize)),
+                  ItemIconTop(place.top, place.bottom, scale)},
+                 picture, selected ? TwoColors{background, foreground} : TwoColors{foreground, background});
+    }
     place.left = ItemTextLeft(place.left, icon, scale);
     DrawTextW(dc, text.c_str(), -1, &place, ItemTextFormat);
 }

@@ -18,7 +18,6 @@ namespace kiv
 namespace
 {
 
-constexpr int IconSize = 32;
 constexpr int AsStored = 0;
 
 struct SharedPicture
@@ -130,7 +129,7 @@ void Main()
 {
     ModuleData& module = Module();
     for (const SharedPicture& icon : Icons)
-        module.SharedPictures.*icon.Place = LoadIconPicture(icon.Name, IconSize);
+        module.SharedPictures.*icon.Place = LoadIconPicture(icon.Name, SharedIconSize);
     for (const SharedPicture& bitmap : Bitmaps)
         module.SharedPictures.*bitmap.Place = LoadBitmapPicture(bitmap.Name);
     module.AppTitle = HostTitle();

@@ -34,6 +34,9 @@ struct SharedPictures
     Picture YNMASK;
 };
 
+// Height and width of the icons among them in their first size, in pixels. The picture is in the upper left.
+constexpr int SharedIconSize = 32;
+
 // What the library keeps for one thread of the host: two threads never share any of it.
 struct ModuleData
 {

@@ -56,6 +56,8 @@ std::optional<Variant> AmbientProperty(const ControlSite& site, DISPID ambient)
         return Variant(L"Twip");
     case DISPID_AMBIENT_APPEARANCE:
         return Variant(static_cast<short>(1));
+    case DISPID_AMBIENT_RIGHTTOLEFT:
+        return Variant((GetWindowLongPtrW(site.Owner().Window(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0);
     default:
         return std::nullopt;
     }

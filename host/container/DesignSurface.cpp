@@ -32,6 +32,11 @@ long Snapped(long position, long step)
     return (nearest - ((nearest % step) + step) % step);
 }
 
+bool IsMirrored(HWND window)
+{
+    return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+}
+
 struct Handle
 {
     RECT Place;
@@ -222,7 +227,7 @@ bool DesignSurface::ShowCursor() const
         shape = IDC_SIZENS;
     else if (!edges->Top && !edges->Bottom)
         shape = IDC_SIZEWE;
-    else if (edges->Left == edges->Top)
+    else if ((edges->Left == edges->Top) != IsMirrored(window_))
         shape = IDC_SIZENWSE;
     SetCursor(LoadCursor(nullptr, shape));
     return true;

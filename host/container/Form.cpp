@@ -39,10 +39,10 @@ ComPtr<IFontDisp> SystemDialogFont()
 
 } // namespace
 
-Form::Form(std::wstring_view title, SIZE size) :
+Form::Form(std::wstring_view title, SIZE size, bool rightToLeft) :
     fontObject_(SystemDialogFont()), frame_(MakeCom<FormFrame>(static_cast<const ItemOwner&>(*this)))
 {
-    CreateFormWindow(title, size);
+    CreateFormWindow(title, size, rightToLeft);
 }
 
 Form::~Form()

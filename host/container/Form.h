@@ -28,8 +28,8 @@ public:
     static double UsualFontSize();
 
     // size in pixels, of what can stand on it. The window is made at once, hidden; it scrolls and can be
-    // sized when the screen is smaller.
-    Form(std::wstring_view title, SIZE size);
+    // sized when the screen is smaller. rightToLeft: mirrored, with all that stands on it.
+    Form(std::wstring_view title, SIZE size, bool rightToLeft = false);
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
     ~Form(); // Destroy
@@ -98,7 +98,7 @@ public:
 private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
-    void CreateFormWindow(std::wstring_view title, SIZE size);
+    void CreateFormWindow(std::wstring_view title, SIZE size, bool rightToLeft);
     void LimitSize(MINMAXINFO& limits) const;
     void PaintItems(HDC context) override;
     void OnCommand(WORD notification, HWND button) override;

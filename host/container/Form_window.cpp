@@ -60,7 +60,8 @@ BOOL CALLBACK TellOfColors(HWND window, LPARAM)
 
 } // namespace
 
-void Form::CreateFormWindow(std::wstring_view title, SIZE size)
+// What is made in a mirrored window is mirrored by itself.
+void Form::CreateFormWindow(std::wstring_view title, SIZE size, bool rightToLeft)
 {
     RegisterWindowClass(ClassName, &Form::WindowProcedure, GetSysColorBrush(COLOR_BTNFACE));
     RECT desk = {};
@@ -79,9 +80,10 @@ void Form::CreateFormWindow(std::wstring_view title, SIZE size)
             whole.cx += GetSystemMetrics(SM_CXVSCROLL);
         whole = {std::min(whole.cx, room.cx), std::min(whole.cy, room.cy)};
     }
-    window_ = CreateWindowExW(look.ExtendedStyle, ClassName, std::wstring(title).c_str(), look.Style,
-                              desk.left + (room.cx - whole.cx) / 2, desk.top + (room.cy - whole.cy) / 3,
-                              whole.cx, whole.cy, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    window_ = CreateWindowExW(look.ExtendedStyle | (rightToLeft ? WS_EX_LAYOUTRTL : 0), ClassName,
+                              std::wstring(title).c_str(), look.Style, desk.left + (room.cx - whole.cx) / 2,
+                              desk.top + (room.cy - whole.cy) / 3, whole.cx, whole.cy, nullptr, nullptr,
+                              GetModuleHandleW(nullptr), nullptr);
     if (!window_)
         ThrowLastError();
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));

@@ -167,9 +167,10 @@ FormPage::FormPage(const std::filesystem::path& file, const PageOptions& options
     const auto pixels = [](long width, long height) { return SizeOf(PixelsFromTwips(0, 0, width, height)); };
     try
     {
-        form_ =
-            std::make_unique<Form>(keys.Text("Caption"), pixels(keys.Number("ClientWidth", ClientWidth),
-                                                                keys.Number("ClientHeight", ClientHeight)));
+        form_ = std::make_unique<Form>(
+            keys.Text("Caption"),
+            pixels(keys.Number("ClientWidth", ClientWidth), keys.Number("ClientHeight", ClientHeight)),
+            keys.Truth("RightToLeft", false));
     }
     catch (const ComError& error)
     {

@@ -30,6 +30,14 @@ struct Target
     POINT Origin;
 };
 
+// To copy all of a window from. A mirrored one would count from the right.
+HDC PixelsOf(HWND window)
+{
+    const HDC source = GetWindowDC(window);
+    SetLayout(source, 0);
+    return source;
+}
+
 // The open list of a combo box is a window of its own, which hangs out of the form's.
 BOOL CALLBACK CopyOpenList(HWND window, LPARAM parameter)
 {
@@ -41,7 +49,7 @@ BOOL CALLBACK CopyOpenList(HWND window, LPARAM parameter)
     RedrawWindow(window, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_UPDATENOW);
     RECT place = {};
     GetWindowRect(window, &place);
-    const HDC source = GetWindowDC(window);
+    const HDC source = PixelsOf(window);
     BitBlt(target.Dc, place.left - target.Origin.x, place.top - target.Origin.y, place.right - place.left,
            place.bottom - place.top, source, 0, 0, SRCCOPY);
     ReleaseDC(window, source);
@@ -53,7 +61,7 @@ BOOL CALLBACK CopyOpenList(HWND window, LPARAM parameter)
 Bitmap CopyWindow(HWND window)
 {
     RedrawWindow(window, nullptr, nullptr, RDW_ALLCHILDREN | RDW_UPDATENOW);
-    const HDC source = GetWindowDC(window);
+    const HDC source = PixelsOf(window);
     // Where a window manager draws the frame instead of the system, the window has no pixels there.
     RECT drawn = {};
     GetClipBox(source, &drawn);

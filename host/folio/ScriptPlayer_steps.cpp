@@ -203,7 +203,9 @@ POINT ScriptPlayer::PointIn(const ScriptStep& step) const
     const FormItem* const item = form_.Find(Wide(step.Item));
     if (!item)
         throw Failure{"there is no " + step.Item + " on the form"};
-    const RECT& bounds = item->Bounds();
+    // As it is seen: left is left on a mirrored form, too.
+    RECT bounds = item->Bounds();
+    MapWindowPoints(form_.Page(), nullptr, reinterpret_cast<POINT*>(&bounds), 2);
     POINT point = {(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
     switch (step.Spot.Where)
     {
@@ -219,7 +221,6 @@ POINT ScriptPlayer::PointIn(const ScriptStep& step) const
     case ScriptSpot::Place::Middle:
         break;
     }
-    ClientToScreen(form_.Page(), &point);
     return point;
 }
 

@@ -37,6 +37,7 @@ constexpr OwnKey FormKeys[] = {
     {"ClientHeight", KeyType::Number, 0, Farthest},
     {"GridX", KeyType::Number, LeastGrid, MostGrid},
     {"GridY", KeyType::Number, LeastGrid, MostGrid},
+    {"RightToLeft", KeyType::Truth},
 };
 constexpr OwnKey ItemKeys[] = {
     {"Left", KeyType::Number, -100000, Farthest},

@@ -262,8 +262,9 @@ HRESULT AccessibleObject::accNavigate(long direction, VARIANT start, VARIANT* en
         }
         else
         {
-            const bool back =
-                direction == NAVDIR_PREVIOUS || direction == NAVDIR_LEFT || direction == NAVDIR_UP;
+            const bool mirrored = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+            const bool back = direction == NAVDIR_PREVIOUS || direction == NAVDIR_UP ||
+                              direction == (mirrored ? NAVDIR_RIGHT : NAVDIR_LEFT);
             target = back ? number - 1 : number + 1;
         }
         if (target < 1 || target > count)

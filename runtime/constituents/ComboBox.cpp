@@ -1,7 +1,9 @@
 #include "runtime/constituents/ComboBox.h"
 
 #include "runtime/com/Errors.h"
+#include "runtime/com/Wine.h"
 #include "runtime/drawing/Graphics.h"
+#include "runtime/drawing/MirroredDc.h"
 #include "runtime/drawing/WindowResolution.h"
 
 #include <algorithm>
@@ -190,6 +192,22 @@ HWND ComboBox::List() const
     COMBOBOXINFO information = {};
     information.cbSize = sizeof information;
     return GetComboBoxInfo(hWnd(), &information) ? information.hwndList : nullptr;
+}
+
+// Wine's mirrored combo box clips its field as if the arrow were at the right.
+void ComboBox::ClipTo(const DRAWITEMSTRUCT& item)
+{
+    if ((item.itemState & ODS_COMBOBOXEDIT) == 0 || !DrawsMirrored(item.hDC) ||
+        WindowFromDC(item.hDC) != item.hwndItem || !RunsOnWine())
+        return;
+    SelectClipRgn(item.hDC, nullptr);
+    IntersectClipRect(item.hDC, item.rcItem.left, item.rcItem.top, item.rcItem.right, item.rcItem.bottom);
+}
+
+void ComboBox::FollowDirection(bool mirrored)
+{
+    Mirror(mirrored);
+    Window(List()).Mirror(mirrored);
 }
 
 void ComboBox::RepaintItem(int index)

@@ -51,8 +51,12 @@ public:
     // which depends on the resolution.
     void Font(HFONT font) override;
     void At(const Resolution& resolution) { resolution_ = resolution; }
+    // What is drawn for the parent's WM_DRAWITEM is to be seen where the item is.
+    static void ClipTo(const DRAWITEMSTRUCT& item);
     // Repaints an item, in the open list too.
     void RepaintItem(int index);
+    // With its list, which is no child of the surface.
+    void FollowDirection(bool mirrored) override;
     void Draw(HDC dc, const RECT& place) const override;
     HBRUSH Colors(HDC dc) override;
 

@@ -46,6 +46,8 @@ public:
     bool Visible() const;
     void Visible(bool visible);
     virtual void Font(HFONT font);
+    // The surface has been turned. Most turn with it.
+    virtual void FollowDirection(bool mirrored) { Mirror(mirrored); }
     // The help topic for the window; 0 for none.
     void HelpContextID(long topic);
 

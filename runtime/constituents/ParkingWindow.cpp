@@ -33,11 +33,13 @@ struct Parking
     }
 };
 
-// A system class, so that no code of this module is called should the window outlive it.
+// A system class, so that no code of this module is called should the window outlive it. In a process whose
+// windows are mirrored from the first it would be one of them, and is not to hand that on.
 HWND MakeLot()
 {
-    const HWND window = CreateWindowExA(WS_EX_TOOLWINDOW, "STATIC", "KivControls parking", WS_POPUP, 0, 0, 0,
-                                        0, nullptr, nullptr, nullptr, nullptr);
+    const HWND window =
+        CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_NOINHERITLAYOUT, "STATIC", "KivControls parking", WS_POPUP,
+                        0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
     if (!window)
         ThrowLastError();
     return window;

@@ -28,6 +28,8 @@ public:
 
     // code: what the bar was made to do (SB_LINELEFT and so on).
     void Notified(WORD code) override;
+    // Its arrow keys go through the values as ever.
+    void FollowDirection(bool) override {}
     void Draw(HDC dc, const RECT& place) const override;
 
 protected:

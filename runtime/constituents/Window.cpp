@@ -45,6 +45,22 @@ void Window::MoveUnder(HWND parent) const
         SetParent(window_, parent);
 }
 
+bool Window::IsMirrored() const
+{
+    return window_ && (GetWindowLongPtrA(window_, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+}
+
+void Window::Mirror(bool mirrored) const
+{
+    if (!window_ || mirrored == IsMirrored())
+        return;
+    SetWindowLongPtrA(window_, GWL_EXSTYLE, GetWindowLongPtrA(window_, GWL_EXSTYLE) ^ WS_EX_LAYOUTRTL);
+    // Scroll bars change sides.
+    SetWindowPos(window_, nullptr, 0, 0, 0, 0,
+                 SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    Invalidate();
+}
+
 bool Window::Post(UINT message, WPARAM wParam) const
 {
     return window_ && PostMessageA(window_, message, wParam, 0);

@@ -27,6 +27,12 @@ public:
     // Under another window; not if that one is gone.
     void MoveUnder(HWND parent) const;
 
+    // From right to left: its coordinates count from its right edge. A window made in a mirrored one is
+    // mirrored; one that is moved there is not, and what stands in one that is turned keeps its place on the
+    // screen: it is to be laid out anew.
+    bool IsMirrored() const;
+    void Mirror(bool mirrored) const;
+
     // False when it cannot be.
     bool Post(UINT message, WPARAM wParam = 0) const;
     // Takes back what was posted and has not arrived.

@@ -87,7 +87,10 @@ void Surface::Place(const RECT& position, const RECT& clip, bool show)
                          (!IntersectRect(&visible, &position, &clip) || !EqualRect(&visible, &position));
     if (clipped)
     {
-        OffsetRect(&visible, -position.left, -position.top);
+        // Regions count from the side that the window itself begins at.
+        const bool fromOtherSide = IsMirrored() != IsSurroundingMirrored();
+        OffsetRect(&visible, fromOtherSide ? position.right - visible.left - visible.right : -position.left,
+                   -position.top);
         // The window takes the region over.
         SetWindowRgn(window_, CreateRectRgnIndirect(&visible), TRUE);
     }
@@ -114,6 +117,23 @@ void Surface::Park()
         return;
     Show(false);
     MoveUnder(ParkingWindowFor(window_));
+}
+
+bool Surface::IsSurroundingMirrored() const
+{
+    return !IsParked(window_) && Window(GetAncestor(window_, GA_PARENT)).IsMirrored();
+}
+
+bool Surface::FollowDirection()
+{
+    const bool mirrored = IsSurroundingMirrored();
+    if (!window_ || mirrored == IsMirrored())
+        return false;
+    Mirror(mirrored);
+    for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if (Constituent* const constituent = Constituent::Of(child))
+            constituent->FollowDirection(mirrored);
+    return true;
 }
 
 bool Surface::ContainsFocus() const

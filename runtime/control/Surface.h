@@ -48,6 +48,10 @@ public:
     // Back under the parking window, hidden.
     void Park();
 
+    // Turns, with its constituents, to the direction of the window around it; a parked one is never mirrored.
+    // Returns whether it has turned: it is to be laid out anew then.
+    bool FollowDirection();
+
     // That of its window, as it was last looked at: what the surface measures and draws is for it. A parked
     // window keeps the one that it had.
     const Resolution& TheResolution() const { return resolution_; }
@@ -95,6 +99,7 @@ private:
     void PaintWindow();
     bool HasThemeBorder() const;
     bool PaintThemeBorder() const;
+    bool IsSurroundingMirrored() const;
 
     SurfaceEvents& events_;
     HDC paintDc_ = nullptr;

@@ -195,6 +195,8 @@ protected:
     // The same until the control fits, or its container gives no more. needed: the size that the control has
     // to take as it is now; none when it fits.
     void RequestFit(const std::function<std::optional<SIZE>()>& needed);
+    // Whether the control is mirrored where the window around it is.
+    virtual bool FollowsDirection() const { return true; }
     // The window that has the focus when the control has it: the surface's, unless a constituent takes it.
     virtual const Window& FocusWindow() const { return surface_; }
     // The letters that, with Alt, lead to the control; the container hears of a change.
@@ -350,6 +352,7 @@ private:
     void SetSize(SIZEL extent);
     void FollowWindow();
     void FollowResolution();
+    void FollowDirection();
 
     const ControlClass& class_;
     AmbientProperties ambient_;

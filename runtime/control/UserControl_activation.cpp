@@ -103,6 +103,7 @@ void UserControl::ShowIn(IOleInPlaceSite* site)
     frame_ = std::move(frame);
     document_ = std::move(document);
     surface_.MoveUnder(parent);
+    FollowDirection();
     surface_.Place(position, clip, true);
     // One of the same size in pixels has not heard of it.
     FollowResolution();
@@ -192,6 +193,7 @@ HRESULT UserControl::InPlaceDeactivate() noexcept
         frame_.Reset();
         document_.Reset();
         const ComPtr<IOleInPlaceSite> site = std::move(inPlaceSite_);
+        FollowDirection();
         site->OnInPlaceDeactivate();
     });
 }
@@ -216,6 +218,7 @@ HRESULT UserControl::SetObjectRects(LPCRECT position, LPCRECT clip) noexcept
     if (activity_ == Activity::Inactive)
         return E_UNEXPECTED;
     return Entry([&] {
+        FollowDirection();
         surface_.Place(*position, *clip, false);
         FollowResolution();
         FollowWindow();

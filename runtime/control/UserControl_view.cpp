@@ -2,6 +2,7 @@
 
 #include "runtime/core/Scoped.h"
 #include "runtime/core/Units.h"
+#include "runtime/drawing/MirroredDc.h"
 #include "runtime/drawing/SavedDc.h"
 
 using Microsoft::WRL::ComPtr;
@@ -12,8 +13,9 @@ namespace kiv
 namespace
 {
 
-// Lets a surface of size pixels at (0, 0) fill the bounds of a container's device context.
-void MapTo(HDC dc, const RECTL& bounds, SIZE size, const RECTL* windowBounds)
+// Lets a surface of size pixels at (0, 0) fill the bounds of a container's device context. In a mirrored one
+// it is mirrored if it follows, as it would be in a window there.
+void MapTo(HDC dc, const RECTL& bounds, SIZE size, const RECTL* windowBounds, bool follows)
 {
     const LONG width = bounds.right - bounds.left;
     const LONG height = bounds.bottom - bounds.top;
@@ -28,13 +30,26 @@ void MapTo(HDC dc, const RECTL& bounds, SIZE size, const RECTL* windowBounds)
                        MulDiv(windowBounds->bottom, size.cy, height), nullptr);
         return;
     }
+    const bool mirrored = DrawsMirrored(dc);
     POINT corners[] = {{bounds.left, bounds.top}, {bounds.right, bounds.bottom}};
+    if (mirrored && follows)
+        SetLayout(dc, 0);
     LPtoDP(dc, corners, ARRAYSIZE(corners));
+    if (mirrored && !follows)
+    {
+        SetLayout(dc, 0);
+        // The first pixel is the one before the bound at which counting from the right ends.
+        std::swap(corners[0].x, corners[1].x);
+        ++corners[0].x;
+        ++corners[1].x;
+    }
     SetMapMode(dc, MM_ANISOTROPIC);
     SetWindowOrgEx(dc, 0, 0, nullptr);
     SetWindowExtEx(dc, size.cx, size.cy, nullptr);
     SetViewportOrgEx(dc, corners[0].x, corners[0].y, nullptr);
     SetViewportExtEx(dc, corners[1].x - corners[0].x, corners[1].y - corners[0].y, nullptr);
+    if (mirrored && follows)
+        SetLayout(dc, LAYOUT_RTL);
 }
 
 } // namespace
@@ -77,6 +92,15 @@ void UserControl::FollowResolution()
     const ComPtr<IUnknown> held(Outer());
     UserControl_ResolutionChanged();
     Refresh();
+}
+
+// What turns needs no other size than before.
+void UserControl::FollowDirection()
+{
+    if (!FollowsDirection() || !surface_.FollowDirection() || !hasProperties_ || loading_)
+        return;
+    const Scoped<bool> requesting(requestingSize_, true);
+    UserControl_Resize();
 }
 
 void UserControl::RequestSize(SIZE pixels)
@@ -140,7 +164,7 @@ HRESULT UserControl::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC d
         if (size.cx == 0 || size.cy == 0 || bounds->left == bounds->right || bounds->top == bounds->bottom)
             return;
         const SavedDc saved(dc);
-        MapTo(dc, *bounds, size, windowBounds);
+        MapTo(dc, *bounds, size, windowBounds, FollowsDirection());
         IntersectClipRect(dc, 0, 0, size.cx, size.cy);
         surface_.PaintWithBorder(dc);
     });

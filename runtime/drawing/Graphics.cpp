@@ -2,6 +2,7 @@
 
 #include "runtime/com/PerThread.h"
 #include "runtime/drawing/Color.h"
+#include "runtime/drawing/MirroredDc.h"
 
 namespace kiv
 {
@@ -64,11 +65,17 @@ HDC MeasuringDc()
 }
 
 // The background of no text. A brush would have to be made, since a metafile does not record the colour of
-// the stock one.
+// the stock one. On a mirrored device context, which no metafile is, Wine's background is a column too far to
+// the left.
 void FillSolid(HDC dc, const RECT& rectangle, COLORREF color)
 {
     if (IsRectEmpty(&rectangle))
         return;
+    if (DrawsMirrored(dc))
+    {
+        FillRect(dc, &rectangle, GdiObject<HBRUSH>(CreateSolidBrush(color)).Get());
+        return;
+    }
     const COLORREF backColor = SetBkColor(dc, color);
     ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &rectangle, nullptr, 0, nullptr);
     // Not every metafile tells what it was.

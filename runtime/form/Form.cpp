@@ -78,14 +78,16 @@ void Form::Load(HWND owner, std::wstring_view caption)
     // On the owner's part of the screen, whose resolution it then has.
     RECT over = {};
     GetWindowRect(owner, &over);
-    if (!CreateWindowExW(ExtendedStyle, ClassName, std::wstring(caption).c_str(), Style, over.left, over.top,
-                         0, 0, owner, nullptr, ModuleInstance(), this))
+    const DWORD direction = Window(owner).IsMirrored() ? WS_EX_LAYOUTRTL : 0;
+    if (!CreateWindowExW(ExtendedStyle | direction, ClassName, std::wstring(caption).c_str(), Style,
+                         over.left, over.top, 0, 0, owner, nullptr, ModuleInstance(), this))
         ThrowLastError();
     const Resolution resolution = ResolutionOf(window_);
     const SIZE inner = {resolution.PixelsX(innerWidth_), resolution.PixelsY(innerHeight_)};
     ResizeInside(inner);
     surface_.emplace(static_cast<SurfaceEvents&>(*this), inner, false);
     surface_->MoveUnder(window_);
+    surface_->FollowDirection();
     surface_->RenewResolution();
     surface_->Place({0, 0, inner.cx, inner.cy}, {}, true);
     Form_Load();

@@ -165,6 +165,35 @@ TEST_F(AtlAxWinTest, LetsTheUserAnswer)
     DestroyWindow(container);
 }
 
+// In a mirrored dialog, whose children are mirrored without being told.
+TEST_F(AtlAxWinTest, MirrorsTheControlInAMirroredWindow)
+{
+    const auto isMirrored = [](HWND window) {
+        return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
+    };
+    for (const LONG_PTR direction : {LONG_PTR{WS_EX_LAYOUTRTL}, LONG_PTR{0}})
+    {
+        const LONG_PTR style = GetWindowLongPtrW(host_.Handle(), GWL_EXSTYLE);
+        SetWindowLongPtrW(host_.Handle(), GWL_EXSTYLE, (style & ~WS_EX_LAYOUTRTL) | direction);
+        const HWND container = CreateContainer(L"KivControls.YesNo");
+        ASSERT_NE(container, nullptr);
+        {
+            const ComPtr<_YesNo> control = ControlIn(container);
+            const HWND window = WindowOf(control.Get());
+            EXPECT_EQ(isMirrored(window), direction != 0);
+            RECT place = {};
+            GetWindowRect(window, &place);
+            SetForegroundWindow(host_.Handle());
+            PointAt({place.left + 5, (place.top + place.bottom) / 2});
+            PressButton(MouseButton::Left);
+            ReleaseButton(MouseButton::Left);
+            HandleInput();
+            EXPECT_EQ(ValueOf(control.Get()), direction != 0 ? No : Yes);
+        }
+        DestroyWindow(container);
+    }
+}
+
 // The text box is somewhere inside the control, parked until the focus comes.
 HWND BoxIn(HWND window)
 {

@@ -12,10 +12,10 @@ void HostedTest::SetUp()
     StartAnew();
 }
 
-void HostedTest::StartAnew()
+void HostedTest::StartAnew(bool rightToLeft)
 {
     DestroyForm();
-    form_ = std::make_unique<host::Form>(L"Test", SIZE{300, 120});
+    form_ = std::make_unique<host::Form>(L"Test", SIZE{300, 120}, rightToLeft);
 }
 
 void HostedTest::TearDown()

@@ -27,7 +27,7 @@ protected:
     void ShowForm();
     void DestroyForm() { form_.reset(); }
     // A new form, without anything on it.
-    void StartAnew();
+    void StartAnew(bool rightToLeft = false);
     // A button of the form's, for the focus to be elsewhere; the first thing on the form unless it comes
     // later.
     host::Button& AddElsewhere();

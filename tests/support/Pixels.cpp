@@ -41,6 +41,8 @@ Pixels PixelsOfWindow(HWND window)
         ThrowLastError();
     const Canvas canvas({inner.right, inner.bottom});
     const HDC dc = GetDC(window);
+    // From left to right, also where the window counts from the right.
+    SetLayout(dc, 0);
     BitBlt(canvas.Dc(), 0, 0, inner.right, inner.bottom, dc, 0, 0, SRCCOPY);
     ReleaseDC(window, dc);
     return canvas.Content();

@@ -35,6 +35,7 @@ TEST(CheckForm, TakesWhatAFormCanUse)
 {
     EXPECT_EQ(OfForm("Caption = \"x\"\nClientWidth = 0\nClientHeight = 1000000\nGridX = 15\nGridY = 1440"),
               "");
+    EXPECT_EQ(OfForm("RightToLeft = True"), "");
     EXPECT_EQ(OfForm("Anything = 5\nElse = \"kept\""), "");
     for (const char* blockClass : {"Label", "Frame", "Button", "Maker.Answer"})
         EXPECT_EQ(OfItem(blockClass,
@@ -59,6 +60,7 @@ TEST(CheckForm, SaysWhichKeyIsWrongAndWhere)
               "f:2: ClientHeight: a whole number from 0 to 1000000 is expected");
     EXPECT_EQ(OfForm("GridX = 14"), "f:2: GridX: a whole number from 15 to 1440 is expected");
     EXPECT_EQ(OfForm("GridY = 1441"), "f:2: GridY: a whole number from 15 to 1440 is expected");
+    EXPECT_EQ(OfForm("RightToLeft = 1"), "f:2: RightToLeft: True or False is expected");
     for (const char* blockClass : {"Label", "Frame", "Button", "Maker.Answer"})
     {
         EXPECT_EQ(OfItem(blockClass, "Left = 1000001"),
