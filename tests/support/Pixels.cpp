@@ -61,6 +61,15 @@ Pixels PixelsOfWholeWindow(HWND window)
     return canvas.Content();
 }
 
+Pixels Cut(const Pixels& picture, const RECT& place)
+{
+    Pixels part({place.right - place.left, place.bottom - place.top});
+    for (int y = 0; y < part.Size().cy; ++y)
+        for (int x = 0; x < part.Size().cx; ++x)
+            part.Set(x, y, picture.At(place.left + x, place.top + y));
+    return part;
+}
+
 std::string Difference(const Pixels& expected, const Pixels& actual)
 {
     if (expected == actual)

@@ -36,6 +36,9 @@ Pixels PixelsOfWindow(HWND window);
 // The same with its border and all that stands in it.
 Pixels PixelsOfWholeWindow(HWND window);
 
+// A part of it.
+Pixels Cut(const Pixels& picture, const RECT& place);
+
 // "" for equal pictures, else how many pixels differ and where, for people.
 std::string Difference(const Pixels& expected, const Pixels& actual);
 

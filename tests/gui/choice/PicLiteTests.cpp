@@ -1,9 +1,8 @@
 // A PicLite on a form: what shows of its picture, and the caption that it gives all message boxes.
 
 #include "tests/gui/HostedTest.h"
-#include "tests/support/Drawing.h"
 #include "tests/support/MessageBoxWatcher.h"
-#include "tests/support/Pixels.h"
+#include "tests/support/Pictures.h"
 
 #include "runtime/com/Errors.h"
 
@@ -23,24 +22,9 @@ constexpr COLORREF Green = RGB(0, 255, 0);
 constexpr COLORREF Blue = RGB(0, 0, 255);
 
 // Red above, green below.
-ComPtr<IPictureDisp> TwoColours(int width, int height)
+ComPtr<IPictureDisp> RedAndGreen(int width, int height)
 {
-    const HDC screen = GetDC(nullptr);
-    PICTDESC description = {};
-    description.cbSizeofstruct = sizeof description;
-    description.picType = PICTYPE_BITMAP;
-    description.bmp.hbitmap = CreateCompatibleBitmap(screen, width, height);
-    ReleaseDC(nullptr, screen);
-    {
-        const BitmapDc dc(description.bmp.hbitmap);
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x)
-                SetPixel(dc.Get(), x, y, y < height / 2 ? Red : Green);
-    }
-    ComPtr<IPictureDisp> picture;
-    EXPECT_HRESULT_SUCCEEDED(OleCreatePictureIndirect(&description, __uuidof(IPictureDisp), TRUE,
-                                                      reinterpret_cast<void**>(picture.GetAddressOf())));
-    return picture;
+    return PictureOf(TwoColours({width, height}, Red, Green, {width, height / 2}));
 }
 
 class PicLiteShown : public HostedTest
@@ -68,7 +52,7 @@ TEST_F(PicLiteShown, ShowsEachChangeAtOnce)
     host::ControlSite& site = Shown();
     const COLORREF face = GetSysColor(COLOR_BTNFACE);
     EXPECT_EQ(At(0, 0), face);
-    PutPicture(TwoColours(30, 20));
+    PutPicture(RedAndGreen(30, 20));
     EXPECT_EQ(At(0, 0), Red);
     EXPECT_EQ(At(29, 19), Green);
     EXPECT_EQ(At(30, 19), face);
@@ -87,7 +71,7 @@ TEST_F(PicLiteShown, ShowsEachChangeAtOnce)
 TEST_F(PicLiteShown, ShowsWhatFitsOfALargePicture)
 {
     Shown();
-    PutPicture(TwoColours(200, 60));
+    PutPicture(RedAndGreen(200, 60));
     EXPECT_EQ(At(59, 29), Red);
     EXPECT_EQ(At(59, 30), Green);
     PumpPending(TheForm());
@@ -98,7 +82,7 @@ TEST_F(PicLiteShown, ShowsWhatFitsOfALargePicture)
 TEST_F(PicLiteShown, IsPaintedAgain)
 {
     host::ControlSite& site = Shown();
-    PutPicture(TwoColours(30, 20));
+    PutPicture(RedAndGreen(30, 20));
     InvalidateRect(site.Window(), nullptr, TRUE);
     PumpPending(TheForm());
     EXPECT_EQ(At(0, 0), Red);

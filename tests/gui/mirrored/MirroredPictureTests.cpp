@@ -2,13 +2,10 @@
 
 #include "tests/gui/mirrored/MirroredTest.h"
 
-#include "runtime/com/Errors.h"
 #include "tests/gui/choice/HostedButton.h"
-#include "tests/support/Drawing.h"
 #include "tests/support/KnownPlatformGap.h"
 #include "tests/support/NamedRow.h"
-
-#include <olectl.h>
+#include "tests/support/Pictures.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -75,33 +72,13 @@ class MirroredPicture : public MirroredTest
 constexpr COLORREF Red = RGB(255, 0, 0);
 constexpr COLORREF Blue = RGB(0, 0, 255);
 
-// Red at the left, blue at the right.
-ComPtr<IPictureDisp> RedAndBlue(int width, int height)
-{
-    const HDC screen = GetDC(nullptr);
-    PICTDESC description = {};
-    description.cbSizeofstruct = sizeof description;
-    description.picType = PICTYPE_BITMAP;
-    description.bmp.hbitmap = CreateCompatibleBitmap(screen, width, height);
-    ReleaseDC(nullptr, screen);
-    {
-        const BitmapDc dc(description.bmp.hbitmap);
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x)
-                SetPixel(dc.Get(), x, y, x < width / 2 ? Red : Blue);
-    }
-    ComPtr<IPictureDisp> picture;
-    EXPECT_HRESULT_SUCCEEDED(OleCreatePictureIndirect(&description, __uuidof(IPictureDisp), TRUE,
-                                                      reinterpret_cast<void**>(picture.GetAddressOf())));
-    return picture;
-}
-
 } // namespace
 
 TEST_F(MirroredPicture, OfAPicLiteStandsAtTheRightTheRightWayRound)
 {
     host::ControlSite& site = Add(CLSID_PicLite, Placed({20, 20, 60, 40}));
-    EXPECT_HRESULT_SUCCEEDED(site.Query<_PicLite>()->putref_Picture(RedAndBlue(20, 10).Get()));
+    EXPECT_HRESULT_SUCCEEDED(
+        site.Query<_PicLite>()->putref_Picture(PictureOf(TwoColours({20, 10}, Red, Blue, {10, 10})).Get()));
     ShowForm();
     const Pixels seen = Seen(site.Window());
     EXPECT_EQ(Cut(seen, {20, 0, 30, 10}).Count(Red), 100);

@@ -8,15 +8,6 @@ bool IsMirrored(HWND window)
     return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0;
 }
 
-Pixels Cut(const Pixels& picture, const RECT& place)
-{
-    Pixels part({place.right - place.left, place.bottom - place.top});
-    for (int y = 0; y < part.Size().cy; ++y)
-        for (int x = 0; x < part.Size().cx; ++x)
-            part.Set(x, y, picture.At(place.left + x, place.top + y));
-    return part;
-}
-
 RECT Mirrored(const RECT& place, LONG width)
 {
     return {width - place.right, place.top, width - place.left, place.bottom};

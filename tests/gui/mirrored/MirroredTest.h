@@ -8,8 +8,6 @@ namespace kiv::test
 
 bool IsMirrored(HWND window);
 
-// Part of a picture.
-Pixels Cut(const Pixels& picture, const RECT& place);
 // Where a place would be in a mirrored window so wide.
 RECT Mirrored(const RECT& place, LONG width);
 

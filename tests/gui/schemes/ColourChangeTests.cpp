@@ -2,11 +2,10 @@
 
 #include "tests/gui/HostedTest.h"
 #include "tests/support/NamedRow.h"
-#include "tests/support/Pixels.h"
+#include "tests/support/Pictures.h"
 #include "tests/support/SystemColour.h"
 
 #include <KivControls.h>
-#include <olectl.h>
 
 using Microsoft::WRL::ComPtr;
 
@@ -81,7 +80,8 @@ protected:
     void Show(OLE_COLOR replace)
     {
         site_ = &TheForm().Add(Library::UnderTest().Create(CLSID_PicLite).Get(), Placed({20, 20, 80, 60}));
-        EXPECT_HRESULT_SUCCEEDED(site_->Query<_PicLite>()->putref_Picture(RedPicture().Get()));
+        EXPECT_HRESULT_SUCCEEDED(
+            site_->Query<_PicLite>()->putref_Picture(PictureOf(TwoColours({10, 10}, Red, Red, {})).Get()));
         site_->Put(L"MaskColor", Variant(static_cast<long>(Red)));
         site_->Put(L"ReplaceColor", Variant(static_cast<long>(replace)));
         ShowForm();
@@ -100,26 +100,6 @@ protected:
     HWND Window() const { return site_->Window(); }
 
 private:
-    static ComPtr<IPictureDisp> RedPicture()
-    {
-        const HDC screen = GetDC(nullptr);
-        PICTDESC description = {};
-        description.cbSizeofstruct = sizeof description;
-        description.picType = PICTYPE_BITMAP;
-        description.bmp.hbitmap = CreateCompatibleBitmap(screen, 10, 10);
-        const HDC dc = CreateCompatibleDC(screen);
-        const HGDIOBJ former = SelectObject(dc, description.bmp.hbitmap);
-        for (int at = 0; at < 100; ++at)
-            SetPixel(dc, at % 10, at / 10, Red);
-        SelectObject(dc, former);
-        DeleteDC(dc);
-        ReleaseDC(nullptr, screen);
-        ComPtr<IPictureDisp> picture;
-        EXPECT_HRESULT_SUCCEEDED(OleCreatePictureIndirect(&description, __uuidof(IPictureDisp), TRUE,
-                                                          reinterpret_cast<void**>(picture.GetAddressOf())));
-        return picture;
-    }
-
     host::ControlSite* site_ = nullptr;
 };
 

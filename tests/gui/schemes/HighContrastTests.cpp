@@ -35,15 +35,6 @@ protected:
     const HighContrast scheme_{GetParam()};
 };
 
-Pixels Part(const Pixels& whole, const RECT& place)
-{
-    Pixels part({place.right - place.left, place.bottom - place.top});
-    for (int y = 0; y < part.Size().cy; ++y)
-        for (int x = 0; x < part.Size().cx; ++x)
-            part.Set(x, y, whole.At(place.left + x, place.top + y));
-    return part;
-}
-
 // Both are there, and nothing else.
 void ExpectOnly(const Pixels& shown, COLORREF ink, COLORREF ground, const std::string& what)
 {
@@ -71,9 +62,9 @@ TEST_P(HighContrastLook, SignsOfButtonsAreTextAndFace)
         button.Put(L"PictureType", sign.Type);
         button.Put(L"DetailStatus", sign.Status);
         button.SetEnabled(true);
-        ExpectOnly(Part(Client(button.Button()), {3, 3, 97, 33}), Ink(), Ground(), what);
+        ExpectOnly(Cut(Client(button.Button()), {3, 3, 97, 33}), Ink(), Ground(), what);
         button.SetEnabled(false);
-        ExpectOnly(Part(Client(button.Button()), {3, 3, 97, 33}), HighContrast::Disabled, Ground(),
+        ExpectOnly(Cut(Client(button.Button()), {3, 3, 97, 33}), HighContrast::Disabled, Ground(),
                    what + ", disabled");
     }
 }
@@ -96,14 +87,14 @@ TEST_P(HighContrastLook, OptionsAreTextAndGround)
     HostedYesNo answer(TheForm(), Placed({20, 60, 140, 80}));
     ShowForm();
     const RECT yes = {0, 3, 14, 17};
-    const Pixels blank = Part(Client(answer.Window()), yes);
+    const Pixels blank = Cut(Client(answer.Window()), yes);
     ExpectOnly(blank, Ink(), Ground(), "blank");
     ASSERT_HRESULT_SUCCEEDED(answer.Control()->put_Value(Yes));
-    const Pixels set = Part(Client(answer.Window()), yes);
+    const Pixels set = Cut(Client(answer.Window()), yes);
     ExpectOnly(set, Ink(), Ground(), "set");
     EXPECT_GT(set.Count(Ink()), blank.Count(Ink())) << "the dot";
     ASSERT_HRESULT_SUCCEEDED(answer.Control()->put_Enabled(VARIANT_FALSE));
-    ExpectOnly(Part(Client(answer.Window()), yes), HighContrast::Disabled, Ground(), "disabled");
+    ExpectOnly(Cut(Client(answer.Window()), yes), HighContrast::Disabled, Ground(), "disabled");
 }
 
 // The circle is closed: from its middle one meets ink in every direction.
@@ -112,7 +103,7 @@ TEST_P(HighContrastLook, AnOptionIsAWholeCircle)
     AddElsewhere();
     HostedYesNo answer(TheForm(), Placed({20, 60, 140, 80}));
     ShowForm();
-    const Pixels circle = Part(Client(answer.Window()), {0, 3, 14, 17});
+    const Pixels circle = Cut(Client(answer.Window()), {0, 3, 14, 17});
     const POINT directions[] = {{1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}, {0, -1}, {1, -1}};
     for (const POINT direction : directions)
     {
@@ -136,7 +127,7 @@ TEST_P(HighContrastLook, SignsOfAListAreTextAndGroundAlsoOnTheHighlight)
     const auto sign = [&](int index) {
         RECT place = {};
         SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&place));
-        return Part(PixelsOfWindow(list), {place.left, place.top, place.left + 14, place.bottom});
+        return Cut(PixelsOfWindow(list), {place.left, place.top, place.left + 14, place.bottom});
     };
     ExpectOnly(sign(0), Ink(), Ground(), "partial");
     ExpectOnly(sign(1), Ink(), Ground(), "complete");
