@@ -9,6 +9,8 @@ add_library(kiv_options INTERFACE)
 target_compile_options(kiv_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 # Includes read from the root of the tree, so that a line shows which layer it reaches into.
 target_include_directories(kiv_options INTERFACE ${CMAKE_SOURCE_DIR})
+# What is built says nothing of the folder that it was built in, so that any other one gives the same bytes.
+target_compile_options(kiv_options INTERFACE -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
 
 if(WIN32)
     # Windows 7 is the oldest system whose declarations are used.
@@ -16,7 +18,8 @@ if(WIN32)
         WIN32_LEAN_AND_MEAN NOMINMAX STRICT WINVER=0x0601 _WIN32_WINNT=0x0601)
     # The newest debug format that Wine's backtraces can read.
     target_compile_options(kiv_options INTERFACE -gdwarf-4)
-    target_link_options(kiv_options INTERFACE -static)
+    # Nor of the time.
+    target_link_options(kiv_options INTERFACE -static -Wl,--no-insert-timestamp)
 elseif(KIV_SANITIZE)
     set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_compile_options(kiv_options INTERFACE ${sanitizers})

@@ -137,6 +137,16 @@ expect_run 2 '' "kiv: there is no command 'such'*"
 kiv --help
 expect_run 0 'kiv: *' ''
 
+# The version is the project's.
+kiv --version
+expect_run 0 "KivCtls $(sed -nE 's/^project\(KivCtls VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt)" ''
+kiv --version again
+expect_run 2 '' 'kiv: --version does not know: again*'
+sed -i 's/^project(KivCtls VERSION/project(KivCtls/' "$tree/CMakeLists.txt"
+kiv --version
+expect_run 1 '' 'kiv: CMakeLists.txt tells no version.*'
+cp CMakeLists.txt "$tree"
+
 # Words that are lists of known words, or nearly numbers.
 kiv bench 'YesNo ChkCombo'
 expect_run 2 '' "kiv: there are no measurements 'YesNo ChkCombo'*"
