@@ -10,7 +10,11 @@ target_compile_options(kiv_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -
 # Includes read from the root of the tree, so that a line shows which layer it reaches into.
 target_include_directories(kiv_options INTERFACE ${CMAKE_SOURCE_DIR})
 # What is built says nothing of the folder that it was built in, so that any other one gives the same bytes.
-target_compile_options(kiv_options INTERFACE -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
+# Compiler caches may name the sources as the build tree sees them.
+file(RELATIVE_PATH fromBuild ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
+string(REGEX REPLACE "/$" "" fromBuild ${fromBuild})
+target_compile_options(kiv_options INTERFACE
+    -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${fromBuild}=.)
 
 if(WIN32)
     # Windows 7 is the oldest system whose declarations are used.

@@ -3,7 +3,8 @@
 #pragma once
 
 #define KIV_TEXT_OF(number) #number
-#define KIV_VERSION_TEXT_OF(major, minor, patch) KIV_TEXT_OF(major) "." KIV_TEXT_OF(minor) "." KIV_TEXT_OF(patch)
+#define KIV_VERSION_TEXT_OF(major, minor, patch)                                                             \
+    KIV_TEXT_OF(major) "." KIV_TEXT_OF(minor) "." KIV_TEXT_OF(patch)
 
 #define KIV_VERSION_NUMBERS KIV_VERSION_MAJOR, KIV_VERSION_MINOR, KIV_VERSION_PATCH, 0
 #define KIV_VERSION_TEXT KIV_VERSION_TEXT_OF(KIV_VERSION_MAJOR, KIV_VERSION_MINOR, KIV_VERSION_PATCH)
