@@ -1,7 +1,6 @@
 #include "framework/library/Registration.h"
 
 #include "framework/library/RegistryKey.h"
-#include "framework/library/UserTypeLibrary.h"
 #include "runtime/com/DispatchTable.h"
 
 #include <KivControls.h>
@@ -10,6 +9,14 @@
 #include <string>
 
 using Microsoft::WRL::ComPtr;
+
+extern "C"
+{
+    // The system has them since Windows 7; the compiler's headers do not.
+    HRESULT WINAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* helpFolder);
+    HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID library, WORD major, WORD minor, LCID locale,
+                                            SYSKIND system);
+}
 
 namespace kiv
 {
@@ -57,34 +64,48 @@ std::wstring LibraryPathOf()
            std::to_wstring(MinorVersion) + L"\\0\\" + ThisPlatform;
 }
 
-// Where classes are registered, and what registers a type library there.
+// Where classes are registered, and how a type library gets there and away.
 struct Audience
 {
     HKEY Root;
     const wchar_t* Below; // the root
-    decltype(&RegisterUserTypeLibrary) RegisterLibrary;
-    decltype(&UnregisterUserTypeLibrary) UnregisterLibrary;
+    HRESULT (*RegisterLibrary)(ITypeLib* library, std::wstring& path);
+    void (*UnregisterLibrary)();
 
     RegistryKey Key(const std::wstring& path) const { return RegistryKey(Root, Below + path); }
     bool Has(const std::wstring& path) const { return RegistryKey::Exists(Root, Below + path); }
     bool Remove(const std::wstring& path) const { return RegistryKey::Remove(Root, Below + path); }
 };
 
-HRESULT WINAPI RegisterTypeLibrary(ITypeLib* library, OLECHAR* path, OLECHAR* helpFolder) noexcept
+constexpr wchar_t UserClasses[] = L"Software\\Classes\\";
+
+HRESULT RegisterLibraryForAll(ITypeLib* library, std::wstring& path)
 {
-    return RegisterTypeLib(library, path, helpFolder);
+    return RegisterTypeLib(library, path.data(), nullptr);
 }
 
-HRESULT WINAPI UnregisterTypeLibrary(REFGUID library, WORD major, WORD minor, LCID locale,
-                                     SYSKIND system) noexcept
+HRESULT RegisterLibraryForUser(ITypeLib* library, std::wstring& path)
 {
-    return UnRegisterTypeLib(library, major, minor, locale, system);
+    return RegisterTypeLibForUser(library, path.data(), nullptr);
+}
+
+void UnregisterLibraryForAll()
+{
+    Check(UnRegisterTypeLib(LIBID_KivControls, MajorVersion, MinorVersion, LOCALE_NEUTRAL, ThisSystem));
+}
+
+// The system reads the file for that, which may be gone by now, and Wine looks only among what is for all
+// users. Whatever comes of it, hosts are not to be led there any more.
+void UnregisterLibraryForUser()
+{
+    UnRegisterTypeLibForUser(LIBID_KivControls, MajorVersion, MinorVersion, LOCALE_NEUTRAL, ThisSystem);
+    RegistryKey::Remove(HKEY_CURRENT_USER, UserClasses + LibraryPathOf());
 }
 
 // The root of all classes, not the machine's: a host that redirects it has everything go there.
-const Audience AllUsers = {HKEY_CLASSES_ROOT, L"", &RegisterTypeLibrary, &UnregisterTypeLibrary};
-const Audience CurrentUser = {HKEY_CURRENT_USER, L"Software\\Classes\\", &RegisterUserTypeLibrary,
-                              &UnregisterUserTypeLibrary};
+const Audience AllUsers = {HKEY_CLASSES_ROOT, L"", &RegisterLibraryForAll, &UnregisterLibraryForAll};
+const Audience CurrentUser = {HKEY_CURRENT_USER, UserClasses, &RegisterLibraryForUser,
+                              &UnregisterLibraryForUser};
 
 void RegisterProgId(const Audience& audience, const std::wstring& progId, const ControlClass& controlClass)
 {
@@ -121,7 +142,7 @@ void RegisterFor(const Audience& audience, std::span<const ControlClass* const> 
                  std::wstring modulePath)
 {
     // Not by LoadTypeLibEx itself, which may store the path in a form that hosts do not expect.
-    Check(audience.RegisterLibrary(library, modulePath.data(), nullptr));
+    Check(audience.RegisterLibrary(library, modulePath));
     for (const ControlClass* controlClass : classes)
         RegisterControl(audience, *controlClass, modulePath);
 }
@@ -137,8 +158,7 @@ bool UnregisterFor(const Audience& audience, std::span<const ControlClass* const
             found = audience.Remove(path) || found;
     }
     if (audience.Has(LibraryPathOf()))
-        Check(audience.UnregisterLibrary(LIBID_KivControls, MajorVersion, MinorVersion, LOCALE_NEUTRAL,
-                                         ThisSystem));
+        audience.UnregisterLibrary();
     return found;
 }
 

@@ -1,4 +1,5 @@
-// Makes one page and one JUnit file of what the test programs have written: cscript //nologo report.js FOLDER
+// Makes one page and one JUnit file of what the test programs have written:
+//     cscript //nologo report.js FOLDER PROGRAM ...
 var files = new ActiveXObject("Scripting.FileSystemObject");
 var folder = WScript.Arguments(0);
 var passed = 0, failed = 0, skipped = 0;
@@ -73,17 +74,8 @@ function addProgram(name) {
             "</td></tr>\n";
 }
 
-var names = [];
-for (var each = new Enumerator(files.GetFolder(folder).Files); !each.atEnd(); each.moveNext()) {
-    var found = /^(.*)\.started$/.exec(each.item().Name);
-    if (found)
-        names.push(found[1]);
-}
-names.sort();
-for (var i = 0; i < names.length; ++i) {
-    addProgram(names[i]);
-    files.DeleteFile(folder + "\\" + names[i] + ".started");
-}
+for (var i = 1; i < WScript.Arguments.length; ++i)
+    addProgram(WScript.Arguments(i));
 
 var summary = passed + " passed, " + failed + " failed, " + skipped + " skipped";
 writeAll(folder + "\\results.xml",

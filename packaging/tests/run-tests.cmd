@@ -5,6 +5,7 @@ rem it, and results\results.xml tells other programs. Ends with 0 when all passe
 setlocal
 cd /d "%~dp0"
 set ARCHES=
+set PROGRAMS=
 set GROUPS=
 set SCOPE=/user
 set LEFT_OUT=-RegistrationTest.*:RegistrationFreeTest.*:RegsvrTest.*
@@ -42,7 +43,7 @@ set KIV_CODES=%CD%\data\codes.db
 set KIV_WRONG_COLUMNS=%CD%\data\wrong-columns.db
 set KIV_NO_POSTGRESQL=there is no server
 for %%a in (%ARCHES%) do call :architecture %%a
-cscript //nologo report.js results
+cscript //nologo report.js results %PROGRAMS%
 exit /b %ERRORLEVEL%
 
 :architecture
@@ -55,6 +56,6 @@ exit /b
 
 :group
 echo %1 %2 ...
-echo %1 %2> "results\%1-%2.started"
+set PROGRAMS=%PROGRAMS% %1-%2
 "%1\%2\kiv-%2-tests.exe" --gtest_color=no --gtest_output=xml:results\%1-%2.xml --gtest_filter=%KIV_FILTER%%LEFT_OUT% > "results\%1-%2.log" 2>&1
 exit /b

@@ -62,6 +62,10 @@ protected:
     void SetUp() override
     {
         LibraryTest::SetUp();
+        {
+            const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+            RegDeleteTreeW(HKEY_CLASSES_ROOT, (L"TypeLib\\" + LibraryId).c_str());
+        }
         // What an earlier library has written must not stand in for what this one writes.
         ASSERT_HRESULT_SUCCEEDED(TheLibrary().Unregister());
         ASSERT_HRESULT_SUCCEEDED(TheLibrary().Register());
@@ -303,6 +307,26 @@ TEST_F(RegistrationTest, LeavesNothingOfTheCurrentUserInFrontOfWhatIsForAll)
     EXPECT_EQ(Hr(TheLibrary().Register()), Hr(S_OK));
     const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
     EXPECT_FALSE(AnyIsRegistered(classes));
+}
+
+// What the user has registered may have been deleted without a word.
+TEST_F(RegistrationTest, GetsOverATypeLibraryOfTheUsersThatIsGone)
+{
+    const std::wstring platform = sizeof(void*) == 8 ? L"win64" : L"win32";
+    const std::wstring key = L"TypeLib\\" + LibraryId + L"\\1.0\\0\\" + platform;
+    {
+        const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+        HKEY gone = nullptr;
+        ASSERT_EQ(RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                                  &gone, nullptr),
+                  ERROR_SUCCESS);
+        RegSetValueExW(gone, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(L"C:\\gone"),
+                       8 * sizeof(wchar_t));
+        RegCloseKey(gone);
+    }
+    EXPECT_EQ(Hr(TheLibrary().Register()), Hr(S_OK));
+    const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+    EXPECT_FALSE(IsRegistered(key));
 }
 
 // The library of all users is only an administrator's to take away.

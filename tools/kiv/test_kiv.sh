@@ -147,6 +147,18 @@ kiv --version
 expect_run 1 '' 'kiv: CMakeLists.txt tells no version.*'
 cp CMakeLists.txt "$tree"
 
+# Offsets are hexadecimal numbers, of one architecture, into a library that has been built.
+for word in KivCtls.ocx+0x12345g 123456789 ''; do
+    kiv where "$word"
+    expect_run 2 '' "kiv: '"*"' is no offset into the library"$'\n*'
+done
+kiv where
+expect_run 2 '' 'kiv: where needs an offset*'
+kiv where --arch all 1000
+expect_run 2 '' 'kiv: an offset is one of one architecture*'
+kiv where --arch x64 KivCtls.ocx+0x1000
+expect_run 1 '' 'kiv: there is no build/x64/KivCtls.ocx.debug.*'
+
 # Words that are lists of known words, or nearly numbers.
 kiv bench 'YesNo ChkCombo'
 expect_run 2 '' "kiv: there are no measurements 'YesNo ChkCombo'*"

@@ -14,6 +14,7 @@ cmd_where() {
         [[ $offset =~ ^[0-9a-fA-F]{1,8}$ ]] || misused "'$offset' is no offset into the library" "It is a hexadecimal number."
         addresses+=("$offset")
     done
+    ensure build
     # That of the packages, where they have been made.
     debug=$PACKAGES_DIR/stage/debug/$arch/KivCtls.ocx.debug
     [[ -e $debug ]] || debug=$(library "$arch").debug
