@@ -13,8 +13,8 @@ target_include_directories(kiv_options INTERFACE ${CMAKE_SOURCE_DIR})
 # Compiler caches may name the sources as the build tree sees them.
 file(RELATIVE_PATH fromBuild ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
 string(REGEX REPLACE "/$" "" fromBuild ${fromBuild})
-target_compile_options(kiv_options INTERFACE
-    -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${fromBuild}=.)
+set(KIV_NO_PLACE -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${fromBuild}=.)
+target_compile_options(kiv_options INTERFACE ${KIV_NO_PLACE})
 
 if(WIN32)
     # Windows 7 is the oldest system whose declarations are used.

@@ -58,6 +58,7 @@ add_custom_target(kiv_contract_files
 file(CONFIGURE OUTPUT ${contractDir}/identifiers.cpp
     CONTENT "#include <initguid.h>\n\n#include <KivControls.h>\n" @ONLY)
 add_library(kiv_contract_ids STATIC ${contractDir}/identifiers.cpp)
+target_compile_options(kiv_contract_ids PRIVATE ${KIV_NO_PLACE})
 add_dependencies(kiv_contract_ids kiv_contract_files)
 target_include_directories(kiv_contract_ids SYSTEM PRIVATE ${contractDir})
 

@@ -25,6 +25,7 @@ VIAddVersionKey ProductName "KivCtls"
 VIAddVersionKey ProductVersion "${VERSION}"
 
 !include LogicLib.nsh
+!include Sections.nsh
 !include FileFunc.nsh
 !include MUI2.nsh
 !include WordFunc.nsh
@@ -96,70 +97,6 @@ Var ForScope ; the switch of KivRegister
         FileClose $0
     ${EndIf}
 !macroend
-
-Function .onInit
-    UserInfo::GetAccountType
-    Pop $0
-    StrCpy $Scope user
-    ${If} $0 == "Admin"
-        StrCpy $Scope all
-    ${EndIf}
-    ${GetParameters} $1
-    ClearErrors
-    ${GetOptions} $1 "/AllUsers" $2
-    ${IfNot} ${Errors}
-    ${AndIf} $Scope != all
-        !insertmacro GiveUp ${EXIT_RIGHTS} "Only an administrator installs KivCtls for all users."
-    ${EndIf}
-    ClearErrors
-    ${GetOptions} $1 "/CurrentUser" $2
-    ${IfNot} ${Errors}
-        StrCpy $Scope user
-    ${EndIf}
-    ClearErrors
-    ${GetOptions} $1 "/SDK" $2
-    ${IfNot} ${Errors}
-        SectionSetFlags 2 1
-    ${EndIf}
-    ClearErrors
-    ${GetOptions} $1 "/NoWorkbench" $2
-    ${IfNot} ${Errors}
-        SectionSetFlags 1 0
-    ${EndIf}
-    !insertmacro UseScope
-
-    ${If} $INSTDIR == ""
-        ReadRegStr $INSTDIR SHCTX "${UNINSTALL_KEY}" "InstallLocation"
-    ${EndIf}
-    ${If} $INSTDIR == ""
-        ${If} $Scope == user
-            StrCpy $INSTDIR "$LOCALAPPDATA\Programs\KivCtls"
-        ${ElseIf} ${RunningX64}
-            StrCpy $INSTDIR "$PROGRAMFILES64\KivCtls"
-        ${Else}
-            StrCpy $INSTDIR "$PROGRAMFILES32\KivCtls"
-        ${EndIf}
-    ${EndIf}
-
-    ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "DisplayVersion"
-    ${VersionCompare} "$0" "${VERSION}" $1
-    ${If} $0 != ""
-    ${AndIf} $1 == 1
-        !insertmacro GiveUp ${EXIT_NEWER} "KivCtls $0 is installed already. This is ${VERSION}."
-    ${EndIf}
-    ReadRegStr $0 HKCR "${FIRST_CLASS}" ""
-    !insertmacro RefuseNewer
-    ${If} ${RunningX64}
-        SetRegView 64
-        ReadRegStr $0 HKCR "${FIRST_CLASS}" ""
-        SetRegView 32
-        ${DisableX64FSRedirection}
-        !insertmacro RefuseNewer
-        ${EnableX64FSRedirection}
-    ${EndIf}
-    !insertmacro RefuseUsed "$INSTDIR\x86\KivCtls.ocx"
-    !insertmacro RefuseUsed "$INSTDIR\x64\KivCtls.ocx"
-FunctionEnd
 
 ; So many products use a file that is for all users; those that are no set-up programs of this one count for themselves.
 !macro CountUse view file
@@ -267,6 +204,70 @@ SectionEnd
     !insertmacro MUI_DESCRIPTION_TEXT ${SectionWorkbench} "FolioHost, which shows forms with the controls and plays scripts on them."
     !insertmacro MUI_DESCRIPTION_TEXT ${SectionSdk} "The contract, a C++ header, samples and the documents."
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
+
+Function .onInit
+    UserInfo::GetAccountType
+    Pop $0
+    StrCpy $Scope user
+    ${If} $0 == "Admin"
+        StrCpy $Scope all
+    ${EndIf}
+    ${GetParameters} $1
+    ClearErrors
+    ${GetOptions} $1 "/AllUsers" $2
+    ${IfNot} ${Errors}
+    ${AndIf} $Scope != all
+        !insertmacro GiveUp ${EXIT_RIGHTS} "Only an administrator installs KivCtls for all users."
+    ${EndIf}
+    ClearErrors
+    ${GetOptions} $1 "/CurrentUser" $2
+    ${IfNot} ${Errors}
+        StrCpy $Scope user
+    ${EndIf}
+    ClearErrors
+    ${GetOptions} $1 "/SDK" $2
+    ${IfNot} ${Errors}
+        SectionSetFlags ${SectionSdk} ${SF_SELECTED}
+    ${EndIf}
+    ClearErrors
+    ${GetOptions} $1 "/NoWorkbench" $2
+    ${IfNot} ${Errors}
+        SectionSetFlags ${SectionWorkbench} 0
+    ${EndIf}
+    !insertmacro UseScope
+
+    ${If} $INSTDIR == ""
+        ReadRegStr $INSTDIR SHCTX "${UNINSTALL_KEY}" "InstallLocation"
+    ${EndIf}
+    ${If} $INSTDIR == ""
+        ${If} $Scope == user
+            StrCpy $INSTDIR "$LOCALAPPDATA\Programs\KivCtls"
+        ${ElseIf} ${RunningX64}
+            StrCpy $INSTDIR "$PROGRAMFILES64\KivCtls"
+        ${Else}
+            StrCpy $INSTDIR "$PROGRAMFILES32\KivCtls"
+        ${EndIf}
+    ${EndIf}
+
+    ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "DisplayVersion"
+    ${VersionCompare} "$0" "${VERSION}" $1
+    ${If} $0 != ""
+    ${AndIf} $1 == 1
+        !insertmacro GiveUp ${EXIT_NEWER} "KivCtls $0 is installed already. This is ${VERSION}."
+    ${EndIf}
+    ReadRegStr $0 HKCR "${FIRST_CLASS}" ""
+    !insertmacro RefuseNewer
+    ${If} ${RunningX64}
+        SetRegView 64
+        ReadRegStr $0 HKCR "${FIRST_CLASS}" ""
+        SetRegView 32
+        ${DisableX64FSRedirection}
+        !insertmacro RefuseNewer
+        ${EnableX64FSRedirection}
+    ${EndIf}
+    !insertmacro RefuseUsed "$INSTDIR\x86\KivCtls.ocx"
+    !insertmacro RefuseUsed "$INSTDIR\x64\KivCtls.ocx"
+FunctionEnd
 
 Function un.onInit
     StrCpy $Scope user

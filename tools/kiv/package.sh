@@ -57,6 +57,8 @@ make_packages() {
     local version day
     version=$(project_version)
     day=$(release_day)
+    # What strips programs, and what makes the set-up program, would write the time into them.
+    export SOURCE_DATE_EPOCH=0
     rm -rf "$STAGE" "$PACKAGES_DIR"/{KivCtls-*,SHA256SUMS,CHANGELOG,THIRD-PARTY.txt,files.nsh}
     mkdir -p "$STAGE"
     stage_debug
