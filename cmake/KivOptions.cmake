@@ -10,10 +10,14 @@ target_compile_options(kiv_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -
 # Includes read from the root of the tree, so that a line shows which layer it reaches into.
 target_include_directories(kiv_options INTERFACE ${CMAKE_SOURCE_DIR})
 # What is built says nothing of the folder that it was built in, so that any other one gives the same bytes.
-# Compiler caches may name the sources as the build tree sees them.
+# Compiler caches may name the sources, and what is made of the contract, as the build tree sees them.
 file(RELATIVE_PATH fromBuild ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
 string(REGEX REPLACE "/$" "" fromBuild ${fromBuild})
-set(KIV_NO_PLACE -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${fromBuild}=.)
+file(RELATIVE_PATH toBuild ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR})
+set(KIV_NO_PLACE
+    -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.
+    -ffile-prefix-map=${fromBuild}=.
+    -ffile-prefix-map=contract=./${toBuild}/contract)
 target_compile_options(kiv_options INTERFACE ${KIV_NO_PLACE})
 
 if(WIN32)
