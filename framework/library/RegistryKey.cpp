@@ -39,11 +39,22 @@ void RegistryKey::Set(const std::wstring& name, const std::wstring& text) const
         RegSetValueExW(key_, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), size));
 }
 
-void RegistryKey::Remove(HKEY parent, const std::wstring& path)
+bool RegistryKey::Remove(HKEY parent, const std::wstring& path)
 {
     const LSTATUS status = RegDeleteTreeW(parent, path.c_str());
-    if (status != ERROR_FILE_NOT_FOUND)
-        CheckStatus(status);
+    if (status == ERROR_FILE_NOT_FOUND)
+        return false;
+    CheckStatus(status);
+    return true;
+}
+
+bool RegistryKey::Exists(HKEY parent, const std::wstring& path)
+{
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(parent, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
+        return false;
+    RegCloseKey(key);
+    return true;
 }
 
 } // namespace kiv

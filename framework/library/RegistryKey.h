@@ -22,8 +22,9 @@ public:
     void Set(const std::wstring& name, const std::wstring& text) const;
     void Set(const std::wstring& text) const { Set(L"", text); }
 
-    // Removes a key with all below it. One that is not there is fine.
-    static void Remove(HKEY parent, const std::wstring& path);
+    // Removes a key with all below it, and answers whether there was one. Throws ComError.
+    static bool Remove(HKEY parent, const std::wstring& path);
+    static bool Exists(HKEY parent, const std::wstring& path);
 
 private:
     HKEY key_ = nullptr;

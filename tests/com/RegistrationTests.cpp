@@ -1,7 +1,9 @@
 // What registering writes and unregistering takes away.
 
 #include "tests/com/PublishedClasses.h"
+#include "tests/support/KnownPlatformGap.h"
 #include "tests/support/LibraryTest.h"
+#include "tests/support/RedirectedClasses.h"
 #include "tests/support/Registry.h"
 #include "tests/support/Text.h"
 
@@ -60,12 +62,21 @@ protected:
     void SetUp() override
     {
         LibraryTest::SetUp();
+        {
+            const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+            RegDeleteTreeW(HKEY_CLASSES_ROOT, (L"TypeLib\\" + LibraryId).c_str());
+        }
         // What an earlier library has written must not stand in for what this one writes.
         ASSERT_HRESULT_SUCCEEDED(TheLibrary().Unregister());
         ASSERT_HRESULT_SUCCEEDED(TheLibrary().Register());
     }
     void TearDown() override
     {
+        {
+            // What a test has registered there.
+            const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+            EXPECT_HRESULT_SUCCEEDED(TheLibrary().Unregister());
+        }
         EXPECT_HRESULT_SUCCEEDED(TheLibrary().Register());
         LibraryTest::TearDown();
     }
@@ -78,20 +89,20 @@ struct RegisteredEntry
     std::wstring Text;
 };
 
-TEST_F(RegistrationTest, DescribesTheClassesAsHostsReadThem)
+void ExpectDescribed(const std::vector<PublishedClass>& classes)
 {
-    for (const PublishedClass& each : Classes())
+    const std::wstring& path = Library::UnderTest().Path();
+    for (const PublishedClass& each : classes)
     {
         const std::wstring progId = std::wstring(L"KivControls.") + each.Name;
         const RegisteredEntry entries[] = {
-            {L"\\InprocServer32", nullptr, TheLibrary().Path()},
+            {L"\\InprocServer32", nullptr, path},
             {L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
             {L"\\ProgID", nullptr, progId + L".1"},
             {L"\\VersionIndependentProgID", nullptr, progId},
             {L"\\MiscStatus", nullptr, L"0"},
             {L"\\MiscStatus\\1", nullptr, L"131473"},
-            {L"\\ToolboxBitmap32", nullptr,
-             TheLibrary().Path() + L", " + std::to_wstring(each.ToolboxBitmap)},
+            {L"\\ToolboxBitmap32", nullptr, path + L", " + std::to_wstring(each.ToolboxBitmap)},
             {L"\\TypeLib", nullptr, LibraryId},
             {L"\\Version", nullptr, L"1.0"},
         };
@@ -105,6 +116,11 @@ TEST_F(RegistrationTest, DescribesTheClassesAsHostsReadThem)
         EXPECT_TRUE(IsRegistered(ClassKey(each) + L"\\Control"));
         EXPECT_TRUE(IsRegistered(ClassKey(each) + L"\\Implemented Categories\\" + GuidText(CATID_Control)));
     }
+}
+
+TEST_F(RegistrationTest, DescribesTheClassesAsHostsReadThem)
+{
+    ExpectDescribed(Classes());
 }
 
 TEST_F(RegistrationTest, LeadsFromBothProgrammaticNamesToTheClass)
@@ -218,6 +234,117 @@ TEST_F(RegistrationTest, TakesOnlyItsOwnAway)
     EXPECT_HRESULT_SUCCEEDED(TheLibrary().Unregister());
     EXPECT_TRUE(IsRegistered(L"CLSID\\{0D1D1D1D-0000-0000-0000-000000000001}"));
     RegDeleteKeyW(HKEY_CLASSES_ROOT, L"CLSID\\{0D1D1D1D-0000-0000-0000-000000000001}");
+}
+
+bool AllAreRegistered(const std::vector<PublishedClass>& classes)
+{
+    return std::ranges::all_of(classes, [](const PublishedClass& each) {
+        return IsRegistered(ClassKey(each)) && IsRegistered(std::wstring(L"KivControls.") + each.Name);
+    });
+}
+
+bool AnyIsRegistered(const std::vector<PublishedClass>& classes)
+{
+    return std::ranges::any_of(classes, [](const PublishedClass& each) {
+        return IsRegistered(ClassKey(each)) || IsRegistered(std::wstring(L"KivControls.") + each.Name) ||
+               IsRegistered(std::wstring(L"KivControls.") + each.Name + L".1");
+    });
+}
+
+// Who may not write for all users registers for himself.
+TEST_F(RegistrationTest, RegistersForTheCurrentUserWhereAllUsersAreRefused)
+{
+    const std::vector<PublishedClass> classes = Classes();
+    ASSERT_HRESULT_SUCCEEDED(TheLibrary().Unregister());
+    {
+        const RefusingClasses refusing(LibraryId);
+        EXPECT_EQ(Hr(TheLibrary().Register()), Hr(S_OK));
+        EXPECT_FALSE(AnyIsRegistered(classes)) << "nothing stays half registered for all";
+    }
+    {
+        const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+        ExpectDescribed(classes);
+        EXPECT_TRUE(AllAreRegistered(classes));
+        KnownPlatformGap("RegisterTypeLibForUser registers for all users",
+                         [] { return IsRegistered(L"TypeLib\\" + LibraryId + L"\\1.0"); });
+    }
+    EXPECT_EQ(Hr(TheLibrary().Unregister()), Hr(S_OK));
+    EXPECT_FALSE(AnyIsRegistered(classes));
+    const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+    EXPECT_FALSE(AnyIsRegistered(classes));
+    EXPECT_FALSE(IsRegistered(L"TypeLib\\" + LibraryId));
+}
+
+TEST_F(RegistrationTest, TakesAwayWhatThereIsForTheCurrentUserAndForAll)
+{
+    const std::vector<PublishedClass> classes = Classes();
+    {
+        const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+        EXPECT_EQ(Hr(TheLibrary().Register()), Hr(S_OK));
+        EXPECT_TRUE(AllAreRegistered(classes));
+    }
+    {
+        const RedirectedClasses all = RedirectedClasses::OfAllUsers();
+        EXPECT_TRUE(AllAreRegistered(classes));
+    }
+    EXPECT_EQ(Hr(TheLibrary().Unregister()), Hr(S_OK));
+    {
+        const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+        EXPECT_FALSE(AnyIsRegistered(classes));
+    }
+    const RedirectedClasses all = RedirectedClasses::OfAllUsers();
+    EXPECT_FALSE(AnyIsRegistered(classes));
+}
+
+// They would go on leading to wherever the user's library was.
+TEST_F(RegistrationTest, LeavesNothingOfTheCurrentUserInFrontOfWhatIsForAll)
+{
+    const std::vector<PublishedClass> classes = Classes();
+    {
+        const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+        ASSERT_EQ(Hr(TheLibrary().Register()), Hr(S_OK));
+    }
+    EXPECT_EQ(Hr(TheLibrary().Register()), Hr(S_OK));
+    const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+    EXPECT_FALSE(AnyIsRegistered(classes));
+}
+
+// What the user has registered may have been deleted without a word.
+TEST_F(RegistrationTest, GetsOverATypeLibraryOfTheUsersThatIsGone)
+{
+    const std::wstring platform = sizeof(void*) == 8 ? L"win64" : L"win32";
+    const std::wstring key = L"TypeLib\\" + LibraryId + L"\\1.0\\0\\" + platform;
+    {
+        const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+        HKEY gone = nullptr;
+        ASSERT_EQ(RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                                  &gone, nullptr),
+                  ERROR_SUCCESS);
+        RegSetValueExW(gone, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(L"C:\\gone"),
+                       8 * sizeof(wchar_t));
+        RegCloseKey(gone);
+    }
+    EXPECT_EQ(Hr(TheLibrary().Register()), Hr(S_OK));
+    const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+    EXPECT_FALSE(IsRegistered(key));
+}
+
+// The library of all users is only an administrator's to take away.
+TEST_F(RegistrationTest, TakesTheUsersOwnAwayWhereAllUsersAreRefused)
+{
+    const std::vector<PublishedClass> classes = Classes();
+    {
+        const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+        ASSERT_EQ(Hr(TheLibrary().Register()), Hr(S_OK));
+    }
+    {
+        const RefusingClasses refusing(LibraryId);
+        EXPECT_EQ(Hr(TheLibrary().Unregister()), Hr(S_OK));
+        EXPECT_EQ(Hr(TheLibrary().Unregister()), Hr(SELFREG_E_CLASS)) << "there was nothing of the user's";
+    }
+    EXPECT_TRUE(AllAreRegistered(classes));
+    const RedirectedClasses user = RedirectedClasses::OfCurrentUser();
+    EXPECT_FALSE(AnyIsRegistered(classes));
 }
 
 } // namespace

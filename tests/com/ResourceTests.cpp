@@ -273,14 +273,23 @@ TEST_F(ResourceTest, VersionNamesTheLibrary)
     EXPECT_EQ(text(L"ProductName"), L"KivCtls");
     EXPECT_EQ(text(L"InternalName"), L"KivCtls.ocx");
     EXPECT_EQ(text(L"OriginalFilename"), L"KivCtls.ocx");
-    EXPECT_EQ(text(L"FileVersion"), L"1.0.0");
+    EXPECT_EQ(text(L"FileVersion"), KIV_PROJECT_VERSION);
+    EXPECT_EQ(text(L"ProductVersion"), KIV_PROJECT_VERSION);
+    EXPECT_EQ(text(L"CompanyName"), L"KivCtls developers");
+    EXPECT_EQ(text(L"LegalCopyright"), L"Copyright KivCtls developers");
     EXPECT_EQ(text(L"OLESelfRegister"), L"");
 
     void* fixed = nullptr;
     UINT length = 0;
     ASSERT_TRUE(VerQueryValueW(version.data(), L"\\", &fixed, &length));
-    EXPECT_EQ(static_cast<const VS_FIXEDFILEINFO*>(fixed)->dwFileVersionMS, 0x10000u);
-    EXPECT_EQ(static_cast<const VS_FIXEDFILEINFO*>(fixed)->dwFileType, static_cast<DWORD>(VFT_DLL));
+    const auto& numbers = *static_cast<const VS_FIXEDFILEINFO*>(fixed);
+    const auto dotted = [](DWORD high, DWORD low) {
+        return std::to_wstring(HIWORD(high)) + L"." + std::to_wstring(LOWORD(high)) + L"." +
+               std::to_wstring(HIWORD(low));
+    };
+    EXPECT_EQ(dotted(numbers.dwFileVersionMS, numbers.dwFileVersionLS), KIV_PROJECT_VERSION);
+    EXPECT_EQ(dotted(numbers.dwProductVersionMS, numbers.dwProductVersionLS), KIV_PROJECT_VERSION);
+    EXPECT_EQ(numbers.dwFileType, static_cast<DWORD>(VFT_DLL));
 }
 
 } // namespace kiv::test

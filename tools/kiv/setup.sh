@@ -26,6 +26,9 @@ extra odbc-postgresql        /usr/lib/x86_64-linux-gnu/odbc/psqlodbcw.so
 extra postgresql             psql
 check clang-format-14        clang-format-14
 check shellcheck             shellcheck
+package nsis                 makensis
+package zip                  zip
+package unzip                unzip
 fuzz  clang                  clang++
 fuzz  libclang-rt-14-dev     /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a"
 
@@ -42,7 +45,7 @@ cmd_setup() {
         shift
     fi
     no_arguments setup "$@"
-    ensure build run check fuzz
+    ensure build run check fuzz package
     if on_debian_12; then install_extra; fi
     say "All that kiv needs is installed."
 }
@@ -60,7 +63,7 @@ ensure() {
     fi
     mapfile -t missing < <(missing_packages "$@")
     ((${#missing[@]} == 0)) && return
-    mapfile -t missing < <(missing_packages build run check fuzz)
+    mapfile -t missing < <(missing_packages build run check fuzz package)
     install "${missing[@]}"
     install_extra
 }
@@ -102,7 +105,7 @@ ensure_elsewhere() {
 install() {
     local missing
     fetch "$SETUP_LOG" "$@"
-    mapfile -t missing < <(missing_packages build run check fuzz)
+    mapfile -t missing < <(missing_packages build run check fuzz package)
     ((${#missing[@]} == 0)) && return
     tail -n 15 "$SETUP_LOG" >&2
     die "these packages could not be installed: ${missing[*]}" \

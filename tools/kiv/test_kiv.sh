@@ -137,6 +137,28 @@ expect_run 2 '' "kiv: there is no command 'such'*"
 kiv --help
 expect_run 0 'kiv: *' ''
 
+# The version is the project's.
+kiv --version
+expect_run 0 "KivCtls $(sed -nE 's/^project\(KivCtls VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt)" ''
+kiv --version again
+expect_run 2 '' 'kiv: --version does not know: again*'
+sed -i 's/^project(KivCtls VERSION/project(KivCtls/' "$tree/CMakeLists.txt"
+kiv --version
+expect_run 1 '' 'kiv: CMakeLists.txt tells no version.*'
+cp CMakeLists.txt "$tree"
+
+# Offsets are hexadecimal numbers, of one architecture, into a library that has been built.
+for word in KivCtls.ocx+0x12345g 123456789 ''; do
+    kiv where "$word"
+    expect_run 2 '' "kiv: '"*"' is no offset into the library"$'\n*'
+done
+kiv where
+expect_run 2 '' 'kiv: where needs an offset*'
+kiv where --arch all 1000
+expect_run 2 '' 'kiv: an offset is one of one architecture*'
+kiv where --arch x64 KivCtls.ocx+0x1000
+expect_run 1 '' 'kiv: there is no build/x64/KivCtls.ocx.debug.*'
+
 # Words that are lists of known words, or nearly numbers.
 kiv bench 'YesNo ChkCombo'
 expect_run 2 '' "kiv: there are no measurements 'YesNo ChkCombo'*"
