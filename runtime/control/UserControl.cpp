@@ -55,7 +55,7 @@ void* UserControl::FindInterface(REFIID iid) noexcept
                                  IOleInPlaceActiveObject, Chain<IViewObject2, IViewObject>,
                                  IPersistPropertyBag, Chain<IPersistStreamInit, IPersist>, IPersistStorage,
                                  Chain<IProvideClassInfo2, IProvideClassInfo>, IConnectionPointContainer,
-                                 IQuickActivate, ISupportErrorInfo>(this, iid);
+                                 IQuickActivate, ISupportErrorInfo, IPerPropertyBrowsing>(this, iid);
 }
 
 void UserControl::UserControl_MouseDown(short, short, double, double) {}

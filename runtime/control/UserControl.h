@@ -30,6 +30,7 @@ namespace kiv
 {
 
 class Label;
+struct PropertyDescription;
 
 // A control as its container drives it: all the interfaces of an in-place active object, turned into the
 // event procedures of the control's class. The sources are split by topic.
@@ -46,6 +47,7 @@ class UserControl : public Aggregatable,
                     public IConnectionPointContainer,
                     public IQuickActivate,
                     public ISupportErrorInfo,
+                    public IPerPropertyBrowsing,
                     protected ConstituentOwner,
                     protected AccessibleSource,
                     private SurfaceEvents
@@ -136,6 +138,14 @@ public:
     HRESULT STDMETHODCALLTYPE SetContentExtent(LPSIZEL size) noexcept override;
     HRESULT STDMETHODCALLTYPE GetContentExtent(LPSIZEL size) noexcept override;
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) noexcept override;
+
+    // IPerPropertyBrowsing (UserControl_designer.cpp)
+    HRESULT STDMETHODCALLTYPE GetDisplayString(DISPID property, BSTR* text) noexcept override;
+    HRESULT STDMETHODCALLTYPE MapPropertyToPage(DISPID property, CLSID* page) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetPredefinedStrings(DISPID property, CALPOLESTR* strings,
+                                                   CADWORD* cookies) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetPredefinedValue(DISPID property, DWORD cookie,
+                                                 VARIANT* value) noexcept override;
 
     // A persisted or bound property has changed. Not told to anybody while the control is loading.
     void PropertyChanged(const wchar_t* name);
@@ -330,6 +340,10 @@ private:
 
     // UserControl_object.cpp
     void TellAccessKeys();
+
+    // UserControl_designer.cpp
+    PropertyDescription Described(DISPID property) const;
+    Variant ValueOf(DISPID property);
 
     // UserControl_activation.cpp
     void ActivateInPlace();

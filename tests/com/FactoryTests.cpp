@@ -47,6 +47,7 @@ const std::vector<NamedInterface>& InterfacesOfYesNo()
         {"IConnectionPointContainer", IID_IConnectionPointContainer},
         {"IQuickActivate", IID_IQuickActivate},
         {"ISupportErrorInfo", IID_ISupportErrorInfo},
+        {"IPerPropertyBrowsing", IID_IPerPropertyBrowsing},
     };
     return interfaces;
 }
