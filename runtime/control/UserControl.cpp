@@ -51,6 +51,8 @@ void UserControl::FinalRelease() noexcept
 
 void* UserControl::FindInterface(REFIID iid) noexcept
 {
+    if (iid == CategorizePropertiesId)
+        return static_cast<ICategorizeProperties*>(this);
     return detail::FindInterface<IOleObject, IOleControl, Chain<IOleInPlaceObject, IOleWindow>,
                                  IOleInPlaceActiveObject, Chain<IViewObject2, IViewObject>,
                                  IPersistPropertyBag, Chain<IPersistStreamInit, IPersist>, IPersistStorage,

@@ -107,4 +107,23 @@ HRESULT UserControl::GetPredefinedValue(DISPID property, DWORD cookie, VARIANT* 
     });
 }
 
+HRESULT UserControl::MapPropertyToCategory(DISPID property, int* category) noexcept
+{
+    if (!category)
+        return E_POINTER;
+    *category = static_cast<int>(PropertyCategory::Nil);
+    return Entry([&] { *category = static_cast<int>(CategoryOf(Described(property).Name)); });
+}
+
+// The standard ones are the designer's to name, in its own language.
+HRESULT UserControl::GetCategoryName(int category, LCID, BSTR* name) noexcept
+{
+    if (!name)
+        return E_POINTER;
+    *name = nullptr;
+    if (category != static_cast<int>(PropertyCategory::Limits))
+        return E_INVALIDARG;
+    return Entry([&] { *name = Bstr(L"Limits").Detach(); });
+}
+
 } // namespace kiv

@@ -3,6 +3,7 @@
 #include "tests/support/LibraryTest.h"
 #include "tests/support/Text.h"
 
+#include "runtime/com/CategorizeProperties.h"
 #include "runtime/com/Errors.h"
 
 #include <ocidl.h>
@@ -48,6 +49,7 @@ const std::vector<NamedInterface>& InterfacesOfYesNo()
         {"IQuickActivate", IID_IQuickActivate},
         {"ISupportErrorInfo", IID_ISupportErrorInfo},
         {"IPerPropertyBrowsing", IID_IPerPropertyBrowsing},
+        {"ICategorizeProperties", CategorizePropertiesId},
     };
     return interfaces;
 }

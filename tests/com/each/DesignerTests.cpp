@@ -7,6 +7,7 @@
 #include "tests/support/Text.h"
 
 #include "runtime/com/Bstr.h"
+#include "runtime/com/CategorizeProperties.h"
 #include "runtime/com/Errors.h"
 #include "runtime/com/TypeDescription.h"
 
@@ -14,6 +15,7 @@
 #include <olectl.h>
 #include <oleidl.h>
 
+#include <map>
 #include <memory>
 #include <set>
 
@@ -50,6 +52,54 @@ const std::vector<Offer>& Offers()
         {L"PicCommand", L"PictureType", "Check Mark 0, Plus 1, Minus 2, Note 3, Graph 4, WebLink 5"},
     };
     return offers;
+}
+
+struct Categories
+{
+    const wchar_t* Class;
+    const char* Properties; // in the order of the contract
+};
+
+const Categories AllCategories[] = {
+    {L"YesNo", "BackColor Appearance, ForeColor Appearance, Enabled Behavior, Font Font, hwnd Misc, "
+               "YesText Data, NoText Data, Text Data, Value Data"},
+    {L"NumberBox", "BackColor Appearance, ForeColor Appearance, Enabled Behavior, Font Font, hwnd Misc, "
+                   "MaxLength Limits, Style Behavior, Text Data, Value Data"},
+    {L"DateBox",
+     "AllowVarious Limits, BackColor Appearance, ForeColor Appearance, Enabled Behavior, "
+     "Font Font, hwnd Misc, Style Behavior, MaxDate Limits, MinDate Limits, Text Data, Value Data"},
+    {L"CurrencyBox", "AllowRounding Behavior, BackColor Appearance, ForeColor Appearance, Enabled Behavior, "
+                     "Font Font, hwnd Misc, NumDecDigits Limits, NumIntDigits Limits, MaxValue Limits, "
+                     "MinValue Limits, Text Data, Value Data"},
+    {L"PercentBox", "BackColor Appearance, ForeColor Appearance, Enabled Behavior, Font Font, "
+                    "Complement Behavior, DisplayPercent Behavior, MaxDigits Limits, MaxDecimals Limits, "
+                    "MaxValue Limits, MinValue Limits, Text Data, Value Data"},
+    {L"EnumList", "StateCode Data, TableName Data, EnumListTitle Appearance, EnumText Data, "
+                  "DisplayStyle Appearance, SortListBy Behavior, Enabled Behavior, EnumCode Data, "
+                  "BoundEnumCode Data, Font Font, BackColor Appearance, ForeColor Appearance"},
+    {L"ChkCombo", "BackColor Appearance, ForeColor Appearance, Enabled Behavior, Font Font, hwnd Misc, "
+                  "Text Data, ListIndex List, ListCount List, NewIndex List, PreviousIndex List"},
+    {L"PicCommand", "DetailStatus Data, BoundDetailStatus Data, PictureType Appearance, Enabled Behavior, "
+                    "Caption Appearance, Font Font, hwnd Misc, Value Data"},
+    {L"PicLite", "Picture Appearance, MaskColor Appearance, ReplaceColor Appearance, "
+                 "ResultPicture Appearance"},
+};
+
+// As designers know the standard ones.
+std::string CategoryName(ICategorizeProperties* categories, int number)
+{
+    static const std::map<int, std::string> standard = {
+        {-1, "nil"},        {-2, "Misc"},     {-3, "Font"}, {-4, "Position"},
+        {-5, "Appearance"}, {-6, "Behavior"}, {-7, "Data"}, {-8, "List"},
+    };
+    Bstr name;
+    const HRESULT result = categories->GetCategoryName(number, LOCALE_USER_DEFAULT, name.Receive());
+    const auto found = standard.find(number);
+    if (found == standard.end())
+        return result == S_OK ? Narrow(name.String()) : Hr(result);
+    EXPECT_EQ(Hr(result), Hr(E_INVALIDARG)) << "the designer has names for the standard ones";
+    EXPECT_EQ(name.Get(), nullptr);
+    return found->second;
 }
 
 // What a control hands out, freed as the interface asks.
@@ -100,6 +150,8 @@ protected:
         control_ = std::make_unique<EasyControl>(ClassId());
         control_->InitNew();
         browsing_ = control_->Query<IPerPropertyBrowsing>();
+        Check(control_->Get()->QueryInterface(CategorizePropertiesId,
+                                              reinterpret_cast<void**>(categories_.GetAddressOf())));
         for (const ControlProperty& each : PropertiesOf(control_->Get()))
         {
             if (each.CanBeRead)
@@ -109,6 +161,7 @@ protected:
     }
     void TearDown() override
     {
+        categories_.Reset();
         browsing_.Reset();
         control_.reset();
         EachTest::TearDown();
@@ -144,6 +197,7 @@ protected:
 
     std::unique_ptr<EasyControl> control_;
     ComPtr<IPerPropertyBrowsing> browsing_;
+    ComPtr<ICategorizeProperties> categories_;
     std::vector<ControlProperty> shown_;
 };
 
@@ -228,6 +282,31 @@ TEST_P(EachDesigner, LeavesOtherValuesToTheWindow)
     }
 }
 
+TEST_P(EachDesigner, SortsItsPropertiesIntoCategories)
+{
+    const auto row = std::ranges::find(AllCategories, std::wstring_view(GetParam().Name), &Categories::Class);
+    ASSERT_NE(row, std::end(AllCategories));
+    std::string categories;
+    for (const ControlProperty& property : shown_)
+    {
+        int category = 4711;
+        EXPECT_EQ(Hr(categories_->MapPropertyToCategory(property.Id, &category)), Hr(S_OK));
+        categories += (categories.empty() ? "" : ", ") + Narrow(property.Name) + " " +
+                      CategoryName(categories_.Get(), category);
+    }
+    EXPECT_EQ(categories, row->Properties);
+}
+
+TEST_P(EachDesigner, NamesNoOtherCategories)
+{
+    for (const int number : {0, 2, -12, 4711})
+    {
+        BSTR name = nullptr;
+        EXPECT_EQ(Hr(categories_->GetCategoryName(number, LOCALE_USER_DEFAULT, &name)), Hr(E_INVALIDARG));
+        EXPECT_EQ(name, nullptr);
+    }
+}
+
 TEST_P(EachDesigner, HasNoPropertyPages)
 {
     for (const ControlProperty& property : shown_)
@@ -252,6 +331,9 @@ TEST_P(EachDesigner, KnowsOnlyWhatAWindowShows)
         EXPECT_EQ(Hr(browsing_->GetPredefinedValue(each, 0, value.Receive())), Hr(DISP_E_MEMBERNOTFOUND));
         CLSID page = {};
         EXPECT_EQ(Hr(browsing_->MapPropertyToPage(each, &page)), Hr(DISP_E_MEMBERNOTFOUND));
+        int category = 4711;
+        EXPECT_EQ(Hr(categories_->MapPropertyToCategory(each, &category)), Hr(DISP_E_MEMBERNOTFOUND));
+        EXPECT_EQ(CategoryName(categories_.Get(), category), "nil");
     }
 }
 
@@ -265,6 +347,8 @@ TEST_P(EachDesigner, RefusesToAnswerNowhere)
     EXPECT_EQ(Hr(browsing_->GetPredefinedStrings(property, nullptr, &cookies)), Hr(E_POINTER));
     EXPECT_EQ(Hr(browsing_->GetPredefinedStrings(property, &strings, nullptr)), Hr(E_POINTER));
     EXPECT_EQ(Hr(browsing_->GetPredefinedValue(property, 0, nullptr)), Hr(E_POINTER));
+    EXPECT_EQ(Hr(categories_->MapPropertyToCategory(property, nullptr)), Hr(E_POINTER));
+    EXPECT_EQ(Hr(categories_->GetCategoryName(1, LOCALE_USER_DEFAULT, nullptr)), Hr(E_POINTER));
 }
 
 INSTANTIATE_TEST_SUITE_P(Controls, EachDesigner, testing::ValuesIn(PublishedClasses()), ClassName());
