@@ -1,5 +1,6 @@
 #include "runtime/control/UserControl.h"
 
+#include "runtime/com/Enumerator.h"
 #include "runtime/com/LateBound.h"
 #include "runtime/com/PropertyDescription.h"
 #include "runtime/com/TaskMemory.h"
@@ -8,6 +9,25 @@ using Microsoft::WRL::ComPtr;
 
 namespace kiv
 {
+
+namespace
+{
+
+struct Verb
+{
+    LONG Number;
+    const wchar_t* Name;
+    DWORD Attributes;
+
+    // Without its name when there is no memory for that.
+    void CopyTo(OLEVERB* copy) const noexcept
+    {
+        *copy = {Number, nullptr, 0, Attributes};
+        Boundary([&] { copy->lpszVerbName = MakeTaskText(Name).release(); });
+    }
+};
+
+} // namespace
 
 // A property of the control's own interface, which it has or there is an error.
 PropertyDescription UserControl::Described(DISPID property) const
@@ -124,6 +144,19 @@ HRESULT UserControl::GetCategoryName(int category, LCID, BSTR* name) noexcept
     if (category != static_cast<int>(PropertyCategory::Limits))
         return E_INVALIDARG;
     return Entry([&] { *name = Bstr(L"Limits").Detach(); });
+}
+
+// Those of DoVerb that a host may offer to people; what it does by itself needs no name.
+HRESULT UserControl::EnumVerbs(IEnumOLEVERB** verbs) noexcept
+{
+    if (!verbs)
+        return E_POINTER;
+    *verbs = nullptr;
+    return Entry([&] {
+        std::vector<Verb> offered = {{OLEIVERB_PRIMARY, L"&Edit", OLEVERBATTRIB_ONCONTAINERMENU},
+                                     {OLEIVERB_SHOW, L"Show", 0}};
+        *verbs = MakeCom<Enumerator<IEnumOLEVERB, OLEVERB, Verb>>(std::move(offered)).Detach();
+    });
 }
 
 } // namespace kiv

@@ -307,6 +307,35 @@ TEST_P(EachDesigner, NamesNoOtherCategories)
     }
 }
 
+// A menu has those that are marked for it; each does what it says.
+TEST_P(EachDesigner, OffersItsVerbs)
+{
+    const auto object = control_->Query<IOleObject>();
+    ComPtr<IEnumOLEVERB> verbs;
+    ASSERT_EQ(Hr(object->EnumVerbs(&verbs)), Hr(S_OK));
+    std::string offered;
+    OLEVERB verb = {};
+    ULONG fetched = 0;
+    while (verbs->Next(1, &verb, &fetched) == S_OK)
+    {
+        const bool onMenu = (verb.grfAttribs & OLEVERBATTRIB_ONCONTAINERMENU) != 0;
+        offered += Narrow(verb.lpszVerbName) + " " + std::to_string(verb.lVerb) + (onMenu ? " menu; " : "; ");
+        CoTaskMemFree(verb.lpszVerbName);
+        EXPECT_EQ(Hr(object->DoVerb(verb.lVerb, nullptr, &control_->Site(), 0,
+                                    control_->Site().Window().Handle(), &control_->Site().Position())),
+                  Hr(S_OK));
+        HWND window = nullptr;
+        EXPECT_EQ(Hr(control_->Query<IOleInPlaceObject>()->GetWindow(&window)), Hr(S_OK));
+        EXPECT_TRUE(IsWindowVisible(window));
+        EXPECT_EQ(Hr(control_->Query<IOleInPlaceObject>()->InPlaceDeactivate()), Hr(S_OK));
+    }
+    EXPECT_EQ(offered, "&Edit 0 menu; Show -1; ");
+    EXPECT_EQ(Hr(object->DoVerb(OLEIVERB_PROPERTIES, nullptr, &control_->Site(), 0,
+                                control_->Site().Window().Handle(), &control_->Site().Position())),
+              Hr(E_NOTIMPL))
+        << "there are no pages, and so the verb is not offered";
+}
+
 TEST_P(EachDesigner, HasNoPropertyPages)
 {
     for (const ControlProperty& property : shown_)
@@ -349,6 +378,7 @@ TEST_P(EachDesigner, RefusesToAnswerNowhere)
     EXPECT_EQ(Hr(browsing_->GetPredefinedValue(property, 0, nullptr)), Hr(E_POINTER));
     EXPECT_EQ(Hr(categories_->MapPropertyToCategory(property, nullptr)), Hr(E_POINTER));
     EXPECT_EQ(Hr(categories_->GetCategoryName(1, LOCALE_USER_DEFAULT, nullptr)), Hr(E_POINTER));
+    EXPECT_EQ(Hr(control_->Query<IOleObject>()->EnumVerbs(nullptr)), Hr(E_POINTER));
 }
 
 INSTANTIATE_TEST_SUITE_P(Controls, EachDesigner, testing::ValuesIn(PublishedClasses()), ClassName());
