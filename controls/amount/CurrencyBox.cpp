@@ -28,14 +28,19 @@ struct CurrencyBox::Properties
         EnabledProperty(),
         ForeColorProperty(DefaultForeColor),
         FontProperty(),
-        Part<L"AllowRounding">(&CurrencyBox::limits_, &CurrencyLimits::AllowRounding),
+        Part<L"AllowRounding">(&CurrencyBox::limits_, &CurrencyLimits::AllowRounding)
+            .In(PropertyCategory::Behavior),
         Part<L"NumDecDigits">(&CurrencyBox::limits_, &CurrencyLimits::NumDecDigits)
+            .In(PropertyCategory::Limits)
             .LetBy([](auto& box, short count) { box.Let(LetNumDecDigits(box.limits_, count)); }),
         Part<L"NumIntDigits">(&CurrencyBox::limits_, &CurrencyLimits::NumIntDigits)
+            .In(PropertyCategory::Limits)
             .LetBy([](auto& box, short count) { box.Let(LetNumIntDigits(box.limits_, count)); }),
         Part<L"MaxValue">(&CurrencyBox::limits_, &CurrencyLimits::MaxValue)
+            .In(PropertyCategory::Limits)
             .LetBy([](auto& box, Currency bound) { box.Let(LetMaxValue(box.limits_, bound)); }),
         Part<L"MinValue">(&CurrencyBox::limits_, &CurrencyLimits::MinValue)
+            .In(PropertyCategory::Limits)
             .LetBy([](auto& box, Currency bound) { box.Let(LetMinValue(box.limits_, bound)); }),
         Unstored<L"hwnd">([](const auto& box) { return box.TheSurface().hWnd(); }),
         Unstored<L"Text">([](const auto& box) { return box.Caption(); }),

@@ -28,12 +28,17 @@ struct PercentBox::Properties
         EnabledProperty(),
         FontProperty(),
         ForeColorProperty(DefaultForeColor),
-        Part<L"Complement">(&PercentBox::limits_, &PercentLimits::Complement),
-        Part<L"DisplayPercent">(&PercentBox::limits_, &PercentLimits::DisplayPercent),
-        Part<L"MaxDigits">(&PercentBox::limits_, &PercentLimits::MaxDigits, &LetMaxDigits),
-        Part<L"MaxDecimals">(&PercentBox::limits_, &PercentLimits::MaxDecimals, &LetMaxDecimals),
-        Part<L"MaxValue">(&PercentBox::limits_, &PercentLimits::MaxValue, &LetMaxPercent),
-        Part<L"MinValue">(&PercentBox::limits_, &PercentLimits::MinValue, &LetMinPercent),
+        Part<L"Complement">(&PercentBox::limits_, &PercentLimits::Complement).In(PropertyCategory::Behavior),
+        Part<L"DisplayPercent">(&PercentBox::limits_, &PercentLimits::DisplayPercent)
+            .In(PropertyCategory::Behavior),
+        Part<L"MaxDigits">(&PercentBox::limits_, &PercentLimits::MaxDigits, &LetMaxDigits)
+            .In(PropertyCategory::Limits),
+        Part<L"MaxDecimals">(&PercentBox::limits_, &PercentLimits::MaxDecimals, &LetMaxDecimals)
+            .In(PropertyCategory::Limits),
+        Part<L"MaxValue">(&PercentBox::limits_, &PercentLimits::MaxValue, &LetMaxPercent)
+            .In(PropertyCategory::Limits),
+        Part<L"MinValue">(&PercentBox::limits_, &PercentLimits::MinValue, &LetMinPercent)
+            .In(PropertyCategory::Limits),
         Unstored<L"Text">([](const auto& box) { return box.lblRight.Caption(); }),
         ValueProperty(),
     };

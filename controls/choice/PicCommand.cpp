@@ -27,15 +27,17 @@ struct PicCommand::Properties
 {
     static constexpr PropertyTable Table{
         // Any number is taken: one that is no status, or no type, shows no picture.
-        Field<L"DetailStatus">(&PicCommand::DetailStatus, 0).LetBy([](auto& button, long status) {
-            button.SetDetailStatus(status);
-        }),
-        Field<L"PictureType">(&PicCommand::PictureType, 0).LetBy([](auto& button, long type) {
-            button.PictureType = type;
-            button.PropertyChanged(L"PictureType");
-            button.Announce(EVENT_OBJECT_DESCRIPTIONCHANGE);
-            button.RepaintButton();
-        }),
+        Field<L"DetailStatus">(&PicCommand::DetailStatus, 0)
+            .LetBy([](auto& button, long status) { button.SetDetailStatus(status); })
+            .In(PropertyCategory::Data),
+        Field<L"PictureType">(&PicCommand::PictureType, 0)
+            .LetBy([](auto& button, long type) {
+                button.PictureType = type;
+                button.PropertyChanged(L"PictureType");
+                button.Announce(EVENT_OBJECT_DESCRIPTIONCHANGE);
+                button.RepaintButton();
+            })
+            .In(PropertyCategory::Appearance),
         // Read as the button's alone.
         Property<L"Enabled">([](auto& button) { return button.cmd.Enabled(); },
                              [](auto& button, bool state) { button.cmd.Enabled(state); }, true)
@@ -47,7 +49,8 @@ struct PicCommand::Properties
                 button.TakeCaption(caption);
                 button.PropertyChanged(L"Caption");
                 button.RepaintButton();
-            }),
+            })
+            .In(PropertyCategory::Appearance),
         // A stored True presses the button.
         Property<L"Value">([](auto& button) { return button.cmd.Value(); },
                            [](auto& button, bool state) { button.cmd.Value(state); }, false)
@@ -58,7 +61,8 @@ struct PicCommand::Properties
         FontProperty().ReadAt(4),
         Unstored<L"BoundDetailStatus">(
             [](auto& button) { return Variant(button.DetailStatus); },
-            [](auto& button, const Variant& status) { button.SetBoundDetailStatus(status); }),
+            [](auto& button, const Variant& status) { button.SetBoundDetailStatus(status); })
+            .In(PropertyCategory::Data),
         Unstored<L"hwnd">([](auto& button) { return button.TheSurface().hWnd(); }),
     };
 };

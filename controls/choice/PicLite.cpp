@@ -63,14 +63,17 @@ struct PicLite::Properties
                 control.Recolor();
                 control.Refresh();
                 control.PropertyChanged(L"Picture");
-            }),
+            })
+            .In(PropertyCategory::Appearance),
         Field<L"ReplaceColor">(&PicLite::ReplaceColor, 0).LetBy([](auto& control, OLE_COLOR color) {
             control.SetColor(control.ReplaceColor, color, L"ReplaceColor");
         }),
         Field<L"MaskColor">(&PicLite::MaskColor, 0).LetBy([](auto& control, OLE_COLOR color) {
             control.SetColor(control.MaskColor, color, L"MaskColor");
         }),
-        Unstored<L"ResultPicture">([](auto& control) { return AsAutomation(control.ResultPicture); }),
+        Unstored<L"ResultPicture">([](auto& control) {
+            return AsAutomation(control.ResultPicture);
+        }).In(PropertyCategory::Appearance),
     };
 };
 

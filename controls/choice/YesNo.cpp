@@ -57,8 +57,8 @@ struct YesNo::Properties
         Property<L"Enabled">([](auto& control) { return control.TheSurface().Enabled(); },
                              [](auto& control, bool state) { control.TheSurface().Enabled(state); }, true)
             .LetBy([](auto& control, bool state) { control.Enabled(state); }),
-        Field<L"YesText">(&YesNo::YesText, L"Y"),
-        Field<L"NoText">(&YesNo::NoText, L"N"),
+        Field<L"YesText">(&YesNo::YesText, L"Y").In(PropertyCategory::Data),
+        Field<L"NoText">(&YesNo::NoText, L"N").In(PropertyCategory::Data),
         Field<L"Value">(&YesNo::Value_, Neither).LetBy([](auto& control, long answer) {
             control.Value(answer);
         }),

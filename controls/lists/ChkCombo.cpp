@@ -40,10 +40,15 @@ struct ChkCombo::Properties
         Unstored<L"hwnd">([](auto& list) { return list.cbo.hWnd(); }),
         Unstored<L"Text">([](auto& list) { return list.cbo.ItemText(list.cbo.Selected()); }),
         Unstored<L"ListIndex">([](auto& list) { return list.HScroll1.Value(); },
-                               [](auto& list, short selection) { list.ListIndex(selection); }),
-        Unstored<L"ListCount">([](auto& list) { return static_cast<short>(list.cbo.Count()); }),
-        Unstored<L"NewIndex">([](auto& list) { return list.list_.NewIndex(); }),
-        Unstored<L"PreviousIndex">([](auto& list) { return list.list_.PreviousIndex(); }),
+                               [](auto& list, short selection) { list.ListIndex(selection); })
+            .In(PropertyCategory::List),
+        Unstored<L"ListCount">([](auto& list) {
+            return static_cast<short>(list.cbo.Count());
+        }).In(PropertyCategory::List),
+        Unstored<L"NewIndex">([](auto& list) { return list.list_.NewIndex(); }).In(PropertyCategory::List),
+        Unstored<L"PreviousIndex">([](auto& list) {
+            return list.list_.PreviousIndex();
+        }).In(PropertyCategory::List),
     };
 };
 

@@ -40,24 +40,28 @@ struct EnumList::Properties
         ForeColorProperty(SystemColor(COLOR_BTNTEXT)),
         EnabledProperty(),
         FontProperty(),
-        Field<L"TableName">(&EnumList::TableName, L"").Silently(),
-        Field<L"StateCode">(&EnumList::StateCode, L"").Silently(),
-        Field<L"EnumListTitle">(&EnumList::EnumListTitle, L"").Silently(),
+        Field<L"TableName">(&EnumList::TableName, L"").Silently().In(PropertyCategory::Data),
+        Field<L"StateCode">(&EnumList::StateCode, L"").Silently().In(PropertyCategory::Data),
+        Field<L"EnumListTitle">(&EnumList::EnumListTitle, L"").Silently().In(PropertyCategory::Appearance),
         Property<L"DisplayStyle">([](auto& list) { return list.displayStyle_; },
-                                  [](auto& list, long style) { list.DisplayStyle(style); }, Code),
+                                  [](auto& list, long style) { list.DisplayStyle(style); }, Code)
+            .In(PropertyCategory::Appearance),
         // The default moves with the style.
         Property<L"SortListBy">([](auto& list) { return list.sortListBy_; },
                                 [](auto& list, long order) { list.SortListBy(order); },
-                                [](auto& list) { return list.displayStyle_; }),
+                                [](auto& list) { return list.displayStyle_; })
+            .In(PropertyCategory::Behavior),
         Unstored<L"Database">([](auto& list) { return list.Database; },
                               // The former one goes last.
                               [](auto& list, ComPtr<IDispatch> database) { list.Database.Swap(database); }),
-        Unstored<L"EnumText">([](auto& list) { return list.EnumText(); }),
+        Unstored<L"EnumText">([](auto& list) { return list.EnumText(); }).In(PropertyCategory::Data),
         Unstored<L"EnumCode">([](auto& list) { return list.enumCode_; },
-                              [](auto& list, std::wstring_view code) { list.EnumCode(code); }),
+                              [](auto& list, std::wstring_view code) { list.EnumCode(code); })
+            .In(PropertyCategory::Data),
         Unstored<L"BoundEnumCode">(
             [](auto& list) { return list.enumCode_.empty() ? Variant::Null() : Variant(list.enumCode_); },
-            [](auto& list, const Variant& code) { list.BoundEnumCode(code); }),
+            [](auto& list, const Variant& code) { list.BoundEnumCode(code); })
+            .In(PropertyCategory::Data),
     };
 };
 

@@ -28,7 +28,8 @@ struct DateBox::Properties
             .LetBy([](auto& box, bool state) {
                 box.rules_.SetAllowVarious(state);
                 box.PropertyChanged(L"AllowVarious");
-            }),
+            })
+            .In(PropertyCategory::Limits),
         BackColorProperty(SystemColor(COLOR_WINDOW)),
         EnabledProperty(),
         ForeColorProperty([](const DateBox& box) { return box.Ambient().ForeColor(); }),
@@ -38,18 +39,21 @@ struct DateBox::Properties
             .LetBy([](auto& box, DateFormat style) {
                 box.TakeStyle(style);
                 box.PropertyChanged(L"Style");
-            }),
+            })
+            .In(PropertyCategory::Behavior),
         // Stored as they are: cutting them down to what the layout shows is for bounds that the host sets.
         Property<L"MaxDate">([](auto& box) { return box.rules_.MaxDate(); },
                              [](auto& box, double date) { box.rules_.StoreMaxDate(date); },
                              [](auto&) { return DateRules().MaxDate(); })
             .IfUsable([](auto& box, double date) { return DateRules(box.rules_).StoreMaxDate(date); })
-            .LetBy([](auto& box, double date) { box.Let(L"MaxDate", &DateRules::StoreMaxDate, date); }),
+            .LetBy([](auto& box, double date) { box.Let(L"MaxDate", &DateRules::StoreMaxDate, date); })
+            .In(PropertyCategory::Limits),
         Property<L"MinDate">([](auto& box) { return box.rules_.MinDate(); },
                              [](auto& box, double date) { box.rules_.StoreMinDate(date); },
                              [](auto&) { return DateRules().MinDate(); })
             .IfUsable([](auto& box, double date) { return DateRules(box.rules_).StoreMinDate(date); })
-            .LetBy([](auto& box, double date) { box.Let(L"MinDate", &DateRules::StoreMinDate, date); }),
+            .LetBy([](auto& box, double date) { box.Let(L"MinDate", &DateRules::StoreMinDate, date); })
+            .In(PropertyCategory::Limits),
         FontProperty().ReadAt(3),
         Unstored<L"hwnd">([](auto& box) { return box.txtDate.hWnd(); }),
         Unstored<L"Text">([](auto& box) { return box.txtDate.Text(); }),

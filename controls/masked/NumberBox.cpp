@@ -27,13 +27,15 @@ struct NumberBox::Properties
         EnabledProperty(),
         ForeColorProperty(SystemColor(COLOR_WINDOWTEXT)).ReadAt(1),
         Property<L"Style">([](auto& box) { return box.rules_.Style(); },
-                           [](auto& box, NumberFormat style) { box.Style(style); }, NumberFormat::SSN),
+                           [](auto& box, NumberFormat style) { box.Style(style); }, NumberFormat::SSN)
+            .In(PropertyCategory::Behavior),
         // Without a default: the one that it is read with is the box's own length, which says nothing here.
         Property<L"MaxLength">([](auto& box) { return box.txtNumber.MaxLength(); },
                                [](auto& box, short length) { box.MaxLength(length); },
                                [](auto& box) { return box.txtNumber.MaxLength(); })
             .OnlyIf([](auto& box) { return box.rules_.Style() == NumberFormat::Custom; })
-            .Written(WithoutDefault()),
+            .Written(WithoutDefault())
+            .In(PropertyCategory::Limits),
         FontProperty().ReadAt(3),
         Unstored<L"hwnd">([](auto& box) { return box.HookedWindow(); }),
         Unstored<L"Text">([](auto& box) { return box.Text(); },

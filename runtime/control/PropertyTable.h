@@ -2,6 +2,8 @@
 
 #include "runtime/com/Errors.h"
 #include "runtime/com/PropertyBag.h"
+#include "runtime/control/PropertyCategory.h"
+#include "runtime/drawing/FontReference.h"
 
 #include <windows.h>
 
@@ -103,6 +105,19 @@ struct None
 {
 };
 
+// The category of a property of which nothing else is said.
+template<class T>
+constexpr PropertyCategory UsualCategory(std::wstring_view name)
+{
+    if (std::is_same_v<T, FontObject>)
+        return PropertyCategory::Font;
+    if (std::is_same_v<T, OLE_COLOR>)
+        return PropertyCategory::Appearance;
+    if (name == L"Enabled")
+        return PropertyCategory::Behavior;
+    return name == L"Value" || name == L"Text" ? PropertyCategory::Data : PropertyCategory::Misc;
+}
+
 // A property that is not persisted: how the control has it, and takes it from a host unless it is read-only.
 //
 // get: of the control, the value
@@ -114,7 +129,17 @@ public:
     static constexpr auto Key = Name;
     static constexpr bool IsStored = false;
 
-    constexpr explicit UnstoredProperty(Get get, Let let = {}) : get_(get), let_(let) {}
+    constexpr explicit UnstoredProperty(Get get, Let let = {},
+                                        std::optional<PropertyCategory> category = {}) :
+        get_(get), let_(let), category_(category)
+    {
+    }
+
+    // A designer shows it there.
+    constexpr UnstoredProperty In(PropertyCategory category) const
+    {
+        return UnstoredProperty(get_, let_, category);
+    }
 
     template<class Control>
     auto ValueOf(const Control& control) const
@@ -126,10 +151,17 @@ public:
     {
         let_(control, value);
     }
+    template<class Control>
+    constexpr PropertyCategory Category() const
+    {
+        using T = std::remove_cvref_t<std::invoke_result_t<const Get&, const Control&>>;
+        return category_.value_or(UsualCategory<T>(Name.Text));
+    }
 
 private:
     Get get_;
     Let let_;
+    std::optional<PropertyCategory> category_;
 };
 
 template<PropertyName Name, class Get>
@@ -160,11 +192,13 @@ public:
     static constexpr int InTurn = -1;
 
     constexpr PersistedProperty(Get get, Take take, Default defaultValue, int readPlace = InTurn,
-                                Let let = {}, Exists exists = {}, Usable usable = {}, Write write = {}) :
+                                std::optional<PropertyCategory> category = {}, Let let = {},
+                                Exists exists = {}, Usable usable = {}, Write write = {}) :
         get_(get),
         take_(take),
         default_(defaultValue),
         readPlace_(readPlace),
+        category_(category),
         let_(let),
         exists_(exists),
         usable_(usable),
@@ -175,14 +209,19 @@ public:
     // Read at this place among the others, counted from 0, and not in the order of the table.
     constexpr PersistedProperty ReadAt(int place) const
     {
-        return {get_, take_, default_, place, let_, exists_, usable_, write_};
+        return {get_, take_, default_, place, category_, let_, exists_, usable_, write_};
+    }
+    // A designer shows it there.
+    constexpr PersistedProperty In(PropertyCategory category) const
+    {
+        return {get_, take_, default_, readPlace_, category, let_, exists_, usable_, write_};
     }
     // A host sets it in another way than it is read.
     template<class Way>
     constexpr auto LetBy(Way let) const
     {
         return PersistedProperty<Name, Get, Take, Default, Way, Exists, Usable, Write>(
-            get_, take_, default_, readPlace_, let, exists_, usable_, write_);
+            get_, take_, default_, readPlace_, category_, let, exists_, usable_, write_);
     }
     // Nobody is told when a host sets it.
     constexpr auto Silently() const { return LetBy(None()); }
@@ -191,20 +230,20 @@ public:
     constexpr auto OnlyIf(Condition exists) const
     {
         return PersistedProperty<Name, Get, Take, Default, Let, Condition, Usable, Write>(
-            get_, take_, default_, readPlace_, let_, exists, usable_, write_);
+            get_, take_, default_, readPlace_, category_, let_, exists, usable_, write_);
     }
     // Of the control and a stored value: one that the control cannot have is reported, and not taken.
     template<class Condition>
     constexpr auto IfUsable(Condition usable) const
     {
         return PersistedProperty<Name, Get, Take, Default, Let, Exists, Condition, Write>(
-            get_, take_, default_, readPlace_, let_, exists_, usable, write_);
+            get_, take_, default_, readPlace_, category_, let_, exists_, usable, write_);
     }
     template<class Way>
     constexpr auto Written(Way write) const
     {
         return PersistedProperty<Name, Get, Take, Default, Let, Exists, Usable, Way>(
-            get_, take_, default_, readPlace_, let_, exists_, usable_, write);
+            get_, take_, default_, readPlace_, category_, let_, exists_, usable_, write);
     }
 
     template<class Control>
@@ -245,6 +284,12 @@ public:
             write_(bag, Name.Text, get_(control), DefaultOf(control));
     }
     constexpr int ReadPlace() const { return readPlace_; }
+    template<class Control>
+    constexpr PropertyCategory Category() const
+    {
+        using T = std::remove_cvref_t<std::invoke_result_t<const Get&, const Control&>>;
+        return category_.value_or(UsualCategory<T>(Name.Text));
+    }
 
 private:
     template<class Control>
@@ -261,6 +306,7 @@ private:
     Take take_;
     Default default_;
     int readPlace_;
+    std::optional<PropertyCategory> category_;
     Let let_;
     Exists exists_;
     Usable usable_;
@@ -326,6 +372,21 @@ public:
         constexpr std::size_t place = PlaceOfName<Name>();
         static_assert(place < Count, "the contract has a property that the control's table has not");
         return std::get<place>(properties_);
+    }
+
+    // Where a designer shows the one of a name.
+    template<class Control>
+    PropertyCategory CategoryOf(std::wstring_view name) const
+    {
+        PropertyCategory category = PropertyCategory::Misc;
+        const auto matches = [&](const auto& each) {
+            if (each.Key.Text != name)
+                return false;
+            category = each.template Category<Control>();
+            return true;
+        };
+        std::apply([&](const auto&... each) { return (matches(each) || ...); }, properties_);
+        return category;
     }
 
     template<class Control>

@@ -51,11 +51,13 @@ void UserControl::FinalRelease() noexcept
 
 void* UserControl::FindInterface(REFIID iid) noexcept
 {
+    if (iid == CategorizePropertiesId)
+        return static_cast<ICategorizeProperties*>(this);
     return detail::FindInterface<IOleObject, IOleControl, Chain<IOleInPlaceObject, IOleWindow>,
                                  IOleInPlaceActiveObject, Chain<IViewObject2, IViewObject>,
                                  IPersistPropertyBag, Chain<IPersistStreamInit, IPersist>, IPersistStorage,
                                  Chain<IProvideClassInfo2, IProvideClassInfo>, IConnectionPointContainer,
-                                 IQuickActivate, ISupportErrorInfo>(this, iid);
+                                 IQuickActivate, ISupportErrorInfo, IPerPropertyBrowsing>(this, iid);
 }
 
 void UserControl::UserControl_MouseDown(short, short, double, double) {}

@@ -2,6 +2,7 @@
 
 #include "runtime/com/Aggregatable.h"
 #include "runtime/com/Boundary.h"
+#include "runtime/com/CategorizeProperties.h"
 #include "runtime/com/ConnectionPoint.h"
 #include "runtime/com/DispatchTable.h"
 #include "runtime/com/ErrorReport.h"
@@ -15,6 +16,7 @@
 #include "runtime/control/ControlClass.h"
 #include "runtime/control/ExtenderProperties.h"
 #include "runtime/control/FocusWatch.h"
+#include "runtime/control/PropertyCategory.h"
 #include "runtime/control/Surface.h"
 
 #include <windows.h>
@@ -30,6 +32,7 @@ namespace kiv
 {
 
 class Label;
+struct PropertyDescription;
 
 // A control as its container drives it: all the interfaces of an in-place active object, turned into the
 // event procedures of the control's class. The sources are split by topic.
@@ -46,6 +49,8 @@ class UserControl : public Aggregatable,
                     public IConnectionPointContainer,
                     public IQuickActivate,
                     public ISupportErrorInfo,
+                    public IPerPropertyBrowsing,
+                    public ICategorizeProperties,
                     protected ConstituentOwner,
                     protected AccessibleSource,
                     private SurfaceEvents
@@ -137,6 +142,16 @@ public:
     HRESULT STDMETHODCALLTYPE GetContentExtent(LPSIZEL size) noexcept override;
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) noexcept override;
 
+    // IPerPropertyBrowsing, ICategorizeProperties (UserControl_designer.cpp)
+    HRESULT STDMETHODCALLTYPE GetDisplayString(DISPID property, BSTR* text) noexcept override;
+    HRESULT STDMETHODCALLTYPE MapPropertyToPage(DISPID property, CLSID* page) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetPredefinedStrings(DISPID property, CALPOLESTR* strings,
+                                                   CADWORD* cookies) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetPredefinedValue(DISPID property, DWORD cookie,
+                                                 VARIANT* value) noexcept override;
+    HRESULT STDMETHODCALLTYPE MapPropertyToCategory(DISPID property, int* category) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetCategoryName(int category, LCID locale, BSTR* name) noexcept override;
+
     // A persisted or bound property has changed. Not told to anybody while the control is loading.
     void PropertyChanged(const wchar_t* name);
 
@@ -195,6 +210,8 @@ protected:
     // The same until the control fits, or its container gives no more. needed: the size that the control has
     // to take as it is now; none when it fits.
     void RequestFit(const std::function<std::optional<SIZE>()>& needed);
+    // Where a designer shows a property of the control.
+    virtual PropertyCategory CategoryOf(std::wstring_view property) const = 0;
     // Whether the control is mirrored where the window around it is.
     virtual bool FollowsDirection() const { return true; }
     // The window that has the focus when the control has it: the surface's, unless a constituent takes it.
@@ -330,6 +347,10 @@ private:
 
     // UserControl_object.cpp
     void TellAccessKeys();
+
+    // UserControl_designer.cpp
+    PropertyDescription Described(DISPID property) const;
+    Variant ValueOf(DISPID property);
 
     // UserControl_activation.cpp
     void ActivateInPlace();

@@ -72,11 +72,6 @@ HRESULT UserControl::GetClipboardData(DWORD, IDataObject** data) noexcept
     return E_NOTIMPL;
 }
 
-HRESULT UserControl::EnumVerbs(IEnumOLEVERB** verbs) noexcept
-{
-    return verbs ? OleRegEnumVerbs(class_.Clsid, verbs) : E_POINTER;
-}
-
 HRESULT UserControl::Update() noexcept
 {
     return S_OK;

@@ -3,6 +3,7 @@
 #include "tests/support/LibraryTest.h"
 #include "tests/support/Text.h"
 
+#include "runtime/com/CategorizeProperties.h"
 #include "runtime/com/Errors.h"
 
 #include <ocidl.h>
@@ -47,6 +48,8 @@ const std::vector<NamedInterface>& InterfacesOfYesNo()
         {"IConnectionPointContainer", IID_IConnectionPointContainer},
         {"IQuickActivate", IID_IQuickActivate},
         {"ISupportErrorInfo", IID_ISupportErrorInfo},
+        {"IPerPropertyBrowsing", IID_IPerPropertyBrowsing},
+        {"ICategorizeProperties", CategorizePropertiesId},
     };
     return interfaces;
 }

@@ -181,6 +181,14 @@ void AddEmbedding(std::vector<Operation>& operations)
         MSG message = {host.FocusWindow(), WM_KEYDOWN, VK_TAB, 0, 0, {}};
         object->TranslateAccelerator(&message);
     }));
+    operations.push_back(
+        Calling<IPerPropertyBrowsing>("shown in a window", true, [](Host& host, auto* shown) {
+            for (const Member& member : MembersOf(host.Control<IDispatch>().Get()))
+            {
+                Bstr text;
+                shown->GetDisplayString(member.Id, text.Receive());
+            }
+        }));
     operations.push_back({"connect", true, false, [](Host& host) { host.Connect(); }});
     operations.push_back({"disconnect", true, false, [](Host& host) { host.Disconnect(); }});
     operations.push_back(Calling<IViewObject>("SetAdvise", true, [](Host& host, auto* view) {

@@ -49,6 +49,10 @@ function begin_class(name) {
 function end_class(name) {
     print "\nprotected:"
     print "    using DualControl<_" name ", Base>::DualControl;"
+    print "    PropertyCategory CategoryOf(std::wstring_view property) const override"
+    print "    {"
+    print "        return Control::Properties::Table.template CategoryOf<Control>(property);"
+    print "    }"
     print "\nprivate:"
     print "    Control& Self() { return static_cast<Control&>(*this); }"
     print "};"
